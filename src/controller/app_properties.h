@@ -1,0 +1,65 @@
+#pragma once
+
+#include "model/command_output.h"
+#include "model/custom_language_rule.h"
+#include "model/diff_preview.h"
+#include "model/line_change_summary.h"
+#include "model/log_entry.h"
+#include "model/project.h"
+#include "model/repository_info.h"
+#include "model/workflow_tab.h"
+#include "model/working_copy_item.h"
+
+#include <QList>
+#include <QProperty>
+#include <QSet>
+#include <QString>
+#include <QUuid>
+
+#include <optional>
+
+namespace kestor {
+
+/// Everything the window shows. Setting an equal value publishes nothing. Main thread only. Views observe; they write
+/// the selections (`selectedProjectID`, `selectedTab`, `selectedChangeID`, ...), the ticks and the text fields, and
+/// make `alert` and `commandOutput` absent when the user dismisses them.
+struct AppProperties {
+    QProperty<QList<Project>> projects{}; ///< sorted by name
+    QProperty<std::optional<QUuid>> selectedProjectID{};
+    QProperty<WorkflowTab> selectedTab{WorkflowTab::changes};
+
+    QProperty<QList<WorkingCopyItem>> changes{};          ///< sorted by path
+    QProperty<std::optional<QString>> selectedChangeID{}; ///< a path
+    QProperty<QSet<QString>> selectedCommitPaths{};       ///< ticked paths, all of them in `changes`
+    QProperty<LineChangeSummary> changesLineSummary{};
+    QProperty<QString> diffText{};        ///< as printed; "" when nothing is selected
+    QProperty<DiffPreview> diffPreview{}; ///< kind `empty`: the diff text alone is shown
+
+    QProperty<QList<LogEntry>> logEntries{};
+    QProperty<std::optional<QString>> selectedHistoryPath{};
+    QProperty<std::optional<qint64>> selectedRevision{};
+    QProperty<LineChangeSummary> historyLineSummary{};
+    QProperty<QString> historyDiffText{};
+    QProperty<DiffPreview> historyDiffPreview{};
+
+    QProperty<QList<LogEntry>> archiveEntries{};
+    QProperty<std::optional<qint64>> selectedArchiveEntryID{};
+
+    QProperty<QList<LogEntry>> incomingEntries{};
+    QProperty<std::optional<qint64>> selectedIncomingRevision{};
+    QProperty<LineChangeSummary> incomingLineSummary{};
+    QProperty<QString> incomingDiffText{};
+    QProperty<DiffPreview> incomingDiffPreview{};
+    QProperty<std::optional<qint64>> incomingBaseRevision{};
+    QProperty<std::optional<qint64>> incomingHeadRevision{};
+    QProperty<QList<WorkingCopyItem>> incomingOutdatedItems{};
+
+    QProperty<QString> commitMessage{};
+    QProperty<RepositoryInfo> repositoryInfo{};
+    QProperty<std::optional<QString>> busyMessage{}; ///< present: commands are held back
+    QProperty<std::optional<AppAlert>> alert{};
+    QProperty<std::optional<CommandOutput>> commandOutput{};
+    QProperty<QList<CustomLanguageRule>> customLanguageRules{};
+};
+
+} // namespace kestor

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "model/working_copy_item.h"
+
+#include <QList>
+#include <QSet>
+#include <QString>
+
+namespace kestor {
+
+/// Whether a commit can act on the row: it has a tick box.
+bool isCommittable(const WorkingCopyItem &item);
+
+/// Whether a row is ticked when it is first seen: committable and neither unversioned, missing, conflicted nor changed
+/// in its properties alone.
+bool isTickedAtFirst(const WorkingCopyItem &item);
+
+/// The ticks after a load: rows already in `known` keep their state from `ticked`, new ones follow isTickedAtFirst.
+QSet<QString> ticksAfterLoad(const QList<WorkingCopyItem> &items, const QSet<QString> &known,
+                             const QSet<QString> &ticked);
+
+} // namespace kestor

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "model/prompt_field.h"
+
+#include <QCoroTask>
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QtGlobal>
+
+#include <cstdint>
+#include <optional>
+
+namespace kestor {
+
+/// What came of asking for a terminal.
+struct TerminalResult {
+    enum class Outcome : std::uint8_t { opened, notFound, failed };
+    Outcome outcome = Outcome::opened;
+    QString errorDescription{}; ///< of a failure
+};
+
+/// Everything the controller asks of the user and the desktop. The window implements it; tests script it.
+/// Main thread only. Answers may come long after the question.
+class UserInteraction {
+public:
+    UserInteraction() = default;
+    virtual ~UserInteraction() = default;
+    Q_DISABLE_COPY_MOVE(UserInteraction)
+
+    /// Asks with the buttons "Continue" and "Cancel"; true only for the first.
+    virtual QCoro::Task<bool> confirm(QString title, QString message) = 0;
+    /// Asks for texts: each field's key with its text, trimmed; nothing when cancelled.
+    virtual QCoro::Task<std::optional<QMap<QString, QString>>> prompt(QString title, QList<PromptField> fields) = 0;
+    /// Lets the user choose one existing folder (absolute path); nothing when cancelled.
+    virtual QCoro::Task<std::optional<QString>> chooseDirectory(QString title) = 0;
+    /// Opens the folder in the file manager; false when that failed.
+    virtual QCoro::Task<bool> openInFileManager(QString directory) = 0;
+    /// Opens a terminal in the folder.
+    virtual QCoro::Task<TerminalResult> openTerminal(QString directory) = 0;
+};
+
+} // namespace kestor

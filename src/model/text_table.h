@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QStringView>
+
+#include <array>
+#include <cstddef>
+#include <optional>
+
+namespace kestor {
+
+/// The enumerator whose text in `texts` (in enum order) equals `text` exactly, or nothing.
+template <typename Enum, std::size_t Size>
+std::optional<Enum> enumFromText(const std::array<QStringView, Size> &texts, QStringView text) {
+    for (std::size_t i = 0; i < Size; ++i) {
+        if (texts[i] == text)
+            return static_cast<Enum>(i);
+    }
+    return std::nullopt;
+}
+
+} // namespace kestor

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "model/status_kind.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace kestor {
+
+/// One row of the Changes list, as the tool reported it. Identified by `path`.
+struct WorkingCopyItem {
+    QString path{};                                     ///< relative to the project root, "/"-separated
+    SVNStatusKind kind = SVNStatusKind::unknown;        ///< status of the content
+    SVNStatusKind propertiesKind = SVNStatusKind::none; ///< status of the properties
+    bool treeConflict = false;                          ///< victim of a tree conflict
+    std::optional<QString> revision{};                  ///< working or remote revision, as printed
+    std::optional<QString> author{};                    ///< last author
+    std::optional<QString> unversionedRoot{};           ///< unversioned folder in which the item was found
+
+    const QString &id() const { return path; }
+    friend bool operator==(const WorkingCopyItem &, const WorkingCopyItem &) = default;
+};
+
+/// "Tree Conflict", or the kind's name, followed by ", Props M" when the properties changed.
+QString statusLabel(const WorkingCopyItem &item);
+
+} // namespace kestor

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "model/diff.h"
+#include "model/line_change_summary.h"
+
+#include <QString>
+#include <QStringView>
+
+namespace kestor {
+
+/// `text` with every CR LF turned into LF; the same shared text when there is none.
+QString withLineFeeds(QString text);
+
+/// Added and removed lines over all files of `diff`.
+LineChangeSummary lineChanges(const ParsedDiff &diff);
+
+/// Adds up the rows of `git log --numstat --format=`; "-" of a binary file counts nothing.
+LineChangeSummary numstatLineChanges(QStringView text);
+
+} // namespace kestor

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "model/log_entry.h"
+#include "model/repository_info.h"
+#include "model/working_copy_item.h"
+
+#include <QByteArrayView>
+#include <QList>
+#include <QStringView>
+
+#include <optional>
+
+namespace kestor {
+
+// Parsers of the XML that `svn` prints with --xml. Each stops at the first error and returns what was gathered; none
+// fails. They take the tool's UTF-8 bytes, or text that is encoded first (text with lone surrogates gives the empty
+// result). Any thread.
+
+/// What the repository would change in a working copy.
+struct RemoteStatus {
+    std::optional<qint64> repositoryRevision{}; ///< head revision
+    QList<WorkingCopyItem> items{};             ///< in the localised standard order of their paths
+
+    friend bool operator==(const RemoteStatus &, const RemoteStatus &) = default;
+};
+
+/// Reads `svn status --xml`.
+struct StatusParser {
+    /// The entries that are changes, in the localised standard order of their paths.
+    static QList<WorkingCopyItem> parse(QByteArrayView utf8);
+    static QList<WorkingCopyItem> parse(QStringView text);
+};
+
+/// Reads `svn status --xml --show-updates`.
+struct RemoteStatusParser {
+    static RemoteStatus parse(QByteArrayView utf8);
+    static RemoteStatus parse(QStringView text);
+};
+
+/// Reads `svn log --xml --verbose`.
+struct LogParser {
+    /// Highest revision first.
+    static QList<LogEntry> parse(QByteArrayView utf8);
+    static QList<LogEntry> parse(QStringView text);
+};
+
+/// Reads `svn info --xml`. `revision` ends up as the last changed revision and `workingRevision` as the entry's own.
+struct InfoParser {
+    static RepositoryInfo parse(QByteArrayView utf8);
+    static RepositoryInfo parse(QStringView text);
+};
+
+} // namespace kestor

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "model/working_copy_item.h"
+#include "rules/ignore_rules.h"
+
+#include <QList>
+#include <QString>
+
+#include <cstdint>
+
+namespace kestor {
+
+/// Whether unversioned folders are replaced by the unversioned files inside them.
+enum class ExpandUnversioned : std::uint8_t { no, yes };
+
+/// The rules that decide about `items` of the project at `root` (absolute), those inside unversioned folders included
+/// when they are expanded. Reads the disk; worker threads.
+IgnoreRules ignoreRulesForStatusItems(const QList<WorkingCopyItem> &items, const QString &root,
+                                      ExpandUnversioned expand);
+
+/// The rows of the Changes list: `items` less what the rules ignore, unversioned folders replaced by their displayable
+/// contents, without duplicates, in the localised standard order of their paths. A folder without displayable contents
+/// is shown as itself when it holds no entry that the rules ignore, else dropped. Reads the disk; worker threads.
+QList<WorkingCopyItem> statusItemsByApplyingIgnoreRules(const QList<WorkingCopyItem> &items, const QString &root,
+                                                        const IgnoreRules &rules, ExpandUnversioned expand);
+
+} // namespace kestor

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+#include <QStringView>
+
+#include <optional>
+
+namespace kestor {
+
+// Working-copy paths are relative to the project root and "/"-separated; the root is "". Any thread.
+
+/// `path` without empty and "." pieces. ".." is not resolved.
+QString normalizedPath(QStringView path);
+
+/// The normalised path of `absolutePath` below `root` ("" for the root itself); nothing when it lies outside. Both are
+/// cleaned of "." and ".." first; links are not resolved.
+std::optional<QString> repositoryRelativePath(const QString &absolutePath, const QString &root);
+
+/// Whether the absolute path exists and is a folder (links are followed).
+bool isDirectory(const QString &absolutePath);
+
+/// Whether the working-copy path exists below `root` and is a folder.
+bool workingCopyPathIsDirectory(QStringView path, const QString &root);
+
+/// True for ".svn" and ".git", which no walk lists or enters.
+bool isRepositoryMetadataName(QStringView name);
+
+/// The ignore file that the ignore command writes for the project at `root` (absolute): ".gitignore" when it exists
+/// there, else ".kestorignore", which need not exist.
+QString ignoreFileURL(const QString &root);
+
+} // namespace kestor

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "tools/tool.h"
+
+#include <QSettings>
+
+namespace kestor {
+
+/// Runs `svnadmin`: the one beside a chosen `svn` first, else PATH, else the usual folders.
+class SVNAdminClient final : public Tool {
+public:
+    /// `settings` must outlive the client.
+    explicit SVNAdminClient(QSettings &settings);
+
+    QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
+                                      RunPurpose purpose = RunPurpose::userCommand) override;
+
+private:
+    QSettings &defaults;
+};
+
+} // namespace kestor

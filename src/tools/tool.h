@@ -1,0 +1,36 @@
+#pragma once
+
+#include "tools/command_result.h"
+
+#include <QCoroTask>
+#include <QString>
+#include <QStringList>
+#include <QtGlobal>
+
+#include <cstdint>
+#include <memory>
+
+namespace kestor {
+
+/// Whether a non-zero exit status is an error.
+enum class CheckStatus : std::uint8_t { no, yes };
+
+/// Who asked for the run. A background read must not get into the way of the user's own commands in a terminal: Git
+/// then takes no optional locks.
+enum class RunPurpose : std::uint8_t { userCommand, backgroundRead };
+
+/// A command-line tool that runs as a child process. Main thread only; runs are independent and may overlap.
+class Tool {
+public:
+    Tool() = default;
+    virtual ~Tool() = default;
+    Q_DISABLE_COPY_MOVE(Tool)
+
+    /// Runs the tool and waits for its end without blocking the thread. `directory` is the child's working directory,
+    /// "" for this process's own. Throws SVNClientError when the tool cannot be started or, with CheckStatus::yes, when
+    /// it exits non-zero. There is no time-out.
+    virtual QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
+                                              RunPurpose purpose = RunPurpose::userCommand) = 0;
+};
+
+} // namespace kestor
