@@ -1,4 +1,4 @@
-#include "ui/theme.h"
+#include "ui/look/theme.h"
 
 namespace kestor {
 
