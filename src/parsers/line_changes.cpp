@@ -1,0 +1,67 @@
+#include "parsers/line_changes.h"
+
+#include "parsers/decimal_integer.h"
+
+#include <QStringTokenizer>
+
+#include <algorithm>
+
+namespace kestor {
+
+namespace {
+
+qsizetype nextPair(QStringView text, qsizetype from) {
+    qsizetype at = text.indexOf(u'\r', from);
+    while (at >= 0 && (at + 1 == text.size() || text[at + 1] != u'\n'))
+        at = text.indexOf(u'\r', at + 1);
+    return at;
+}
+
+/// Adds the number that `text` is; no number, or one that the total cannot hold, adds nothing.
+void addCount(qint64 &total, QStringView text) {
+    qint64 sum = 0;
+    if (!qAddOverflow(total, decimalInteger(text).value_or(0), &sum))
+        total = sum;
+}
+
+} // namespace
+
+QString withLineFeeds(QString text) {
+    qsizetype pair = nextPair(text, 0);
+    if (pair < 0)
+        return text;
+    QChar *const data = text.data();
+    QChar *out = data + pair;
+    while (pair >= 0) {
+        const qsizetype next = nextPair(text, pair + 1);
+        out = std::copy(data + pair + 1, data + (next < 0 ? text.size() : next), out);
+        pair = next;
+    }
+    text.truncate(out - data);
+    return text;
+}
+
+LineChangeSummary lineChanges(const ParsedDiff &diff) {
+    LineChangeSummary summary;
+    for (const DiffFile &file : diff.files) {
+        summary.additions += file.additions;
+        summary.deletions += file.deletions;
+    }
+    return summary;
+}
+
+LineChangeSummary numstatLineChanges(QStringView text) {
+    LineChangeSummary summary;
+    for (const QStringView line : qTokenize(text, u'\n', Qt::SkipEmptyParts)) {
+        const qsizetype tab = line.indexOf(u'\t');
+        if (tab < 0)
+            continue;
+        const QStringView rest = line.sliced(tab + 1);
+        const qsizetype secondTab = rest.indexOf(u'\t');
+        addCount(summary.additions, line.first(tab));
+        addCount(summary.deletions, secondTab < 0 ? rest : rest.first(secondTab));
+    }
+    return summary;
+}
+
+} // namespace kestor
