@@ -1,0 +1,36 @@
+#include "ui/look/metrics.h"
+
+#include <QFontInfo>
+#include <QFontMetrics>
+
+namespace kestor {
+
+namespace {
+
+QFont resized(const QFont &font, int pixels) {
+    QFont result = font;
+    result.setPixelSize(qMax(10, QFontInfo(font).pixelSize() + pixels));
+    return result;
+}
+
+} // namespace
+
+int rowHeight(const QFont &font) {
+    return qMax(24, QFontMetrics(font).height() + 6);
+}
+
+QFont smallFont(const QFont &font) {
+    return resized(font, -1);
+}
+
+QFont headingFont(const QFont &font) {
+    return boldFont(resized(font, 2));
+}
+
+QFont boldFont(const QFont &font) {
+    QFont result = font;
+    result.setBold(true);
+    return result;
+}
+
+} // namespace kestor

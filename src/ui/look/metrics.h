@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QFont>
+
+namespace kestor {
+
+/// The distance of text from the left edge of its pane, in logical pixels.
+inline constexpr int paneEdge = 12;
+inline constexpr int smallGap = 4;
+inline constexpr int gap = 8;
+/// The bar above a list or a diff.
+inline constexpr int barHeight = 40;
+
+/// The height of a list row of one line: 24 px, more for large fonts.
+int rowHeight(const QFont &font);
+/// One pixel smaller, never below 10 px.
+QFont smallFont(const QFont &font);
+/// Two pixels larger and bold.
+QFont headingFont(const QFont &font);
+QFont boldFont(const QFont &font);
+
+} // namespace kestor
