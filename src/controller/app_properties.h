@@ -34,6 +34,8 @@ struct AppProperties {
     QProperty<LineChangeSummary> changesLineSummary{};
     QProperty<QString> diffText{};        ///< as printed; "" when nothing is selected
     QProperty<DiffPreview> diffPreview{}; ///< kind `empty`: the diff text alone is shown
+    /// Path of the row that `diffText` and `diffPreview` belong to; published after them.
+    QProperty<std::optional<QString>> diffPath{};
 
     QProperty<QList<LogEntry>> logEntries{};
     QProperty<std::optional<QString>> selectedHistoryPath{};

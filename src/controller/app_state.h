@@ -1,42 +1,55 @@
 #pragma once
 
 #include "controller/app_properties.h"
+#include "controller/busy_scope.h"
+#include "controller/repository_detection.h"
+#include "controller/running_operations.h"
 #include "controller/user_interaction.h"
+#include "controller/working_diff.h"
 #include "model/language_configuration_store.h"
 #include "model/project_store.h"
-#include "tools/archive_zip_client.h"
 #include "tools/tool.h"
 
 #include <QCoroTask>
+#include <QHash>
 #include <QObject>
 #include <QSettings>
 #include <QStringList>
+#include <QThreadPool>
 
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 
 namespace kestor {
 
-/// The three command-line tools a controller works with.
+/// The command-line tools a controller works with.
 struct Tools {
-    std::unique_ptr<Tool> svn;
-    std::unique_ptr<Tool> svnAdmin;
-    std::unique_ptr<Tool> git;
+    std::shared_ptr<Tool> svn;
+    std::shared_ptr<Tool> svnAdmin;
+    std::shared_ptr<Tool> git;
 };
 
 /// The real tools, found through `settings`, which must outlive them.
 Tools systemTools(QSettings &settings);
 
+enum class RefreshAfter : std::uint8_t { no, yes };
+
+/// Whether a command that printed nothing still shows its output sheet.
+enum class ShowOutput : std::uint8_t { whenPrinted, always };
+
 /// The one controller behind the window: state, and the operations the window calls. An operation checks its own
-/// preconditions and reports every failure as an alert; the tasks never throw. Ignoring a task lets it run on. Main
-/// thread only.
+/// preconditions and reports every failure as an alert; the tasks never throw, but for detectRepository. Ignoring a
+/// task lets it run on. Main thread only.
 class AppState final : public QObject, public AppProperties {
     Q_OBJECT
 
 public:
-    /// Loads projects and language rules and selects the first project. Runs no tool; call `projectSelectionChanged`
-    /// when the window is up. `settings` and `user` must outlive the state.
+    /// Loads projects and language rules and selects the first project. Runs no tool: call projectSelectionChanged when
+    /// the window is up. `settings` and `user` must outlive the state.
     AppState(QSettings &settings, UserInteraction &user, Tools tools);
+    /// Ends the tools that are still running and waits for the operations that wait for them.
     ~AppState() override;
 
     /// The first project whose id is `selectedProjectID`.
@@ -44,15 +57,23 @@ public:
     /// The first change whose path is `selectedChangeID`.
     std::optional<WorkingCopyItem> selectedChange() const;
 
-    // Projects
+    // Projects: app_state_projects.cpp
     QCoro::Task<> addExistingWorkingCopy();
     /// Adds dropped folders (absolute paths) one after another, each as addExistingWorkingCopy does after its panel.
     QCoro::Task<> addWorkingCopies(QStringList directories);
+    /// Finds out what `folder` (absolute) belongs to, Subversion first. Throws SVNClientError when it is neither.
+    QCoro::Task<DetectedRepository> detectRepository(QString folder);
+    /// Registers and selects the folder; one that is registered already keeps its place and gets the kind.
+    QCoro::Task<> addProject(QString folder, RepositoryKind kind);
     QCoro::Task<> removeSelectedProject();
-    /// To be called whenever `selectedProjectID` changes: empties everything of the old project and refreshes.
+    /// To be called whenever `selectedProjectID` changes: empties everything of the old project and loads the new one.
     QCoro::Task<> projectSelectionChanged();
+    QCoro::Task<> openTerminal();
+    QCoro::Task<> openFinder();
+    /// Terminal and file manager.
+    QCoro::Task<> openBoth();
 
-    // Loading
+    // Loading: app_state_loading.cpp
     /// To be called whenever `selectedTab` changes: loads what the tab lacks.
     QCoro::Task<> tabChanged();
     QCoro::Task<> refreshAll();
@@ -60,22 +81,79 @@ public:
     QCoro::Task<> refreshStatus();
     /// Loads `repositoryInfo` for the selected project. Silent: on failure it keeps its value.
     QCoro::Task<> loadInfo();
-    /// Shows `repositoryInfo` in the output sheet.
+    /// Shows `repositoryInfo`, loaded afresh, in the output sheet.
     QCoro::Task<> showRepositoryInfo();
 
-    // Changes
+    // Changes: app_state_changes.cpp
     /// To be called whenever the user selects another change: loads its diff.
     QCoro::Task<> selectedChangeChanged();
-    /// Ticks or unticks one row for the commit. Rows no commit can act on stay unticked.
-    void setCommitSelection(const WorkingCopyItem &item, bool selected);
-    /// Ticks or unticks many rows at once.
+    /// Ticks or unticks rows for the commit. Rows no commit can act on stay unticked.
     void setCommitSelection(const QList<WorkingCopyItem> &items, bool selected);
 
-    // Desktop
-    QCoro::Task<> openTerminal();
-    QCoro::Task<> openFinder();
-    /// Terminal and file manager.
-    QCoro::Task<> openBoth();
+    // Commands: app_state_commands.cpp
+    /// Runs `svn` in `workingDirectory` ("" for this process's own) under a busy message and shows what it printed.
+    QCoro::Task<> runCommand(QString title, QStringList arguments, QString workingDirectory, RefreshAfter refreshAfter,
+                             ShowOutput showOutput);
+    /// The same with `git`.
+    QCoro::Task<> runGitCommand(QString title, QStringList arguments, QString workingDirectory,
+                                RefreshAfter refreshAfter, ShowOutput showOutput);
+    /// runCommand in the selected project, which must be a Subversion working copy.
+    QCoro::Task<> runSelectedProjectCommand(QString title, QStringList arguments, RefreshAfter refreshAfter,
+                                            ShowOutput showOutput);
+    /// runGitCommand in the selected project, which must be a Git repository.
+    QCoro::Task<> runSelectedGitCommand(QString title, QStringList arguments, RefreshAfter refreshAfter,
+                                        ShowOutput showOutput);
+
+private:
+    void showAlert(const QString &title, const QString &message);
+    void showError(const QString &title, const SVNClientError &error);
+    /// Awaits `work` and reports what it throws under `title`, unless `isRelevant` says nobody cares any more.
+    QCoro::Task<> reporting(QString title, QCoro::Task<> work, std::function<bool()> isRelevant = {});
+    /// The selected project; nothing after an alert when there is none.
+    std::optional<Project> requiredProject();
+    /// The folder of the selected project; nothing after an alert when there is none or it is gone.
+    std::optional<QString> selectedProjectDirectory();
+    /// The tool of a kind. Throws SVNClientError while the state is going away.
+    std::shared_ptr<Tool> toolFor(RepositoryKind kind) const;
+
+    QCoro::Task<> registerDetected(QString directory, std::optional<QUuid> *id);
+    /// Adds the folder to the list, or gives the project that has it the kind; its id. Changes no selection.
+    QUuid registerProject(const QString &folder, RepositoryKind kind);
+    void storeProjectKind(const QUuid &id, RepositoryKind kind);
+    void resetProjectState();
+    QCoro::Task<> openTerminalIn(QString directory);
+    QCoro::Task<> openFinderIn(QString directory);
+
+    QCoro::Task<> refresh(RunPurpose purpose);
+    QCoro::Task<> refreshSelectedProjectKind();
+    QCoro::Task<> verifyKind(Project project);
+    QCoro::Task<> loadStatus(RunPurpose purpose);
+    QCoro::Task<> loadChanges(Project project, quint64 generation, RunPurpose purpose);
+    void publishChanges(QList<WorkingCopyItem> items);
+    QCoro::Task<> loadLineSummary(Project project, quint64 generation);
+    QCoro::Task<> loadDiffForSelectedChange();
+    QCoro::Task<LoadedDiff> diffOf(Project project, WorkingCopyItem item);
+    void publishDiff(const std::optional<QString> &path, const LoadedDiff &diff);
+    QCoro::Task<> runToolCommand(RepositoryKind kind, QString title, QStringList arguments, QString workingDirectory,
+                                 RefreshAfter refreshAfter, ShowOutput showOutput);
+    QCoro::Task<> runInSelectedProject(RepositoryKind kind, QString title, QStringList arguments,
+                                       RefreshAfter refreshAfter, ShowOutput showOutput);
+
+    /// Whether a load of that number for that project is still the one that may publish.
+    bool isCurrent(const Project &project, quint64 generation, quint64 latest) const;
+
+    UserInteraction &user;
+    Tools tools;
+    ProjectStore projectStore;
+    LanguageConfigurationStore languageConfigurationStore;
+    BusyState busy{busyMessage};
+    RunningOperations operations;
+    QThreadPool workers;
+    QSet<QString> knownPaths;            ///< rows whose ticks the user may have set
+    QHash<QString, QString> gitOldNames; ///< old names of renamed rows of `changes`
+    quint64 statusGeneration = 0;
+    quint64 diffGeneration = 0;
+    quint64 infoGeneration = 0;
 };
 
 } // namespace kestor

@@ -1,0 +1,118 @@
+#include "controller/app_state.h"
+#include "controller/commit_selection.h"
+#include "controller/tool_text.h"
+#include "controller/working_diff.h"
+#include "parsers/line_changes.h"
+#include "parsers/unified_diff_parser.h"
+#include "tools/arguments.h"
+
+#include <QCoroFuture>
+#include <QtConcurrent>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+namespace {
+
+constexpr qsizetype largeText = qsizetype{1} << 20;
+
+LineChangeSummary summaryOf(const QByteArray &diffOutput) {
+    return lineChanges(UnifiedDiffParser::parse(withLineFeeds(toolText(diffOutput))));
+}
+
+/// The empty tree of the repository's hash kind when it has no commit yet; "" otherwise.
+QCoro::Task<QString> emptyTreeBeforeFirstCommit(std::shared_ptr<Tool> git, QString directory) {
+    const SVNCommandResult head = co_await git->run(args(u"rev-parse", u"--verify", u"--quiet", u"HEAD"), directory,
+                                                    CheckStatus::no, RunPurpose::backgroundRead);
+    if (head.status == 0)
+        co_return QString();
+    const SVNCommandResult tree = co_await git->run(args(u"hash-object", u"-t", u"tree", u"/dev/null"), directory,
+                                                    CheckStatus::no, RunPurpose::backgroundRead);
+    co_return QString::fromLatin1(tree.stdoutData).trimmed();
+}
+
+/// Prints the diff of one working change, or of all, whatever the tool's exit status.
+QCoro::Task<SVNCommandResult> runWorkingDiff(std::shared_ptr<Tool> tool, Project project, std::optional<QString> path) {
+    const QStringList arguments = workingDiffArguments(project.kind, path, u"HEAD"_s);
+    const SVNCommandResult result =
+        co_await tool->run(arguments, project.path, CheckStatus::no, RunPurpose::backgroundRead);
+    if (project.kind == RepositoryKind::svn || result.status == 0)
+        co_return result;
+    const QString emptyTree = co_await emptyTreeBeforeFirstCommit(tool, project.path);
+    if (emptyTree.isEmpty())
+        co_return result;
+    const QStringList fromEmptyTree = workingDiffArguments(project.kind, path, emptyTree);
+    co_return co_await tool->run(fromEmptyTree, project.path, CheckStatus::no, RunPurpose::backgroundRead);
+}
+
+} // namespace
+
+QCoro::Task<> AppState::selectedChangeChanged() {
+    return reporting(u"Diff Failed"_s, loadDiffForSelectedChange());
+}
+
+void AppState::setCommitSelection(const QList<WorkingCopyItem> &items, bool selected) {
+    QSet<QString> ticks = selectedCommitPaths;
+    for (const WorkingCopyItem &item : items) {
+        if (selected && isCommittable(item))
+            ticks.insert(item.path);
+        else
+            ticks.remove(item.path);
+    }
+    selectedCommitPaths = ticks;
+}
+
+QCoro::Task<> AppState::loadDiffForSelectedChange() {
+    const quint64 generation = ++diffGeneration;
+    const std::optional<Project> project = selectedProject();
+    const std::optional<WorkingCopyItem> item = selectedChange();
+    LoadedDiff diff;
+    if (project && item)
+        diff = co_await diffOf(*project, *item);
+    if (generation == diffGeneration)
+        publishDiff(item ? std::optional(item->path) : std::nullopt, diff);
+}
+
+void AppState::publishDiff(const std::optional<QString> &path, const LoadedDiff &diff) {
+    QString old = diffText;
+    diffPreview = diff.preview;
+    diffText = diff.text;
+    diffPath = path;
+    // Giving back a large text takes milliseconds that the window does not have.
+    if (old.size() > largeText)
+        workers.start([text = std::move(old)]() mutable { text = QString(); });
+}
+
+QCoro::Task<LoadedDiff> AppState::diffOf(Project project, WorkingCopyItem item) {
+    if (item.kind == SVNStatusKind::unversioned) {
+        const auto read = [path = item.path, root = project.path] {
+            return unversionedDiff(path, root);
+        };
+        co_return co_await QtConcurrent::run(&workers, read);
+    }
+    const SVNCommandResult result = co_await runWorkingDiff(toolFor(project.kind), project, item.path);
+    const auto decode = [path = item.path, result] {
+        return loadedDiff(path, result.stdoutData, result.stderrData);
+    };
+    co_return co_await QtConcurrent::run(&workers, decode);
+}
+
+QCoro::Task<> AppState::loadLineSummary(Project project, quint64 generation) {
+    const RunningOperations::Scope running(operations);
+    LineChangeSummary summary;
+    try {
+        const SVNCommandResult result = co_await runWorkingDiff(toolFor(project.kind), project, std::nullopt);
+        const auto count = [output = result.stdoutData] {
+            return summaryOf(output);
+        };
+        if (result.status == 0)
+            summary = co_await QtConcurrent::run(&workers, count);
+    } catch (const SVNClientError &) {
+        // The zero summary says that nothing is known.
+    }
+    if (isCurrent(project, generation, statusGeneration))
+        changesLineSummary = summary;
+}
+
+} // namespace kestor

@@ -1,0 +1,149 @@
+#include "controller/app_state.h"
+#include "controller/combined_output.h"
+#include "controller/commit_selection.h"
+#include "controller/git_info.h"
+#include "controller/git_status.h"
+#include "controller/status_rows.h"
+#include "controller/tool_text.h"
+#include "parsers/svn_xml_parsers.h"
+#include "tools/arguments.h"
+
+#include <QCoroFuture>
+#include <QtConcurrent>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+QCoro::Task<> AppState::tabChanged() {
+    // Changes and Configuration load nothing when shown.
+    co_return;
+}
+
+QCoro::Task<> AppState::refreshAll() {
+    return refresh(RunPurpose::userCommand);
+}
+
+QCoro::Task<> AppState::refreshStatus() {
+    return loadStatus(RunPurpose::userCommand);
+}
+
+QCoro::Task<> AppState::refresh(RunPurpose purpose) {
+    const RunningOperations::Scope running(operations);
+    co_await refreshSelectedProjectKind();
+    const QCoro::Task<> info = loadInfo();
+    co_await loadStatus(purpose);
+    co_await info;
+}
+
+QCoro::Task<> AppState::refreshSelectedProjectKind() {
+    const std::optional<Project> project = selectedProject();
+    if (!project)
+        co_return;
+    try {
+        co_await verifyKind(*project);
+    } catch (const SVNClientError &) {
+        // The status load that follows tells the user what is wrong with the folder.
+    }
+}
+
+QCoro::Task<> AppState::verifyKind(Project project) {
+    bool asStored = true;
+    try {
+        if (project.kind == RepositoryKind::svn)
+            co_await probeSubversion(toolFor(RepositoryKind::svn), project.path);
+        else
+            co_await probeGit(toolFor(RepositoryKind::git), project.path);
+    } catch (const SVNClientError &) {
+        asStored = false;
+    }
+    if (asStored)
+        co_return;
+    const DetectedRepository found = co_await detectRepository(project.path);
+    if (found.kind != project.kind)
+        storeProjectKind(project.id, found.kind);
+}
+
+QCoro::Task<> AppState::loadStatus(RunPurpose purpose) {
+    const std::optional<Project> project = selectedProject();
+    if (!project)
+        co_return;
+    const quint64 generation = ++statusGeneration;
+    const std::function<bool()> isRelevant = [this, project, generation] {
+        return isCurrent(*project, generation, statusGeneration);
+    };
+    co_await reporting(u"Status Failed"_s, loadChanges(*project, generation, purpose), isRelevant);
+}
+
+QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurpose purpose) {
+    {
+        const BusyScope loading(busy, u"Loading changes"_s);
+        const std::shared_ptr<Tool> tool = toolFor(project.kind);
+        const SVNCommandResult result =
+            co_await tool->run(statusArguments(project.kind), project.path, CheckStatus::yes, purpose);
+        const auto read = [kind = project.kind, path = project.path, output = result.stdoutData] {
+            return statusRows(kind, path, output);
+        };
+        const StatusRows rows = co_await QtConcurrent::run(&workers, read);
+        if (!isCurrent(project, generation, statusGeneration))
+            co_return;
+        gitOldNames = rows.gitOldNames;
+        publishChanges(rows.items);
+    }
+    const QCoro::Task<> summary = loadLineSummary(project, generation);
+    co_await loadDiffForSelectedChange();
+    co_await summary;
+}
+
+void AppState::publishChanges(QList<WorkingCopyItem> items) {
+    changes = items;
+    selectedCommitPaths = ticksAfterLoad(items, knownPaths, selectedCommitPaths);
+    knownPaths.clear();
+    knownPaths.reserve(items.size());
+    for (const WorkingCopyItem &item : std::as_const(items))
+        knownPaths.insert(item.path);
+    if (!selectedChange())
+        selectedChangeID = items.isEmpty() ? std::nullopt : std::optional(items.first().path);
+}
+
+QCoro::Task<> AppState::loadInfo() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = selectedProject();
+    if (!project)
+        co_return;
+    const quint64 generation = ++infoGeneration;
+    try {
+        RepositoryInfo info;
+        const std::shared_ptr<Tool> tool = toolFor(project->kind);
+        if (project->kind == RepositoryKind::git) {
+            info = co_await gitRepositoryInfo(tool, project->path);
+        } else {
+            const SVNCommandResult result = co_await tool->run(args(u"info", u"--xml"), project->path, CheckStatus::yes,
+                                                               RunPurpose::backgroundRead);
+            info = parsedOutput<InfoParser>(result.stdoutData);
+        }
+        if (isCurrent(*project, generation, infoGeneration))
+            repositoryInfo = info;
+    } catch (const SVNClientError &) {
+        // The header then shows what it knew; the status load reports what is wrong with the folder.
+    }
+}
+
+QCoro::Task<> AppState::showRepositoryInfo() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    {
+        const BusyScope loading(busy, u"Info"_s);
+        co_await loadInfo();
+    }
+    if (selectedProjectID.value() == project->id) {
+        const QString text = repositoryInfoText(repositoryInfo);
+        commandOutput = combinedOutput(u"Info"_s, QString(), 0, QStringList(text), QStringList());
+    }
+}
+
+} // namespace kestor

@@ -1,0 +1,72 @@
+#include "controller/git_info.h"
+
+#include "controller/tool_text.h"
+#include "parsers/git_parsers.h"
+#include "tools/arguments.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+namespace {
+
+/// The non-empty lines a command printed; none when it failed or could not be started.
+QCoro::Task<QStringList> printedLines(std::shared_ptr<Tool> git, QStringList arguments, QString directory) {
+    try {
+        const SVNCommandResult result =
+            co_await git->run(arguments, directory, CheckStatus::no, RunPurpose::backgroundRead);
+        if (result.status != 0)
+            co_return QStringList();
+        co_return toolText(result.stdoutData).split(u'\n', Qt::SkipEmptyParts);
+    } catch (const SVNClientError &) {
+        co_return QStringList();
+    }
+}
+
+std::optional<QString> firstOf(const QStringList &lines) {
+    return lines.isEmpty() ? std::nullopt : std::optional(lines.first());
+}
+
+QCoro::Task<std::optional<QString>> remoteURL(std::shared_ptr<Tool> git, QString branch, QString directory) {
+    const QString upstreamKey = u"branch."_s + branch + u".remote"_s;
+    const QStringList upstream = co_await printedLines(git, args(u"config", u"--get", upstreamKey), directory);
+    // "." stands for a branch of this very repository.
+    const QString remote = upstream.isEmpty() || upstream.first() == u"." ? u"origin"_s : upstream.first();
+    const QStringList url = co_await printedLines(git, args(u"remote", u"get-url", remote), directory);
+    co_return firstOf(url);
+}
+
+void fillLastCommit(RepositoryInfo &info, const QStringList &lines) {
+    if (lines.size() < 4)
+        return;
+    info.revision = lines[0];
+    info.lastChangedRevision = lines[1];
+    info.lastChangedDate = GitParsers::parseDate(lines[2]);
+    info.lastChangedAuthor = lines[3];
+}
+
+} // namespace
+
+QCoro::Task<RepositoryInfo> gitRepositoryInfo(std::shared_ptr<Tool> git, QString projectPath) {
+    RepositoryInfo info;
+    const QStringList folders =
+        co_await printedLines(git, args(u"rev-parse", u"--show-toplevel", u"--git-common-dir"), projectPath);
+    if (folders.size() == 2) {
+        info.workingCopyRoot = folders[0];
+        // Printed relative to the working directory inside a main working tree.
+        info.repositoryRoot = QDir::cleanPath(QDir(projectPath).absoluteFilePath(folders[1]));
+    }
+    const QStringList branch =
+        co_await printedLines(git, args(u"symbolic-ref", u"--quiet", u"--short", u"HEAD"), projectPath);
+    info.workingRevision = firstOf(branch).value_or(u"(detached)"_s);
+    const QStringList commit = co_await printedLines(
+        git, args(u"log", u"-1", u"--no-show-signature", u"--format=%H%n%h%n%aI%n%an"), projectPath);
+    fillLastCommit(info, commit);
+    const std::optional<QString> url = co_await remoteURL(git, firstOf(branch).value_or(QString()), projectPath);
+    info.url = url;
+    co_return info;
+}
+
+} // namespace kestor

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "model/project.h"
+#include "model/repository_info.h"
+#include "tools/tool.h"
+
+#include <QCoroTask>
+
+#include <memory>
+
+namespace kestor {
+
+/// The repository information of a Git project from a handful of quick commands: what a command does not tell stays
+/// absent. `relativeURL` is always absent. Never throws.
+QCoro::Task<RepositoryInfo> gitRepositoryInfo(std::shared_ptr<Tool> git, QString projectPath);
+
+} // namespace kestor

@@ -1,0 +1,27 @@
+#include "controller/status_rows.h"
+
+#include "controller/git_status.h"
+#include "controller/tool_text.h"
+#include "parsers/svn_xml_parsers.h"
+#include "rules/status_filter.h"
+#include "tools/arguments.h"
+
+namespace kestor {
+
+QStringList statusArguments(RepositoryKind kind) {
+    if (kind == RepositoryKind::svn)
+        return args(u"status", u"--xml", u"--no-ignore");
+    return args(u"status", u"--porcelain=v1", u"--untracked-files=normal");
+}
+
+StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray &output) {
+    GitStatus read;
+    if (kind == RepositoryKind::svn)
+        read.items = parsedOutput<StatusParser>(output);
+    else
+        read = gitStatus(toolText(output));
+    const IgnoreRules rules = ignoreRulesForStatusItems(read.items, root, ExpandUnversioned::yes);
+    return {statusItemsByApplyingIgnoreRules(read.items, root, rules, ExpandUnversioned::yes), read.oldNames};
+}
+
+} // namespace kestor

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+namespace kestor {
+
+/// A working-copy path as a target on svn's command line: a trailing "@" when it contains "@", which svn would read as
+/// a peg revision, and "./" in front when it begins with "-", which svn would read as an option.
+QString svnTarget(const QString &path);
+
+} // namespace kestor

@@ -1,0 +1,33 @@
+#include "controller/tool_text.h"
+
+#include <QUtf8StringView>
+
+namespace kestor {
+
+namespace {
+
+QString lineText(QByteArrayView line) {
+    return QUtf8StringView(line).isValidUtf8() ? QString::fromUtf8(line) : QString::fromLatin1(line);
+}
+
+} // namespace
+
+bool isValidUtf8(QByteArrayView output) {
+    return QUtf8StringView(output).isValidUtf8();
+}
+
+QString toolText(QByteArrayView output) {
+    if (isValidUtf8(output))
+        return QString::fromUtf8(output);
+    QString text;
+    text.reserve(output.size());
+    while (!output.isEmpty()) {
+        const qsizetype lineFeed = output.indexOf('\n');
+        const qsizetype length = lineFeed < 0 ? output.size() : lineFeed + 1;
+        text += lineText(output.first(length));
+        output = output.sliced(length);
+    }
+    return text;
+}
+
+} // namespace kestor

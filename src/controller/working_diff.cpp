@@ -1,0 +1,72 @@
+#include "controller/working_diff.h"
+
+#include "controller/svn_target.h"
+#include "controller/tool_text.h"
+#include "model/trimmed.h"
+#include "parsers/unified_diff_parser.h"
+#include "tools/arguments.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+namespace {
+
+// Nobody reads more than this as one diff, and it bounds what a stray core dump costs.
+constexpr qint64 largestShownFile = qint64{256} << 20;
+
+QString fileDiffText(const QString &path, const QFileInfo &info) {
+    if (!info.exists())
+        return u"(file not found)"_s;
+    if (info.isDir())
+        return u"(unversioned directory)"_s;
+    // Opening a pipe or a device could wait for ever.
+    QFile file(info.filePath());
+    const bool readable = info.isFile() && info.size() <= largestShownFile && file.open(QIODevice::ReadOnly);
+    const QByteArray content = readable ? file.readAll() : QByteArray();
+    if (!readable || file.error() != QFileDevice::NoError || !isValidUtf8(content))
+        return u"(binary or unreadable file)"_s;
+    return UnifiedDiffParser::unversionedFileDiff(path, QString::fromUtf8(content));
+}
+
+} // namespace
+
+QStringList workingDiffArguments(RepositoryKind kind, const std::optional<QString> &path, const QString &gitBase) {
+    QStringList arguments = kind == RepositoryKind::svn ? args(u"diff") : args(u"diff", gitBase, u"--");
+    if (path)
+        arguments.append(kind == RepositoryKind::svn ? svnTarget(*path) : *path);
+    return arguments;
+}
+
+LoadedDiff loadedDiff(const QString &path, const QByteArray &stdoutData, const QByteArray &stderrData) {
+    const QString printed = toolText(stdoutData);
+    std::optional<DiffPreview> preview = binaryPreviewIfNeeded(path, printed);
+    if (!preview)
+        preview = binaryPreviewIfNeeded(path, toolText(stderrData));
+    const bool blank = withoutOuterLineBreaks(printed).isEmpty();
+    return {blank ? u"(no text diff)"_s : printed, preview.value_or(DiffPreview())};
+}
+
+LoadedDiff unversionedDiff(const QString &path, const QString &root) {
+    const QString text = fileDiffText(path, QFileInfo(root + u'/' + path));
+    return {text, binaryPreviewIfNeeded(path, text).value_or(DiffPreview())};
+}
+
+std::optional<DiffPreview> binaryPreviewIfNeeded(const QString &path, QStringView text) {
+    constexpr std::array<QStringView, 4> words{u"binary file", u"marked as a binary", u"binary or unreadable",
+                                               u"cannot display"};
+    const auto said = [text](QStringView word) {
+        return text.contains(word, Qt::CaseInsensitive);
+    };
+    if (std::none_of(words.begin(), words.end(), said))
+        return std::nullopt;
+    return DiffPreview{DiffPreviewKind::binary, path, QString(), u"Unknown file type."_s, std::nullopt, std::nullopt};
+}
+
+} // namespace kestor
