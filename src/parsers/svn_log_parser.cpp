@@ -1,0 +1,91 @@
+#include "model/trimmed.h"
+#include "parsers/iso_date.h"
+#include "parsers/svn_xml_parsers.h"
+#include "parsers/svn_xml_reader.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kestor {
+
+namespace {
+
+enum class Element : std::uint8_t { logentry, author, date, msg, path };
+constexpr std::array<std::string_view, 5> elementNames{"logentry", "author", "date", "msg", "path"};
+static_assert(elementNames.size() == static_cast<std::size_t>(Element::path) + 1);
+
+class LogHandler final : public XmlHandler {
+public:
+    QList<LogEntry> takeSortedEntries() {
+        const auto later = [](const LogEntry &a, const LogEntry &b) {
+            return a.revision > b.revision;
+        };
+        std::stable_sort(entries.begin(), entries.end(), later);
+        return std::move(entries);
+    }
+
+    void startElement(std::string_view name, XmlAttributes attributes) override {
+        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
+        if (element == Element::logentry) {
+            revision = attributes.integer("revision");
+            entry = LogEntry();
+        } else if (element == Element::path) {
+            pathAction = attributes.text("action").value_or(QString());
+            pathKind = attributes.text("kind");
+        }
+    }
+
+    void endElement(std::string_view name, std::string_view text) override {
+        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
+        if (element)
+            endKnownElement(*element, text);
+    }
+
+private:
+    void endKnownElement(Element element, std::string_view text) {
+        switch (element) {
+        case Element::author:
+            entry.author = trimmedFromUtf8(text);
+            break;
+        case Element::date:
+            entry.date = dateFromISO8601(trimmedFromUtf8(text));
+            break;
+        case Element::msg: // blanks at the ends of a message are the author's and stay
+            entry.message = withoutOuterLineBreaks(fromUtf8(text)).toString();
+            break;
+        case Element::path:
+            entry.paths.append(SVNPathChange{pathAction, trimmedFromUtf8(text), pathKind});
+            break;
+        case Element::logentry:
+            endEntry();
+            break;
+        }
+    }
+
+    void endEntry() {
+        if (!revision)
+            return;
+        entry.revision = *revision;
+        entries.append(entry);
+    }
+
+    QList<LogEntry> entries;
+    LogEntry entry;
+    std::optional<qint64> revision;
+    QString pathAction;
+    std::optional<QString> pathKind;
+};
+
+} // namespace
+
+QList<LogEntry> LogParser::parse(QByteArrayView utf8) {
+    LogHandler handler;
+    readXml(utf8, handler);
+    return handler.takeSortedEntries();
+}
+
+QList<LogEntry> LogParser::parse(QStringView text) {
+    return parse(utf8OrEmpty(text));
+}
+
+} // namespace kestor

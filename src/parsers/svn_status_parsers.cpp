@@ -1,0 +1,141 @@
+#include "model/file_order.h"
+#include "parsers/svn_xml_parsers.h"
+#include "parsers/svn_xml_reader.h"
+
+#include <utility>
+
+namespace kestor {
+
+namespace {
+
+enum class Element : std::uint8_t { entry, wcStatus, reposStatus, treeConflict, author, against };
+constexpr std::array<std::string_view, 6> elementNames{"entry",         "wc-status", "repos-status",
+                                                       "tree-conflict", "author",    "against"};
+static_assert(elementNames.size() == static_cast<std::size_t>(Element::against) + 1);
+
+/// The status that an attribute names: `missing` without the attribute, unknown for a word that is no status.
+SVNStatusKind statusKind(XmlAttributes attributes, std::string_view name, SVNStatusKind missing) {
+    const std::optional<QString> word = attributes.text(name);
+    return word ? statusKindFromRawValue(*word).value_or(SVNStatusKind::unknown) : missing;
+}
+
+/// Collects one item per entry. What both kinds of status output have in common; they differ in the element that
+/// carries the statuses.
+class StatusHandler : public XmlHandler {
+public:
+    QList<WorkingCopyItem> takeSortedItems() {
+        sortInStandardOrder(items, &WorkingCopyItem::path);
+        return std::move(items);
+    }
+
+    void startElement(std::string_view name, XmlAttributes attributes) override {
+        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
+        if (element == Element::entry)
+            startEntry(attributes);
+        else if (element)
+            startInEntry(*element, attributes);
+    }
+
+    void endElement(std::string_view name, std::string_view text) override {
+        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
+        if (element == Element::author)
+            item.author = trimmedFromUtf8(text);
+        else if (element == Element::entry)
+            endEntry();
+    }
+
+protected:
+    explicit StatusHandler(SVNStatusKind unstated) : unstatedKind(unstated) {}
+
+    virtual void startInEntry(Element element, XmlAttributes attributes) = 0;
+
+    WorkingCopyItem item;
+
+private:
+    void startEntry(XmlAttributes attributes) {
+        const std::optional<QString> path = attributes.text("path");
+        hasPath = path.has_value();
+        item = WorkingCopyItem{.path = path.value_or(QString()), .kind = unstatedKind};
+    }
+
+    void endEntry() {
+        const bool changed = isChange(item.kind) || isChange(item.propertiesKind) || item.treeConflict;
+        if (hasPath && changed)
+            items.append(std::move(item));
+        hasPath = false;
+    }
+
+    SVNStatusKind unstatedKind; ///< of an entry without the element that carries the statuses
+    bool hasPath = false;
+    QList<WorkingCopyItem> items;
+};
+
+class LocalStatusHandler final : public StatusHandler {
+public:
+    LocalStatusHandler() : StatusHandler(SVNStatusKind::unknown) {}
+
+private:
+    void startInEntry(Element element, XmlAttributes attributes) override {
+        switch (element) {
+        case Element::wcStatus:
+            item.kind = statusKind(attributes, "item", SVNStatusKind::unknown);
+            item.propertiesKind = statusKind(attributes, "props", SVNStatusKind::none);
+            item.revision = attributes.text("revision");
+            break;
+        case Element::treeConflict:
+            item.treeConflict = true;
+            break;
+        default:
+            break;
+        }
+    }
+};
+
+class RemoteStatusHandler final : public StatusHandler {
+public:
+    RemoteStatusHandler() : StatusHandler(SVNStatusKind::none) {}
+
+    std::optional<qint64> repositoryRevision;
+
+private:
+    void startInEntry(Element element, XmlAttributes attributes) override {
+        switch (element) {
+        case Element::wcStatus:
+            item.revision = attributes.text("revision");
+            break;
+        case Element::reposStatus:
+            item.kind = statusKind(attributes, "item", SVNStatusKind::none);
+            item.propertiesKind = statusKind(attributes, "props", SVNStatusKind::none);
+            break;
+        case Element::against:
+            repositoryRevision = attributes.integer("revision");
+            break;
+        default:
+            break;
+        }
+    }
+};
+
+} // namespace
+
+QList<WorkingCopyItem> StatusParser::parse(QByteArrayView utf8) {
+    LocalStatusHandler handler;
+    readXml(utf8, handler);
+    return handler.takeSortedItems();
+}
+
+QList<WorkingCopyItem> StatusParser::parse(QStringView text) {
+    return parse(utf8OrEmpty(text));
+}
+
+RemoteStatus RemoteStatusParser::parse(QByteArrayView utf8) {
+    RemoteStatusHandler handler;
+    readXml(utf8, handler);
+    return {handler.repositoryRevision, handler.takeSortedItems()};
+}
+
+RemoteStatus RemoteStatusParser::parse(QStringView text) {
+    return parse(utf8OrEmpty(text));
+}
+
+} // namespace kestor

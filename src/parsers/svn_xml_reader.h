@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
+#include <QStringView>
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kestor {
+
+/// The attributes of one element. Valid during the call that gets them.
+class XmlAttributes {
+public:
+    /// `pairs` alternates names and values and ends with a null pointer.
+    explicit XmlAttributes(const char *const *pairs) : namesAndValues(pairs) {}
+
+    std::optional<std::string_view> value(std::string_view name) const;
+    std::optional<QString> text(std::string_view name) const;
+    /// Nothing when the attribute is missing or is no decimal integer.
+    std::optional<qint64> integer(std::string_view name) const;
+
+private:
+    const char *const *namesAndValues;
+};
+
+/// Receives what readXml finds. Names are plain names; all texts are UTF-8 and valid during the call.
+class XmlHandler {
+public:
+    XmlHandler() = default;
+    XmlHandler(const XmlHandler &) = delete;
+    XmlHandler &operator=(const XmlHandler &) = delete;
+    virtual ~XmlHandler() = default;
+
+    virtual void startElement(std::string_view name, XmlAttributes attributes) = 0;
+    /// `text` is what stood between this end tag and the last tag before it.
+    virtual void endElement(std::string_view name, std::string_view text) = 0;
+};
+
+/// Reads a document to its end, to the first error or to a document type declaration, which no `svn` prints and which
+/// could declare entities that expand without bound.
+void readXml(QByteArrayView utf8, XmlHandler &handler);
+
+/// The UTF-8 form of `text`; empty when it has none because of a lone surrogate.
+QByteArray utf8OrEmpty(QStringView text);
+
+QString fromUtf8(std::string_view utf8);
+QString trimmedFromUtf8(std::string_view utf8);
+
+/// The enumerator whose name in `names` (in enum order) equals `name` exactly, or nothing.
+template <typename Element, std::size_t Size>
+std::optional<Element> elementNamed(const std::array<std::string_view, Size> &names, std::string_view name) {
+    for (std::size_t i = 0; i < Size; ++i) {
+        if (names[i] == name)
+            return static_cast<Element>(i);
+    }
+    return std::nullopt;
+}
+
+} // namespace kestor
