@@ -2,10 +2,11 @@
 
 #include <QCollator>
 #include <QList>
+#include <QStringList>
 #include <QStringView>
 
-#include <algorithm>
-#include <numeric>
+#include <functional>
+#include <utility>
 #include <vector>
 
 namespace kestor {
@@ -17,23 +18,21 @@ QCollator standardCollator();
 /// Negative, zero or positive, in the localised standard order. Builds a collator: for single comparisons only.
 int localizedStandardCompare(QStringView left, QStringView right);
 
-/// Sorts `records` stably and ascending by the text that `textOf` gives, in the localised standard order. Computes one
-/// sort key per record, so long lists cost one collation each instead of one per comparison.
+/// The positions of `texts` in ascending localised standard order; equal texts keep their order. Computes one sort key
+/// per text, so that long lists cost no collation per comparison.
+std::vector<qsizetype> standardOrder(const QStringList &texts);
+
+/// Sorts `records` stably and ascending by the text that `textOf` gives, in the localised standard order.
 template <typename Record, typename TextOf>
 void sortInStandardOrder(QList<Record> &records, TextOf textOf) {
-    const QCollator collator = standardCollator();
-    std::vector<QCollatorSortKey> keys;
-    keys.reserve(static_cast<std::size_t>(records.size()));
-    for (const Record &record : records)
-        keys.push_back(collator.sortKey(textOf(record)));
-    std::vector<std::size_t> order(keys.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(),
-                     [&keys](std::size_t a, std::size_t b) { return keys[a].compare(keys[b]) < 0; });
+    QStringList texts;
+    texts.reserve(records.size());
+    for (const Record &record : std::as_const(records))
+        texts.append(std::invoke(textOf, record));
     QList<Record> sorted;
     sorted.reserve(records.size());
-    for (const std::size_t index : order)
-        sorted.append(std::move(records[static_cast<qsizetype>(index)]));
+    for (const qsizetype position : standardOrder(texts))
+        sorted.append(std::move(records[position]));
     records = std::move(sorted);
 }
 
