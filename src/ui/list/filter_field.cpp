@@ -1,0 +1,90 @@
+#include "ui/list/filter_field.h"
+
+#include "ui/look/icons.h"
+#include "ui/look/metrics.h"
+#include "ui/look/theme.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLocale>
+
+namespace kestor {
+
+namespace {
+
+constexpr int fieldHeight = 28;
+/// The room of the clear button at the right end.
+constexpr int buttonRoom = 28;
+
+} // namespace
+
+FilterField::FilterField(const QString &placeholder, QWidget *parent)
+    : QLineEdit(parent), count(new QLabel(this)), clearing(new QAction(icon(Icon::clear), tr("Clear Filter"), this)) {
+    setPlaceholderText(placeholder);
+    setAccessibleName(placeholder);
+    setMinimumHeight(fieldHeight);
+    addAction(icon(Icon::search), LeadingPosition);
+    addAction(clearing, TrailingPosition);
+    clearing->setVisible(false);
+    count->setAttribute(Qt::WA_TransparentForMouseEvents);
+    count->hide();
+    connect(clearing, &QAction::triggered, this, &QLineEdit::clear);
+    connect(this, &QLineEdit::textChanged, this, [this](const QString &text) {
+        clearing->setVisible(!text.isEmpty());
+        placeCount();
+    });
+    applyLook();
+}
+
+void FilterField::setCounts(int matching, int all) {
+    count->setText(tr("%1 of %2").arg(locale().toString(matching), locale().toString(all)));
+    setAccessibleDescription(text().isEmpty() ? QString() : count->text());
+    placeCount();
+}
+
+void FilterField::placeCount() {
+    count->setVisible(!text().isEmpty() && !count->text().isEmpty());
+    count->adjustSize();
+    count->move(width() - buttonRoom - count->width(), (height() - count->height()) / 2);
+    setTextMargins(0, 0, count->isVisibleTo(this) ? count->width() + smallGap : 0, 0);
+}
+
+void FilterField::keyPressEvent(QKeyEvent *event) {
+    switch (event->key()) {
+    case Qt::Key_Down:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit firstMatchRequested();
+        break;
+    case Qt::Key_Escape:
+        if (text().isEmpty())
+            emit leaveRequested();
+        else
+            clear();
+        break;
+    default:
+        QLineEdit::keyPressEvent(event);
+    }
+}
+
+void FilterField::resizeEvent(QResizeEvent *event) {
+    QLineEdit::resizeEvent(event);
+    placeCount();
+}
+
+void FilterField::changeEvent(QEvent *event) {
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        applyLook();
+}
+
+void FilterField::applyLook() {
+    QPalette muted = palette();
+    muted.setColor(count->foregroundRole(), themeFor(palette()).muted);
+    count->setPalette(muted);
+    count->setFont(smallFont(font()));
+    placeCount();
+}
+
+} // namespace kestor

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QLineEdit>
+
+class QLabel;
+
+namespace kestor {
+
+/// The filter of a list: search icon, text, "3 of 18" and a clear button.
+class FilterField final : public QLineEdit {
+    Q_OBJECT
+
+public:
+    FilterField(const QString &placeholder, QWidget *parent = nullptr);
+
+    /// Shows how many of all rows match; nothing while the field is empty.
+    void setCounts(int matching, int all);
+
+signals:
+    /// Down or Return: on to the first match.
+    void firstMatchRequested();
+    /// Esc in an empty field: back to the list.
+    void leaveRequested();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void placeCount();
+    void applyLook();
+
+    QLabel *count;
+    QAction *clearing;
+};
+
+} // namespace kestor

@@ -1,0 +1,258 @@
+#include "ui/list/row_list_view.h"
+
+#include "ui/look/elided_path.h"
+#include "ui/look/metrics.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <chrono>
+
+namespace kestor {
+
+namespace {
+
+constexpr std::chrono::milliseconds settleTime{60};
+
+} // namespace
+
+RowListView::RowListView(RowModel &shownModel, QWidget *parent)
+    : QListView(parent), rows(shownModel), delegate(*new RowDelegate(shownModel, this)) {
+    setUniformItemSizes(true);
+    setItemDelegate(&delegate);
+    setFrameShape(QFrame::NoFrame);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setEditTriggers(NoEditTriggers);
+    setMouseTracking(true);
+    viewport()->setAttribute(Qt::WA_Hover);
+    settled.setSingleShot(true);
+    settled.setInterval(settleTime);
+    connect(&settled, &QTimer::timeout, this, [this] { emit rowChosen(current); });
+    connect(&rows, &RowModel::modelAboutToBeReset, this, [this] { anchors = visibleAnchors(); });
+    setModel(&rows);
+    applyTheme();
+}
+
+void RowListView::setCurrentId(const QString &id) {
+    if (id == current && currentIndex().isValid())
+        return;
+    settled.stop();
+    current = id;
+    const QScopedValueRollback silence(pace, Pace::silent);
+    if (const int row = id.isEmpty() ? -1 : rows.rowOf(id); row >= 0)
+        setCurrentIndex(rows.index(row));
+    else
+        selectionModel()->clear();
+}
+
+void RowListView::setTickAccess(TickAccess wanted) {
+    access = wanted;
+    delegate.setTickAccess(wanted);
+    viewport()->update();
+}
+
+void RowListView::chooseFirst() {
+    if (rows.rowCount() > 0)
+        setCurrentIndex(rows.index(0));
+}
+
+bool RowListView::chooseBeside(int distance) {
+    const int row = currentIndex().row() + distance;
+    if (!currentIndex().isValid() || row < 0 || row >= rows.rowCount())
+        return false;
+    setCurrentIndex(rows.index(row));
+    return true;
+}
+
+void RowListView::currentChanged(const QModelIndex &index, const QModelIndex &previous) {
+    QListView::currentChanged(index, previous);
+    if (pace == Pace::silent || !index.isValid())
+        return;
+    current = rows.idAt(index.row());
+    settled.stop();
+    if (pace == Pace::settling)
+        settled.start();
+    else
+        emit rowChosen(current);
+}
+
+QItemSelectionModel::SelectionFlags RowListView::selectionCommand(const QModelIndex &index, const QEvent *) const {
+    return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
+void RowListView::keyboardSearch(const QString &typed) {
+    if (!sinceSearch.isValid() || sinceSearch.elapsed() > QApplication::keyboardInputInterval())
+        searched.clear();
+    sinceSearch.restart();
+    const bool sameLetterAgain = searched == typed;
+    if (!sameLetterAgain)
+        searched += typed;
+    const int count = rows.rowCount();
+    const int first = qMax(currentIndex().row(), 0) + (currentIndex().isValid() && searched.size() == 1 ? 1 : 0);
+    for (int step = 0; step < count; ++step) {
+        const int row = (first + step) % count;
+        const QString id = rows.idAt(row);
+        if (QStringView(id).sliced(fileNameStart(id)).startsWith(searched, Qt::CaseInsensitive))
+            return setCurrentIndex(rows.index(row));
+    }
+}
+
+void RowListView::keyPressEvent(QKeyEvent *event) {
+    if (pressedTickKey(*event) || pressedLeavingKey(*event))
+        return event->accept();
+    const QScopedValueRollback wait(pace, event->isAutoRepeat() ? Pace::settling : pace);
+    QListView::keyPressEvent(event);
+}
+
+bool RowListView::pressedTickKey(const QKeyEvent &event) {
+    const bool shift = event.modifiers().testFlag(Qt::ShiftModifier);
+    const Qt::KeyboardModifiers others = event.modifiers() & ~Qt::ShiftModifier;
+    if (event.key() == Qt::Key_Space && !others) {
+        if (shift)
+            tickUpTo(currentIndex().row());
+        else
+            toggleTick(currentIndex().row());
+        return true;
+    }
+    if (event.key() != Qt::Key_A || others != Qt::ControlModifier)
+        return false;
+    requestTicks(0, rows.rowCount() - 1, shift ? Tick::unticked : Tick::ticked);
+    return true;
+}
+
+bool RowListView::pressedLeavingKey(const QKeyEvent &event) {
+    const bool enter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    if (enter && !(event.modifiers() & ~Qt::KeypadModifier)) {
+        if (currentIndex().isValid())
+            emit detailRequested();
+        return true;
+    }
+    if (event.text() != u"/" && event.keyCombination() != (Qt::CTRL | Qt::Key_F))
+        return false;
+    emit filterRequested();
+    return true;
+}
+
+void RowListView::mousePressEvent(QMouseEvent *event) {
+    if (!pressedTickBox(*event))
+        QListView::mousePressEvent(event);
+}
+
+void RowListView::mouseDoubleClickEvent(QMouseEvent *event) {
+    if (!pressedTickBox(*event))
+        QListView::mouseDoubleClickEvent(event);
+}
+
+void RowListView::mouseMoveEvent(QMouseEvent *event) {
+    const QScopedValueRollback wait(pace, Pace::settling);
+    QListView::mouseMoveEvent(event);
+}
+
+bool RowListView::pressedTickBox(const QMouseEvent &event) {
+    const QModelIndex index = indexAt(event.position().toPoint());
+    if (event.button() != Qt::LeftButton || !index.isValid() ||
+        !RowDelegate::isAtTickBox(event.position().toPoint().x()))
+        return false;
+    if (rows.pathRow(rows.recordAt(index.row()), Theme()).tick == Tick::none)
+        return false;
+    if (event.modifiers() & Qt::ShiftModifier)
+        tickUpTo(index.row());
+    else
+        toggleTick(index.row());
+    return true;
+}
+
+void RowListView::toggleTick(int row) {
+    if (row < 0)
+        return;
+    const Tick tick = rows.pathRow(rows.recordAt(row), Theme()).tick;
+    if (tick == Tick::none)
+        return;
+    requestTicks(row, row, tick == Tick::ticked ? Tick::unticked : Tick::ticked);
+    if (tick == Tick::unticked)
+        lastTicked = rows.idAt(row);
+}
+
+void RowListView::tickUpTo(int row) {
+    if (row < 0)
+        return;
+    const int anchor = lastTicked.isEmpty() ? -1 : rows.rowOf(lastTicked);
+    const int from = anchor < 0 ? row : anchor;
+    requestTicks(qMin(from, row), qMax(from, row), Tick::ticked);
+    lastTicked = rows.idAt(row);
+}
+
+void RowListView::requestTicks(int firstRow, int lastRow, Tick wanted) {
+    if (access != TickAccess::editable || lastRow < firstRow)
+        return;
+    QList<int> records;
+    for (int row = firstRow; row <= lastRow; ++row)
+        records += rows.recordAt(row);
+    emit ticksRequested(records, wanted);
+}
+
+void RowListView::contextMenuEvent(QContextMenuEvent *event) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
+    if (!index.isValid())
+        return;
+    const QPoint position = byKey ? viewport()->mapToGlobal(visualRect(index).bottomLeft()) : event->globalPos();
+    emit rowMenuRequested(index.row(), position);
+}
+
+/// The base class would make the first row current when none is, for example while the filter hides the current one.
+void RowListView::focusInEvent(QFocusEvent *event) {
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void RowListView::changeEvent(QEvent *event) {
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        applyTheme();
+}
+
+void RowListView::applyTheme() {
+    delegate.setTheme(themeFor(palette()));
+    viewport()->update();
+}
+
+void RowListView::reset() {
+    QListView::reset();
+    restore();
+}
+
+/// The current row first when it is in view, then the others from top to bottom.
+QList<RowListView::Anchor> RowListView::visibleAnchors() const {
+    QList<Anchor> visible;
+    const QModelIndex top = indexAt(QPoint(0, 0));
+    for (int row = top.row(); top.isValid() && row < rows.rowCount(); ++row) {
+        const QRect rect = visualRect(rows.index(row));
+        if (rect.top() >= viewport()->height())
+            break;
+        const Anchor anchor{rows.idAt(row), rect.top()};
+        visible.insert(anchor.id == current ? 0 : visible.size(), anchor);
+    }
+    return visible;
+}
+
+void RowListView::restore() {
+    const QScopedValueRollback silence(pace, Pace::silent);
+    doItemsLayout();
+    if (const int row = current.isEmpty() ? -1 : rows.rowOf(current); row >= 0)
+        selectionModel()->setCurrentIndex(rows.index(row), QItemSelectionModel::ClearAndSelect);
+    for (const Anchor &anchor : std::exchange(anchors, {})) {
+        const int row = rows.rowOf(anchor.id);
+        if (row < 0)
+            continue;
+        verticalScrollBar()->setValue(row * rowHeight(font()) - anchor.top);
+        return;
+    }
+}
+
+} // namespace kestor

@@ -1,0 +1,61 @@
+#include "ui/list/row_model.h"
+
+#include <algorithm>
+
+namespace kestor {
+
+int RowModel::rowCount(const QModelIndex &parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(shown.size());
+}
+
+QVariant RowModel::data(const QModelIndex &index, int role) const {
+    if (!index.isValid())
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        return idAt(index.row());
+    case Qt::AccessibleTextRole:
+        return accessibleText(pathRow(recordAt(index.row()), Theme()));
+    default:
+        return {};
+    }
+}
+
+void RowModel::setFilter(const ListFilter &wanted) {
+    if (wanted == currentFilter)
+        return;
+    const auto text = [this](int record) {
+        return recordId(record);
+    };
+    std::vector<int> matching = wanted.narrows(currentFilter) ? matchingRecords(wanted, shown, text)
+                                                              : matchingRecords(wanted, recordCount(), text);
+    if (matching == shown) {
+        currentFilter = wanted;
+        announceNewLook();
+        return;
+    }
+    beginResetModel();
+    currentFilter = wanted;
+    shown = std::move(matching);
+    endResetModel();
+}
+
+int RowModel::rowOf(const QString &id) const {
+    const auto found = std::find_if(shown.begin(), shown.end(), [&](int record) { return recordId(record) == id; });
+    return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
+}
+
+void RowModel::replaceRecords(const std::function<void()> &replace) {
+    beginResetModel();
+    replace();
+    shown = matchingRecords(currentFilter, recordCount(), [this](int record) { return recordId(record); });
+    endResetModel();
+}
+
+void RowModel::announceNewLook() {
+    if (!shown.empty())
+        emit dataChanged(index(0), index(rowCount() - 1));
+}
+
+} // namespace kestor

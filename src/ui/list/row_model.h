@@ -1,0 +1,49 @@
+#pragma once
+
+#include "ui/list/list_filter.h"
+#include "ui/list/path_row.h"
+
+#include <QAbstractListModel>
+
+#include <functional>
+#include <vector>
+
+namespace kestor {
+
+/// The rows of a list: an index vector over records, which a filter narrows. A subclass holds the records and says what
+/// each of them shows. "Record" counts all records, "row" those that the filter leaves.
+class RowModel : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    int rowCount(const QModelIndex &parent = {}) const final;
+    /// Display role: the record's identity; tooltip and accessible text hold all of the row.
+    QVariant data(const QModelIndex &index, int role) const final;
+
+    /// Narrows the rows. The same words in other blanks change nothing.
+    void setFilter(const ListFilter &wanted);
+    const ListFilter &filter() const { return currentFilter; }
+
+    int recordAt(int row) const { return shown.at(static_cast<std::size_t>(row)); }
+    QString idAt(int row) const { return recordId(recordAt(row)); }
+    /// The row that shows the record of this identity, -1 when none does. Linear.
+    int rowOf(const QString &id) const;
+
+    virtual int recordCount() const = 0;
+    virtual QString recordId(int record) const = 0;
+    virtual PathRow pathRow(int record, const Theme &theme) const = 0;
+
+protected:
+    /// Lets `replace` exchange the records within one reset.
+    void replaceRecords(const std::function<void()> &replace);
+    /// The same records look different.
+    void announceNewLook();
+
+private:
+    ListFilter currentFilter{};
+    std::vector<int> shown{};
+};
+
+} // namespace kestor
