@@ -1,0 +1,145 @@
+#include "support/app_fixture.h"
+#include "support/printers.h"
+#include "support/repositories.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+namespace {
+
+using testing::AppFixture;
+using testing::awaited;
+using testing::GitFixture;
+using testing::SvnFixture;
+using testing::TempTree;
+
+QStringList projectNames(const AppState &app) {
+    QStringList names;
+    for (const Project &project : app.projects.value())
+        names.append(project.name);
+    return names;
+}
+
+TEST(Projects, AddingASubfolderRegistersTheRootAndLoadsIt) {
+    SvnFixture repository;
+    repository.write(u"src/a.c"_s);
+    repository.commitAll(u"first"_s);
+    repository.write(u"src/a.c"_s, "changed\n");
+    AppFixture f;
+    f.user.chosenDirectory = repository.path(u"src"_s);
+    awaited(f.app.addExistingWorkingCopy());
+    ASSERT_EQ(f.app.projects.value().size(), 1);
+    const Project project = f.app.projects.value().first();
+    EXPECT_EQ(project, (Project{project.id, u"wc"_s, repository.path(), RepositoryKind::svn}));
+    EXPECT_EQ(f.app.selectedProjectID.value(), project.id);
+    EXPECT_EQ(f.rows(), (QStringList{u"*M src/a.c"_s}));
+    EXPECT_EQ(f.user.asked, (QStringList{u"directory Add Working Copy"_s}));
+    EXPECT_EQ(ProjectStore(f.settings).load(), f.app.projects.value());
+}
+
+TEST(Projects, AFolderOfNeitherKindIsRefusedInOneSentence) {
+    const TempTree folder;
+    AppFixture f;
+    bool busyWhenAlerted = true;
+    const auto watching = f.app.alert.addNotifier([&] { busyWhenAlerted = f.app.busyMessage.value().has_value(); });
+    f.user.chosenDirectory = folder.path();
+    awaited(f.app.addExistingWorkingCopy());
+    EXPECT_EQ(f.alertText(),
+              u"Could Not Add Project: No SVN working copy or Git repository was found at "_s + folder.path() + u'.');
+    EXPECT_FALSE(busyWhenAlerted);
+    EXPECT_TRUE(f.app.projects.value().isEmpty());
+}
+
+TEST(Projects, AWorkingCopyInsideAGitRepositoryIsSubversion) {
+    SvnFixture repository;
+    testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, repository.tree.path());
+    AppFixture f;
+    EXPECT_EQ(awaited(f.app.detectRepository(repository.path())).kind, RepositoryKind::svn);
+    EXPECT_EQ(awaited(f.app.detectRepository(repository.tree.path())),
+              (DetectedRepository{repository.tree.path(), RepositoryKind::git}));
+}
+
+TEST(Projects, DroppedFoldersAreAddedInOrderAndTheLastIsSelected) {
+    TempTree tree;
+    QStringList paths;
+    for (const QString &name : {u"b"_s, u"a10"_s, u"A"_s, u"a9"_s}) {
+        tree.makeDirectory(name);
+        testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, tree.path(name));
+        paths.append(tree.path(name));
+    }
+    paths.insert(1, tree.path());
+    AppFixture f;
+    awaited(f.app.addWorkingCopies(paths));
+    EXPECT_EQ(projectNames(f.app), (QStringList{u"A"_s, u"a9"_s, u"a10"_s, u"b"_s}));
+    EXPECT_EQ(f.app.selectedProject()->name, u"a9"_s);
+    EXPECT_TRUE(f.alertText().startsWith(u"Could Not Add Project"_s));
+}
+
+TEST(Projects, AddingAKnownFolderSelectsItAndUpdatesItsKind) {
+    GitFixture repository;
+    AppFixture f;
+    f.open(repository.path(), RepositoryKind::git);
+    const QUuid id = f.app.projects.value().first().id;
+    awaited(f.app.addProject(repository.path() + u"/../wc/."_s, RepositoryKind::svn));
+    ASSERT_EQ(f.app.projects.value().size(), 1);
+    EXPECT_EQ(f.app.projects.value().first().id, id);
+    // The refresh that follows sees what the folder really is.
+    EXPECT_EQ(f.app.projects.value().first().kind, RepositoryKind::git);
+    EXPECT_EQ(ProjectStore(f.settings).load(), f.app.projects.value());
+}
+
+TEST(Projects, AFolderThatChangedItsKindIsFollowedQuietly) {
+    SvnFixture repository;
+    AppFixture f;
+    f.open(repository.path(), RepositoryKind::svn);
+    QDir(repository.path(u".svn"_s)).removeRecursively();
+    testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, repository.path());
+    repository.write(u"new.txt"_s);
+    awaited(f.app.refreshAll());
+    EXPECT_EQ(f.app.selectedProject()->kind, RepositoryKind::git);
+    EXPECT_EQ(f.rows(), (QStringList{u"? new.txt"_s}));
+    EXPECT_EQ(f.alertText(), QString());
+}
+
+TEST(Projects, RemovingAsksFirstAndNeverTouchesTheFolder) {
+    GitFixture repository;
+    repository.write(u"kept.txt"_s);
+    AppFixture f;
+    f.open(repository.path(), RepositoryKind::git);
+    f.user.confirms = false;
+    awaited(f.app.removeSelectedProject());
+    EXPECT_EQ(f.app.projects.value().size(), 1);
+    f.user.confirms = true;
+    awaited(f.app.removeSelectedProject());
+    EXPECT_EQ(f.user.asked.last(), u"confirm Remove Project: Remove wc from the project list? The working copy on disk "
+                                   "will not be deleted."_s);
+    EXPECT_TRUE(f.app.projects.value().isEmpty());
+    EXPECT_EQ(f.app.selectedProjectID.value(), std::nullopt);
+    EXPECT_TRUE(f.app.changes.value().isEmpty());
+    EXPECT_TRUE(repository.tree.exists(u"wc/kept.txt"_s));
+}
+
+TEST(Projects, TheFolderIsOpenedOrItsAbsenceTold) {
+    GitFixture repository;
+    AppFixture f;
+    awaited(f.app.openFinder());
+    EXPECT_EQ(f.alertText(), u"No Project Selected: Choose a project first."_s);
+    f.open(repository.path(), RepositoryKind::git);
+    awaited(f.app.openBoth());
+    EXPECT_EQ(f.user.asked, (QStringList{u"terminal "_s + repository.path(), u"file manager "_s + repository.path()}));
+    f.user.fileManagerWorks = false;
+    awaited(f.app.openFinder());
+    EXPECT_EQ(f.alertText(),
+              u"Open Finder Failed: "_s + repository.path() + u" could not be opened in the file manager."_s);
+    QDir(repository.path()).removeRecursively();
+    awaited(f.app.openTerminal());
+    EXPECT_EQ(f.alertText(),
+              u"Project Folder Missing: "_s + repository.path() + u" does not exist or is not a folder."_s);
+}
+
+} // namespace
+} // namespace kestor

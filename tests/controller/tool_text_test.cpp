@@ -1,0 +1,29 @@
+#include "controller/svn_target.h"
+#include "controller/tool_text.h"
+#include "support/printers.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+namespace {
+
+TEST(ToolText, OneBadByteCostsOnlyItsOwnLineTheUnicode) {
+    EXPECT_EQ(toolText("gr\xC3\xBC\xC3\x9F"
+                       "e\n"),
+              u"grüße\n"_s);
+    EXPECT_EQ(toolText("gr\xC3\xBCn\nM\xFCller\n\nend"), u"grün\nMüller\n\nend"_s);
+    EXPECT_EQ(toolText("\xFF"), u"ÿ"_s);
+    EXPECT_EQ(toolText(""), QString());
+}
+
+TEST(SvnTarget, HidesPegRevisionsAndOptions) {
+    EXPECT_EQ(svnTarget(u"src/a.c"_s), u"src/a.c"_s);
+    EXPECT_EQ(svnTarget(u"icon@2x.png"_s), u"icon@2x.png@"_s);
+    EXPECT_EQ(svnTarget(u"-r@1"_s), u"./-r@1@"_s);
+    EXPECT_EQ(svnTarget(u"a/-b"_s), u"a/-b"_s);
+}
+
+} // namespace
+} // namespace kestor

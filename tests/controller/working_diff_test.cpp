@@ -1,0 +1,65 @@
+#include "controller/working_diff.h"
+#include "support/printers.h"
+#include "support/temp_tree.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+namespace {
+
+using testing::TempTree;
+
+TEST(WorkingDiff, NamesTheTarget) {
+    EXPECT_EQ(workingDiffArguments(RepositoryKind::svn, u"icon@2x.png"_s, u"HEAD"_s),
+              (QStringList{u"diff"_s, u"icon@2x.png@"_s}));
+    EXPECT_EQ(workingDiffArguments(RepositoryKind::svn, std::nullopt, u"HEAD"_s), (QStringList{u"diff"_s}));
+    EXPECT_EQ(workingDiffArguments(RepositoryKind::git, u"icon@2x.png"_s, u"HEAD"_s),
+              (QStringList{u"diff"_s, u"HEAD"_s, u"--"_s, u"icon@2x.png"_s}));
+    EXPECT_EQ(workingDiffArguments(RepositoryKind::git, std::nullopt, u"4b82"_s),
+              (QStringList{u"diff"_s, u"4b82"_s, u"--"_s}));
+}
+
+TEST(WorkingDiff, SaysWhyAnUnversionedPathHasNoDiff) {
+    TempTree tree;
+    tree.makeDirectory(u"folder"_s);
+    tree.write(u"latin1.txt"_s, "M\xFCller\n");
+    tree.write(u"empty"_s, "");
+    tree.write(u"text.txt"_s, "one\r\ntwo");
+    ASSERT_EQ(mkfifo(qPrintable(tree.path(u"pipe"_s)), 0600), 0);
+    const QString rule(67, u'=');
+    struct Row {
+        const char *path;
+        QString text;
+    };
+    const Row rows[] = {
+        {"gone", u"(file not found)"_s},
+        {"folder", u"(unversioned directory)"_s},
+        {"latin1.txt", u"(binary or unreadable file)"_s},
+        {"pipe", u"(binary or unreadable file)"_s},
+        {"empty",
+         u"Index: empty\n"_s + rule + u"\n--- empty\t(nonexistent)\n+++ empty\t(working copy)\n@@ -0,0 +1,0 @@"_s},
+        {"text.txt",
+         u"Index: text.txt\n"_s + rule +
+             u"\n--- text.txt\t(nonexistent)\n+++ text.txt\t(working copy)\n@@ -0,0 +1,1 @@\n+one\r\ntwo"_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.path);
+        EXPECT_EQ(unversionedDiff(QString::fromUtf8(row.path), tree.path()).text, row.text);
+    }
+}
+
+TEST(WorkingDiff, BelievesTheToolsWordsAboutBinaryFiles) {
+    const DiffPreview notice{DiffPreviewKind::binary, u"a.bin"_s, {}, u"Unknown file type."_s, {}, {}};
+    EXPECT_EQ(loadedDiff(u"a.bin"_s, "Index: a.bin\nCannot display: file marked as a binary type.\n", "").preview,
+              notice);
+    EXPECT_EQ(loadedDiff(u"a.bin"_s, "Binary files a/a.bin and b/a.bin differ\n", "").preview, notice);
+    EXPECT_EQ(loadedDiff(u"a.bin"_s, "", "svn: Cannot display it\n").preview, notice);
+    EXPECT_EQ(loadedDiff(u"a.c"_s, "\r\n\n", "svn: not a working copy\n"),
+              (LoadedDiff{u"(no text diff)"_s, DiffPreview()}));
+}
+
+} // namespace
+} // namespace kestor

@@ -1,0 +1,35 @@
+#include "support/scripted_user.h"
+
+using namespace Qt::StringLiterals;
+
+namespace kestor::testing {
+
+QCoro::Task<bool> ScriptedUser::confirm(QString title, QString message) {
+    asked.append(u"confirm "_s + title + u": "_s + message);
+    co_return confirms;
+}
+
+QCoro::Task<std::optional<QMap<QString, QString>>> ScriptedUser::prompt(QString title, QList<PromptField> fields) {
+    QStringList labels;
+    for (const PromptField &field : std::as_const(fields))
+        labels.append(field.label + u'=' + field.value);
+    asked.append(u"prompt "_s + title + u": "_s + labels.join(u", "_s));
+    co_return promptAnswer;
+}
+
+QCoro::Task<std::optional<QString>> ScriptedUser::chooseDirectory(QString title) {
+    asked.append(u"directory "_s + title);
+    co_return chosenDirectory;
+}
+
+QCoro::Task<bool> ScriptedUser::openInFileManager(QString directory) {
+    asked.append(u"file manager "_s + directory);
+    co_return fileManagerWorks;
+}
+
+QCoro::Task<TerminalResult> ScriptedUser::openTerminal(QString directory) {
+    asked.append(u"terminal "_s + directory);
+    co_return terminalResult;
+}
+
+} // namespace kestor::testing

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "controller/user_interaction.h"
+
+#include <QStringList>
+
+namespace kestor::testing {
+
+/// Answers every question at once from what the test set, and keeps what was asked.
+class ScriptedUser final : public UserInteraction {
+public:
+    bool confirms = true;
+    std::optional<QMap<QString, QString>> promptAnswer{};
+    std::optional<QString> chosenDirectory{};
+    bool fileManagerWorks = true;
+    TerminalResult terminalResult{};
+
+    QStringList asked{}; ///< "confirm TITLE: MESSAGE", "directory TITLE", "file manager PATH", ...
+
+    QCoro::Task<bool> confirm(QString title, QString message) override;
+    QCoro::Task<std::optional<QMap<QString, QString>>> prompt(QString title, QList<PromptField> fields) override;
+    QCoro::Task<std::optional<QString>> chooseDirectory(QString title) override;
+    QCoro::Task<bool> openInFileManager(QString directory) override;
+    QCoro::Task<TerminalResult> openTerminal(QString directory) override;
+};
+
+} // namespace kestor::testing
