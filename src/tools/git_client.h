@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tools/child_process.h"
 #include "tools/tool.h"
 
 namespace kestor {
@@ -9,6 +10,10 @@ class GitClient final : public Tool {
 public:
     QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
                                       RunPurpose purpose = RunPurpose::userCommand) override;
+    void stop() override { children.stop(); }
+
+private:
+    ChildProcesses children;
 };
 
 } // namespace kestor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tools/child_process.h"
 #include "tools/tool.h"
 
 #include <QSettings>
@@ -14,9 +15,11 @@ public:
 
     QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
                                       RunPurpose purpose = RunPurpose::userCommand) override;
+    void stop() override { children.stop(); }
 
 private:
     QSettings &defaults;
+    ChildProcesses children;
 };
 
 } // namespace kestor

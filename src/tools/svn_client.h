@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/executable_search.h"
+#include "tools/child_process.h"
 #include "tools/tool.h"
 
 #include <QSettings>
@@ -16,11 +16,13 @@ public:
 
     QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
                                       RunPurpose purpose = RunPurpose::userCommand) override;
+    void stop() override { children.stop(); }
     /// How the executable is named to the user: the preference, else the path found, else "svn from PATH".
     QString displayExecutable() const;
 
 private:
     QSettings &defaults;
+    ChildProcesses children;
 };
 
 } // namespace kestor

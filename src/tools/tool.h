@@ -31,6 +31,11 @@ public:
     /// it exits non-zero. There is no time-out.
     virtual QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
                                               RunPurpose purpose = RunPurpose::userCommand) = 0;
+
+    /// For closing: asks every running child to end (SIGTERM, so that it removes its locks) without waiting for it.
+    /// Whoever awaits a run has resumed with a launchFailed error before this returns, and so does every later run
+    /// at once. An owner whose workflows use its members calls this first in its destructor.
+    virtual void stop() {}
 };
 
 } // namespace kestor

@@ -1,0 +1,42 @@
+#include "tools/child_environment.h"
+
+#include <algorithm>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+#ifdef Q_OS_MACOS
+constexpr QStringView untranslatedLocale = u"C";
+#else
+// With plain "C", svn refuses every path and message that is not ASCII.
+constexpr QStringView untranslatedLocale = u"C.UTF-8";
+#endif
+
+void appendGitConfiguration(QProcessEnvironment &environment, const QString &key, const QString &value) {
+    const int count = std::max(0, environment.value(u"GIT_CONFIG_COUNT"_s).toInt());
+    const QString index = QString::number(count);
+    environment.insert(u"GIT_CONFIG_KEY_"_s + index, key);
+    environment.insert(u"GIT_CONFIG_VALUE_"_s + index, value);
+    environment.insert(u"GIT_CONFIG_COUNT"_s, QString::number(count + 1));
+}
+
+} // namespace
+
+QProcessEnvironment childEnvironment(QProcessEnvironment inherited) {
+    inherited.insert(u"LC_ALL"_s, untranslatedLocale.toString());
+    // Only the locale "C" itself makes the C library ignore this; with "C.UTF-8" it would translate the messages.
+    inherited.remove(u"LANGUAGE"_s);
+    return inherited;
+}
+
+QProcessEnvironment gitChildEnvironment(QProcessEnvironment inherited, RunPurpose purpose) {
+    QProcessEnvironment environment = childEnvironment(std::move(inherited));
+    appendGitConfiguration(environment, u"core.quotePath"_s, u"false"_s);
+    if (purpose == RunPurpose::backgroundRead)
+        environment.insert(u"GIT_OPTIONAL_LOCKS"_s, u"0"_s);
+    return environment;
+}
+
+} // namespace kestor

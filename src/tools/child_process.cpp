@@ -1,0 +1,155 @@
+#include "tools/child_process.h"
+
+#include "tools/completion.h"
+#include "tools/shell_escaped.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
+
+#include <csignal>
+#include <unistd.h>
+#include <utility>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int signalStatusBase = 128;
+
+SVNClientError couldNotLaunch(const QString &displayName, const QString &reason) {
+    return SVNClientError::launchFailed(u"Could not launch %1: %2"_s.arg(displayName, reason));
+}
+
+/// Why the child cannot start, in words clearer than the system's; "" when nothing is seen to be in its way.
+QString launchObstacle(const ChildCommand &command) {
+    const QFileInfo executable(command.executable);
+    if (!executable.exists())
+        return u"The file does not exist."_s;
+    if (executable.isDir())
+        return u"It is a folder, not a program."_s;
+    if (!executable.isExecutable())
+        return u"The file is not executable."_s;
+    if (command.directory.isEmpty())
+        return {};
+    const QFileInfo directory(command.directory);
+    if (!directory.exists())
+        return u"The folder %1 does not exist."_s.arg(command.directory);
+    if (!directory.isDir())
+        return u"%1 is not a folder."_s.arg(command.directory);
+    if (!directory.isExecutable())
+        return u"The folder %1 cannot be opened."_s.arg(command.directory);
+    return {};
+}
+
+} // namespace
+
+/// One started child. Lives in the frame of the coroutine that waits for its end.
+class ChildProcesses::Child final : public QProcess {
+public:
+    explicit Child(const ChildCommand &command);
+    /// A running child was told to end by `stop` and gets the time to clean up: QProcess would kill it.
+    ~Child() override { setProcessState(NotRunning); }
+    Q_DISABLE_COPY_MOVE(Child)
+
+    void stop();
+    bool wasStopped() const { return stopped; }
+    bool failedToStart() const { return startError; }
+    /// The system's words only: QProcess puts the name of the system call before them.
+    QString launchError() const { return errorString().section(u": "_s, -1); }
+    SVNCommandResult takeResult();
+
+    Completion end;
+
+private:
+    void connectSignals();
+
+    SVNCommandResult result;
+    bool stopped = false;
+    bool startError = false;
+};
+
+ChildProcesses::Child::Child(const ChildCommand &command) {
+    result.commandLine = shellEscaped(QStringList(command.executable) + command.arguments);
+    // An absolute path, because QProcess looks up a bare name in PATH and the child starts in another folder.
+    setProgram(QFileInfo(command.executable).absoluteFilePath());
+    setArguments(command.arguments);
+    setWorkingDirectory(command.directory);
+    setProcessEnvironment(command.environment);
+    setInputChannelMode(ForwardedInputChannel);
+    setChildProcessModifier([] { ::setsid(); });
+    connectSignals();
+    start(ReadOnly);
+}
+
+void ChildProcesses::Child::connectSignals() {
+    connect(this, &QProcess::readyReadStandardOutput, this,
+            [this] { result.stdoutData.append(readAllStandardOutput()); });
+    connect(this, &QProcess::readyReadStandardError, this,
+            [this] { result.stderrData.append(readAllStandardError()); });
+    connect(this, &QProcess::errorOccurred, this,
+            [this](ProcessError error) { startError = startError || error == FailedToStart; });
+    // Queued: what waits for the end destroys this object, which must not happen inside QProcess's own functions.
+    connect(
+        this, &QProcess::stateChanged, this,
+        [this](ProcessState state) {
+            if (state == NotRunning)
+                end.complete();
+        },
+        Qt::QueuedConnection);
+}
+
+void ChildProcesses::Child::stop() {
+    stopped = true;
+    // To the whole group, as Ctrl+C in a terminal would: a tool's own children end with it.
+    if (const qint64 id = processId(); id > 0 && ::kill(-static_cast<pid_t>(id), SIGTERM) != 0)
+        terminate();
+    end.complete();
+}
+
+SVNCommandResult ChildProcesses::Child::takeResult() {
+    result.stdoutData.append(readAllStandardOutput());
+    result.stderrData.append(readAllStandardError());
+    result.status = exitStatus() == CrashExit ? signalStatusBase + exitCode() : exitCode();
+    return std::move(result);
+}
+
+/// Keeps a child in the list of those that `stop` ends.
+class ChildProcesses::Registration {
+public:
+    Registration(QList<Child *> &list, Child *member) : children(list), child(member) { children.append(child); }
+    ~Registration() { children.removeOne(child); }
+    Q_DISABLE_COPY_MOVE(Registration)
+
+private:
+    QList<Child *> &children;
+    Child *child;
+};
+
+QCoro::Task<SVNCommandResult> ChildProcesses::run(ChildCommand command, CheckStatus check) {
+    if (stopped)
+        throw couldNotLaunch(command.displayName, u"The application is closing."_s);
+    if (const QString obstacle = launchObstacle(command); !obstacle.isEmpty())
+        throw couldNotLaunch(command.displayName, obstacle);
+
+    Child child(command);
+    const Registration registration(running, &child);
+    co_await child.end;
+    if (child.wasStopped())
+        throw SVNClientError::launchFailed(u"%1 was stopped: The application is closing."_s.arg(command.displayName));
+    if (child.failedToStart())
+        throw couldNotLaunch(command.displayName, child.launchError());
+    SVNCommandResult result = child.takeResult();
+    if (check == CheckStatus::yes && result.status != 0)
+        throw SVNClientError::commandFailed(std::move(result));
+    co_return result;
+}
+
+void ChildProcesses::stop() {
+    stopped = true;
+    while (!running.isEmpty())
+        running.takeFirst()->stop();
+}
+
+} // namespace kestor

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "tools/command_result.h"
+#include "tools/tool.h"
+
+#include <QCoroTask>
+#include <QList>
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+
+namespace kestor {
+
+/// What to start, and how.
+struct ChildCommand {
+    QString executable{};  ///< a path; PATH is not searched
+    QString displayName{}; ///< how a failure names the executable
+    QStringList arguments{};
+    QString directory{}; ///< the working directory, "" for this process's own
+    QProcessEnvironment environment{};
+};
+
+/// The child processes of one tool. Each runs in a session of its own, so that nothing in it can prompt on a terminal;
+/// standard input is inherited. No thread waits for a child. Main thread only.
+class ChildProcesses {
+public:
+    ChildProcesses() = default;
+    /// Stops what still runs.
+    ~ChildProcesses() { stop(); }
+    Q_DISABLE_COPY_MOVE(ChildProcesses)
+
+    /// Starts a child and waits for its end; both its outputs are read completely. Throws as Tool::run does, with
+    /// "Could not launch NAME: REASON" when it does not start.
+    QCoro::Task<SVNCommandResult> run(ChildCommand command, CheckStatus check);
+    /// Ends all children as Tool::stop describes.
+    void stop();
+
+private:
+    class Child;
+    class Registration;
+
+    QList<Child *> running;
+    bool stopped = false;
+};
+
+} // namespace kestor

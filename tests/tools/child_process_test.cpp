@@ -1,0 +1,200 @@
+#include "support/awaited.h"
+#include "support/printers.h"
+#include "support/temp_tree.h"
+#include "tools/arguments.h"
+#include "tools/child_process.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <unistd.h>
+#include <vector>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::awaited;
+using testing::TempTree;
+using testing::waitUntil;
+
+ChildCommand shell(const QString &script) {
+    return {.executable = u"/bin/sh"_s,
+            .displayName = u"the shell"_s,
+            .arguments = args("-c", script),
+            .environment = QProcessEnvironment::systemEnvironment()};
+}
+
+SVNCommandResult runShell(const QString &script, const QString &directory = {}) {
+    ChildProcesses children;
+    ChildCommand command = shell(script);
+    command.directory = directory;
+    return awaited(children.run(command, CheckStatus::no));
+}
+
+QString failureOf(const ChildCommand &command, CheckStatus check = CheckStatus::yes) {
+    ChildProcesses children;
+    try {
+        awaited(children.run(command, check));
+    } catch (const SVNClientError &error) {
+        return error.errorDescription();
+    }
+    return u"(none)"_s;
+}
+
+TEST(ChildProcess, CollectsBothOutputsAndTheStatus) {
+    const SVNCommandResult expected{.commandLine =
+                                        uR"(/bin/sh -c 'printf '\''gr\303\266\337e'\''; echo oops >&2; exit 3')"_s,
+                                    .status = 3,
+                                    .stdoutData = "gr\303\266\337e",
+                                    .stderrData = "oops\n"};
+    EXPECT_EQ(runShell(uR"(printf 'gr\303\266\337e'; echo oops >&2; exit 3)"_s), expected);
+}
+
+TEST(ChildProcess, StatusOfEndsOtherThanExit) {
+    struct Row {
+        const char *name;
+        QString script;
+        int status;
+    };
+    const Row rows[] = {{"killed", u"kill -KILL $$"_s, 128 + SIGKILL},
+                        {"terminated after output", u"echo x; kill -TERM $$"_s, 128 + SIGTERM},
+                        {"plain end", u"true"_s, 0},
+                        {"highest exit status", u"exit 255"_s, 255}};
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(runShell(row.script).status, row.status);
+    }
+}
+
+TEST(ChildProcess, FloodOfErrorsDoesNotStallWhileOutputIsOpen) {
+    const SVNCommandResult result = runShell(u"head -c 300000 /dev/zero >&2; head -c 20000000 /dev/zero; echo end"_s);
+    EXPECT_EQ(result.stderrData.size(), 300000);
+    EXPECT_EQ(result.stdoutData.size(), 20000004);
+    EXPECT_TRUE(result.stdoutData.endsWith("end\n"));
+}
+
+TEST(ChildProcess, LaunchFailuresSayWhy) {
+    TempTree tree;
+    tree.makeDirectory(u"folder"_s);
+    tree.write(u"plain"_s);
+    tree.write(u"no-program"_s, "\177ELF garbage");
+    QFile::setPermissions(tree.path(u"no-program"_s), QFile::ReadOwner | QFile::ExeOwner);
+    struct Row {
+        const char *name;
+        QString executable;
+        QString directory;
+        QString reason;
+    };
+    const Row rows[] = {
+        {"missing", tree.path(u"none"_s), {}, u"The file does not exist."_s},
+        {"bare name that PATH has", u"sh"_s, {}, u"The file does not exist."_s},
+        {"folder", tree.path(u"folder"_s), {}, u"It is a folder, not a program."_s},
+        {"not executable", tree.path(u"plain"_s), {}, u"The file is not executable."_s},
+        {"garbage", tree.path(u"no-program"_s), {}, u"Exec format error"_s},
+        {"vanished directory", u"/bin/sh"_s, tree.path(u"gone"_s),
+         u"The folder %1 does not exist."_s.arg(tree.path(u"gone"_s))},
+        {"directory is a file", u"/bin/sh"_s, tree.path(u"plain"_s),
+         u"%1 is not a folder."_s.arg(tree.path(u"plain"_s))},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const ChildCommand command{.executable = row.executable, .displayName = u"X"_s, .directory = row.directory};
+        EXPECT_EQ(failureOf(command, CheckStatus::no), u"Could not launch X: "_s + row.reason);
+    }
+}
+
+TEST(ChildProcess, CheckedStatusThrowsTheResult) {
+    ChildProcesses children;
+    try {
+        awaited(children.run(shell(u"echo said; exit 2"_s), CheckStatus::yes));
+        FAIL() << "nothing thrown";
+    } catch (const SVNClientError &error) {
+        EXPECT_EQ(error.errorDescription(), u"said\n"_s);
+        ASSERT_NE(error.failedResult(), nullptr);
+        EXPECT_EQ(error.failedResult()->status, 2);
+    }
+}
+
+TEST(ChildProcess, RunsInTheGivenFolderAndEnvironment) {
+    TempTree tree;
+    tree.makeDirectory(u"größe"_s);
+    ChildProcesses children;
+    ChildCommand command = shell(u"pwd; echo $KESTOR_PROBE"_s);
+    command.directory = tree.path(u"größe"_s);
+    command.environment.insert(u"KESTOR_PROBE"_s, u"ä"_s);
+    EXPECT_EQ(awaited(children.run(command, CheckStatus::yes)).stdoutText(), command.directory + u"\nä\n"_s);
+}
+
+TEST(ChildProcess, HasASessionOfItsOwnAndTheInheritedInput) {
+    const QString script = u"ps -o sid= -p $$ | tr -d ' '; echo $$; readlink /proc/$$/fd/0"_s;
+    const QStringList lines = runShell(script).stdoutText().split(u'\n');
+    ASSERT_GE(lines.size(), 3);
+    EXPECT_EQ(lines[0], lines[1]);
+    EXPECT_EQ(lines[2], QFile::symLinkTarget(u"/proc/self/fd/0"_s));
+}
+
+TEST(ChildProcess, OverlappingChildrenRunAtTheSameTime) {
+    constexpr int count = 30;
+    TempTree tree;
+    // Each child waits for all others to have started, so the test ends only if none waits for another's end.
+    const QString script = u"touch $$; until [ $(ls | wc -l) -ge %1 ]; do sleep 0.05; done; echo $$"_s.arg(count);
+    ChildCommand command = shell(script);
+    command.directory = tree.path();
+    ChildProcesses children;
+    std::vector<QCoro::Task<SVNCommandResult>> tasks;
+    for (int i = 0; i < count; ++i)
+        tasks.push_back(children.run(command, CheckStatus::yes));
+    QStringList ids;
+    for (QCoro::Task<SVNCommandResult> &task : tasks)
+        ids.append(awaited(std::move(task)).stdoutText().trimmed());
+    ids.sort();
+    EXPECT_EQ(ids, tree.entries());
+}
+
+/// A workflow as its owner sees it: what it got from its run.
+QCoro::Task<> noteFailure(ChildProcesses *children, QString script, QStringList *failures) {
+    const ChildCommand command = shell(script);
+    try {
+        co_await children->run(command, CheckStatus::no);
+    } catch (const SVNClientError &error) {
+        failures->append(error.errorDescription());
+    }
+}
+
+TEST(ChildProcess, StopEndsTheWaitBeforeItReturnsAndLetsChildrenCleanUp) {
+    TempTree tree;
+    QStringList failures;
+    {
+        ChildProcesses children;
+        const QString script = u"trap 'echo > %1/cleaned; exit' TERM; echo > %1/ready; sleep 60 & echo $! > %1/nested; "
+                               "wait"_s.arg(tree.path());
+        noteFailure(&children, script, &failures);
+        ASSERT_TRUE(waitUntil([&] { return tree.read(u"nested"_s).endsWith('\n'); }));
+        noteFailure(&children, u"sleep 60"_s, &failures);
+        noteFailure(&children, u"exit 0"_s, &failures);
+        children.stop();
+        noteFailure(&children, u"exit 0"_s, &failures);
+        const QString stopped = u"the shell was stopped: The application is closing."_s;
+        EXPECT_EQ(failures, args(stopped, stopped, stopped, "Could not launch the shell: The application is closing."));
+    }
+    EXPECT_TRUE(waitUntil([&] { return tree.exists(u"cleaned"_s); }));
+    const pid_t nested = tree.read(u"nested"_s).trimmed().toInt();
+    EXPECT_TRUE(waitUntil([&] {
+        return ::kill(nested, 0) != 0 || runShell(u"ps -o stat= -p %1"_s.arg(nested)).stdoutData.startsWith('Z');
+    }));
+}
+
+TEST(ChildProcess, DestructionStopsToo) {
+    QStringList failures;
+    {
+        ChildProcesses children;
+        noteFailure(&children, u"sleep 60"_s, &failures);
+    }
+    EXPECT_EQ(failures.size(), 1);
+}
+
+} // namespace
+} // namespace kestor
