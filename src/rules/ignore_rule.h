@@ -27,12 +27,19 @@ public:
     bool matches(QStringView path, bool isDirectory) const;
     /// Whether the rule could match some path inside the normalised folder, or the folder itself.
     bool canMatchDescendant(QStringView directory) const;
+    /// A piece of every path that the rule matches and that has no line breaks.
+    GlobPiece requiredPiece() const;
 
 private:
     IgnoreRule() = default;
+    void compile();
     bool matchesPathPattern(QStringView relativePath, bool isDirectory) const;
+    bool matchesSomeName(QStringView relativePath, bool isDirectory) const;
 
     Glob glob{};
+    std::optional<Glob> folderGlob{}; ///< of a path pattern that ends with "/*": what stands before it
+    QString reach{};                  ///< the folder or path that holds all matches; "" for anywhere
+    bool reachIsLiteral = false;      ///< nothing but `reach`, and what is inside it, can match
 };
 
 } // namespace kestor

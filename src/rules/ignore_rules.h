@@ -1,22 +1,24 @@
 #pragma once
 
-#include "rules/ignore_rule.h"
+#include "rules/rule_index.h"
 
 #include <QList>
 #include <QString>
 #include <QStringList>
 #include <QStringView>
 
+#include <memory>
 #include <optional>
 
 namespace kestor {
 
 /// The patterns of the ignore files (".gitignore", then ".kestorignore") that can affect a set of paths, in the order
-/// in which they were read. The last rule that matches decides. A value; any thread.
+/// in which they were read. The last rule that matches decides. A value, cheap to copy; any thread.
 class IgnoreRules {
 public:
-    IgnoreRules() = default;
-    explicit IgnoreRules(QList<IgnoreRule> rules);
+    IgnoreRules() : IgnoreRules(RuleIndex()) {}
+    explicit IgnoreRules(const QList<IgnoreRule> &rules);
+    explicit IgnoreRules(RuleIndex rules) : index(std::make_shared<const RuleIndex>(std::move(rules))) {}
 
     /// Reads the ignore files of the folders on the way to `candidatePaths` (root-relative) below `root` (absolute).
     /// Unreadable and non-UTF-8 files are skipped.
@@ -29,10 +31,10 @@ public:
 
     static QString normalizePath(QStringView path);
 
-    const QList<IgnoreRule> &list() const { return rules; }
+    const QList<IgnoreRule> &list() const { return index->list(); }
 
 private:
-    QList<IgnoreRule> rules;
+    std::shared_ptr<const RuleIndex> index;
 };
 
 } // namespace kestor

@@ -13,14 +13,19 @@ namespace kestor {
 /// Whether unversioned folders are replaced by the unversioned files inside them.
 enum class ExpandUnversioned : std::uint8_t { no, yes };
 
+/// The rows of the Changes list: statusItemsByApplyingIgnoreRules() with ignoreRulesForStatusItems(), but each folder
+/// and each ignore file is read once for both steps. `root` is absolute. Reads the disk; worker threads.
+QList<WorkingCopyItem> statusRows(const QList<WorkingCopyItem> &items, const QString &root, ExpandUnversioned expand);
+
 /// The rules that decide about `items` of the project at `root` (absolute), those inside unversioned folders included
 /// when they are expanded. Reads the disk; worker threads.
 IgnoreRules ignoreRulesForStatusItems(const QList<WorkingCopyItem> &items, const QString &root,
                                       ExpandUnversioned expand);
 
-/// The rows of the Changes list: `items` less what the rules ignore, unversioned folders replaced by their displayable
-/// contents, without duplicates, in the localised standard order of their paths. A folder without displayable contents
-/// is shown as itself when it holds no entry that the rules ignore, else dropped. Reads the disk; worker threads.
+/// `items` less what the rules ignore, unversioned folders replaced by their displayable contents, without duplicates,
+/// in the localised standard order of their paths. Ignored items stay when a negated rule brings them back. A folder
+/// without displayable contents is shown as itself when it holds no entry that the rules ignore, else dropped. Reads
+/// the disk; worker threads.
 QList<WorkingCopyItem> statusItemsByApplyingIgnoreRules(const QList<WorkingCopyItem> &items, const QString &root,
                                                         const IgnoreRules &rules, ExpandUnversioned expand);
 

@@ -9,8 +9,20 @@ namespace kestor {
 
 // Working-copy paths are relative to the project root and "/"-separated; the root is "". Any thread.
 
+/// The ignore files of a folder. Where both exist, rules of the second decide over those of the first.
+inline constexpr QStringView gitIgnoreName = u".gitignore";
+inline constexpr QStringView kestorIgnoreName = u".kestorignore";
+
 /// `path` without empty and "." pieces. ".." is not resolved.
 QString normalizedPath(QStringView path);
+/// The same for a string: a path that needs no change is shared, not copied.
+QString normalizedPath(const QString &path);
+
+/// Whether normalizedPath() would change nothing.
+bool isNormalizedPath(QStringView path);
+
+/// The absolute path of a working-copy path below `root`.
+QString absolutePath(QStringView path, const QString &root);
 
 /// The normalised path of `absolutePath` below `root` ("" for the root itself); nothing when it lies outside. Both are
 /// cleaned of "." and ".." first; links are not resolved.
@@ -19,7 +31,7 @@ std::optional<QString> repositoryRelativePath(const QString &absolutePath, const
 /// Whether the absolute path exists and is a folder (links are followed).
 bool isDirectory(const QString &absolutePath);
 
-/// Whether the working-copy path exists below `root` and is a folder.
+/// Whether the working-copy path exists below `root` and is a folder (links are followed).
 bool workingCopyPathIsDirectory(QStringView path, const QString &root);
 
 /// True for ".svn" and ".git", which no walk lists or enters.

@@ -1,0 +1,80 @@
+#include "rules/working_copy_paths.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <sys/stat.h>
+
+namespace kestor {
+
+namespace {
+
+bool isDroppedPiece(QStringView piece) {
+    return piece.isEmpty() || piece == u".";
+}
+
+} // namespace
+
+bool isNormalizedPath(QStringView path) {
+    if (path.isEmpty())
+        return true;
+    for (const QStringView piece : path.tokenize(u'/')) {
+        if (isDroppedPiece(piece))
+            return false;
+    }
+    return true;
+}
+
+QString normalizedPath(QStringView path) {
+    QString result;
+    result.reserve(path.size());
+    for (const QStringView piece : path.tokenize(u'/')) {
+        if (isDroppedPiece(piece))
+            continue;
+        if (!result.isEmpty())
+            result.append(u'/');
+        result.append(piece);
+    }
+    return result;
+}
+
+QString normalizedPath(const QString &path) {
+    return isNormalizedPath(path) ? path : normalizedPath(QStringView(path));
+}
+
+QString absolutePath(QStringView path, const QString &root) {
+    QString result;
+    result.reserve(root.size() + 1 + path.size());
+    return result.append(root).append(u'/').append(path);
+}
+
+std::optional<QString> repositoryRelativePath(const QString &absolutePath, const QString &root) {
+    const QString path = QDir::cleanPath(absolutePath);
+    const QString cleanRoot = QDir::cleanPath(root);
+    if (path == cleanRoot)
+        return QString();
+    const QString prefix = cleanRoot.endsWith(u'/') ? cleanRoot : cleanRoot + u'/';
+    if (!path.startsWith(prefix))
+        return std::nullopt;
+    return normalizedPath(QStringView(path).sliced(prefix.size()));
+}
+
+bool isDirectory(const QString &absolutePath) {
+    struct stat status {};
+    return ::stat(QFile::encodeName(absolutePath).constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
+bool workingCopyPathIsDirectory(QStringView path, const QString &root) {
+    return isDirectory(absolutePath(path, root));
+}
+
+bool isRepositoryMetadataName(QStringView name) {
+    return name == u".svn" || name == u".git";
+}
+
+QString ignoreFileURL(const QString &root) {
+    const QString gitIgnore = absolutePath(gitIgnoreName, root);
+    return QFile::exists(gitIgnore) ? gitIgnore : absolutePath(kestorIgnoreName, root);
+}
+
+} // namespace kestor
