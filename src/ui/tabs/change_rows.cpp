@@ -1,0 +1,71 @@
+#include "ui/tabs/change_rows.h"
+
+#include "controller/commit_selection.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+namespace kestor {
+
+namespace {
+
+bool isConflict(const WorkingCopyItem &item) {
+    return item.treeConflict || item.kind == SVNStatusKind::conflicted ||
+           item.propertiesKind == SVNStatusKind::conflicted;
+}
+
+} // namespace
+
+PathRow changeRow(const WorkingCopyItem &item, Tick tick, const Theme &theme) {
+    return {.tick = tick,
+            .badge = badgeFor(item, theme),
+            .path = item.path,
+            .label = statusLabel(item),
+            .labelKind = isConflict(item) ? LabelKind::conflict : LabelKind::plain};
+}
+
+QString tickedText(const TickCounts &counts, const QLocale &locale) {
+    if (counts.tickable == 0)
+        return {};
+    const QString text =
+        QStringLiteral("%1 of %2 ticked").arg(locale.toString(counts.ticked), locale.toString(counts.tickable));
+    const int hidden = counts.ticked - counts.shownTicked;
+    return hidden == 0 ? text : text + QStringLiteral(", %1 not shown").arg(locale.toString(hidden));
+}
+
+void ChangeRows::publish(const QList<WorkingCopyItem> &published) {
+    if (items != published)
+        replaceRecords([&] { items = published; });
+}
+
+void ChangeRows::setTicked(const QSet<QString> &paths) {
+    ticked = paths;
+    announceNewLook();
+}
+
+Tick ChangeRows::tickOf(const WorkingCopyItem &item) const {
+    if (!isCommittable(item))
+        return Tick::none;
+    return ticked.contains(item.path) ? Tick::ticked : Tick::unticked;
+}
+
+PathRow ChangeRows::pathRow(int record, const Theme &theme) const {
+    const WorkingCopyItem &item = items.at(record);
+    return changeRow(item, tickOf(item), theme);
+}
+
+TickCounts ChangeRows::tickCounts() const {
+    TickCounts counts;
+    for (const WorkingCopyItem &item : items) {
+        counts.tickable += isCommittable(item) ? 1 : 0;
+        counts.ticked += tickOf(item) == Tick::ticked ? 1 : 0;
+    }
+    for (int row = 0; row < rowCount(); ++row) {
+        const Tick tick = tickOf(items.at(recordAt(row)));
+        counts.shownTickable += tick == Tick::none ? 0 : 1;
+        counts.shownTicked += tick == Tick::ticked ? 1 : 0;
+    }
+    return counts;
+}
+
+} // namespace kestor
