@@ -38,8 +38,10 @@ AppState::AppState(QSettings &settings, UserInteraction &interaction, Tools comm
 }
 
 AppState::~AppState() {
-    tools = {};
-    // Operations hold on to this object: let them run into the missing tools and end.
+    closing = true;
+    for (const std::shared_ptr<Tool> &tool : {tools.svn, tools.svnAdmin, tools.git})
+        tool->stop();
+    // What reads on a worker, or waits for an answer, still holds on to this object.
     const QDeadlineTimer deadline(10000);
     while (!operations.isIdle() && !deadline.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 10);
@@ -85,7 +87,7 @@ QCoro::Task<> AppState::reporting(QString title, QCoro::Task<> work, std::functi
     } catch (const SVNClientError &error) {
         failure = error;
     }
-    if (failure && tools.svn && (!isRelevant || isRelevant()))
+    if (failure && !closing && (!isRelevant || isRelevant()))
         showError(title, *failure);
 }
 
@@ -108,10 +110,7 @@ std::optional<QString> AppState::selectedProjectDirectory() {
 }
 
 std::shared_ptr<Tool> AppState::toolFor(RepositoryKind kind) const {
-    const std::shared_ptr<Tool> &tool = kind == RepositoryKind::svn ? tools.svn : tools.git;
-    if (!tool)
-        throw SVNClientError::launchFailed(u"The program is closing."_s);
-    return tool;
+    return kind == RepositoryKind::svn ? tools.svn : tools.git;
 }
 
 bool AppState::isCurrent(const Project &project, quint64 generation, quint64 latest) const {

@@ -113,7 +113,6 @@ private:
     std::optional<Project> requiredProject();
     /// The folder of the selected project; nothing after an alert when there is none or it is gone.
     std::optional<QString> selectedProjectDirectory();
-    /// The tool of a kind. Throws SVNClientError while the state is going away.
     std::shared_ptr<Tool> toolFor(RepositoryKind kind) const;
 
     QCoro::Task<> registerDetected(QString directory, std::optional<QUuid> *id);
@@ -148,6 +147,7 @@ private:
     LanguageConfigurationStore languageConfigurationStore;
     BusyState busy{busyMessage};
     RunningOperations operations;
+    bool closing = false;
     QThreadPool workers;
     QSet<QString> knownPaths;            ///< rows whose ticks the user may have set
     QHash<QString, QString> gitOldNames; ///< old names of renamed rows of `changes`
