@@ -1,0 +1,5 @@
+export interface Line {
+  article: string;
+  price: number;
+  quantity: number;
+}

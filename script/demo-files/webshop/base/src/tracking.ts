@@ -1,0 +1,3 @@
+export function trackClick(name: string): void {
+  navigator.sendBeacon("/click", name);
+}

@@ -1,0 +1,1 @@
+export const colors = ["rouge", "bleu", "vert foncé"];

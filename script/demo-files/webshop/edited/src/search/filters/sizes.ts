@@ -1,0 +1,1 @@
+export const sizes = ["S", "M", "L"];

@@ -1,0 +1,5 @@
+export const methods = ["card", "twint", "invoice"];
+
+export function defaultMethod(): string {
+  return methods[0];
+}

@@ -1,0 +1,5 @@
+export const methods = ["card", "invoice", "transfer"];
+
+export function defaultMethod(): string {
+  return methods[0];
+}
