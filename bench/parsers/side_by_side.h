@@ -2,16 +2,29 @@
 
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <chrono>
 #include <limits>
+#include <sys/resource.h>
+#include <time.h>
 
 namespace kestor {
 
+/// Processor time of this process and of the children it has waited for. Unlike elapsed time it hardly depends on
+/// what else the machine does, and everything measured here runs on one thread.
+inline double processorSeconds() {
+    timespec own{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &own);
+    rusage children{};
+    getrusage(RUSAGE_CHILDREN, &children);
+    return static_cast<double>(own.tv_sec + children.ru_utime.tv_sec + children.ru_stime.tv_sec) +
+           static_cast<double>(own.tv_nsec) / 1e9 +
+           static_cast<double>(children.ru_utime.tv_usec + children.ru_stime.tv_usec) / 1e6;
+}
+
 template <typename Work>
 double secondsOf(const Work &work) {
-    const auto start = std::chrono::steady_clock::now();
+    const double start = processorSeconds();
     work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    return processorSeconds() - start;
 }
 
 /// Runs `baseline` and `measured` in turn, so that both see the same machine, and reports the best time of each and

@@ -30,8 +30,8 @@ public:
             revision = attributes.integer("revision");
             entry = LogEntry();
         } else if (element == Element::path) {
-            pathAction = attributes.text("action").value_or(QString());
-            pathKind = attributes.text("kind");
+            pathAction = attributes.text("action", actions).value_or(QString());
+            pathKind = attributes.text("kind", kinds);
         }
     }
 
@@ -45,7 +45,7 @@ private:
     void endKnownElement(Element element, std::string_view text) {
         switch (element) {
         case Element::author:
-            entry.author = trimmedFromUtf8(text);
+            entry.author = authors.fromUtf8(text).trimmed();
             break;
         case Element::date:
             entry.date = dateFromISO8601(trimmedFromUtf8(text));
@@ -74,6 +74,9 @@ private:
     std::optional<qint64> revision;
     QString pathAction;
     std::optional<QString> pathKind;
+    RepeatedText actions;
+    RepeatedText kinds;
+    RepeatedText authors;
 };
 
 } // namespace

@@ -2,6 +2,8 @@
 #include "parsers/svn_xml_parsers.h"
 #include "parsers/svn_xml_reader.h"
 
+#include <QVarLengthArray>
+
 #include <utility>
 
 namespace kestor {
@@ -15,8 +17,12 @@ static_assert(elementNames.size() == static_cast<std::size_t>(Element::against) 
 
 /// The status that an attribute names: `missing` without the attribute, unknown for a word that is no status.
 SVNStatusKind statusKind(XmlAttributes attributes, std::string_view name, SVNStatusKind missing) {
-    const std::optional<QString> word = attributes.text(name);
-    return word ? statusKindFromRawValue(*word).value_or(SVNStatusKind::unknown) : missing;
+    const std::optional<std::string_view> utf8 = attributes.value(name);
+    if (!utf8)
+        return missing;
+    // The words of all statuses are ASCII, so a byte is a character of each that can match.
+    const QVarLengthArray<char16_t, 16> word(utf8->begin(), utf8->end());
+    return statusKindFromRawValue(QStringView(word)).value_or(SVNStatusKind::unknown);
 }
 
 /// Collects one item per entry. What both kinds of status output have in common; they differ in the element that
@@ -39,7 +45,7 @@ public:
     void endElement(std::string_view name, std::string_view text) override {
         const std::optional<Element> element = elementNamed<Element>(elementNames, name);
         if (element == Element::author)
-            item.author = trimmedFromUtf8(text);
+            item.author = authors.fromUtf8(text).trimmed();
         else if (element == Element::entry)
             endEntry();
     }
@@ -50,6 +56,7 @@ protected:
     virtual void startInEntry(Element element, XmlAttributes attributes) = 0;
 
     WorkingCopyItem item;
+    RepeatedText revisions;
 
 private:
     void startEntry(XmlAttributes attributes) {
@@ -68,6 +75,7 @@ private:
     SVNStatusKind unstatedKind; ///< of an entry without the element that carries the statuses
     bool hasPath = false;
     QList<WorkingCopyItem> items;
+    RepeatedText authors;
 };
 
 class LocalStatusHandler final : public StatusHandler {
@@ -80,7 +88,7 @@ private:
         case Element::wcStatus:
             item.kind = statusKind(attributes, "item", SVNStatusKind::unknown);
             item.propertiesKind = statusKind(attributes, "props", SVNStatusKind::none);
-            item.revision = attributes.text("revision");
+            item.revision = attributes.text("revision", revisions);
             break;
         case Element::treeConflict:
             item.treeConflict = true;
@@ -101,7 +109,7 @@ private:
     void startInEntry(Element element, XmlAttributes attributes) override {
         switch (element) {
         case Element::wcStatus:
-            item.revision = attributes.text("revision");
+            item.revision = attributes.text("revision", revisions);
             break;
         case Element::reposStatus:
             item.kind = statusKind(attributes, "item", SVNStatusKind::none);

@@ -49,6 +49,22 @@ void startDoctype(void *userData, const XML_Char *, const XML_Char *, const XML_
 
 } // namespace
 
+QString fromUtf8(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+QString trimmedFromUtf8(std::string_view utf8) {
+    return fromUtf8(utf8).trimmed();
+}
+
+const QString &RepeatedText::fromUtf8(std::string_view utf8) {
+    if (utf8 != lastUtf8) {
+        lastUtf8 = utf8;
+        last = kestor::fromUtf8(utf8);
+    }
+    return last;
+}
+
 std::optional<std::string_view> XmlAttributes::value(std::string_view name) const {
     for (const char *const *pair = namesAndValues; *pair != nullptr; pair += 2) {
         if (name == *pair)
@@ -60,6 +76,11 @@ std::optional<std::string_view> XmlAttributes::value(std::string_view name) cons
 std::optional<QString> XmlAttributes::text(std::string_view name) const {
     const std::optional<std::string_view> utf8 = value(name);
     return utf8 ? std::optional(fromUtf8(*utf8)) : std::nullopt;
+}
+
+std::optional<QString> XmlAttributes::text(std::string_view name, RepeatedText &shared) const {
+    const std::optional<std::string_view> utf8 = value(name);
+    return utf8 ? std::optional(shared.fromUtf8(*utf8)) : std::nullopt;
 }
 
 std::optional<qint64> XmlAttributes::integer(std::string_view name) const {
@@ -86,14 +107,6 @@ void readXml(QByteArrayView utf8, XmlHandler &handler) {
 
 QByteArray utf8OrEmpty(QStringView text) {
     return text.isValidUtf16() ? text.toUtf8() : QByteArray();
-}
-
-QString fromUtf8(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
-QString trimmedFromUtf8(std::string_view utf8) {
-    return fromUtf8(utf8).trimmed();
 }
 
 } // namespace kestor

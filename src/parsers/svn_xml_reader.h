@@ -13,6 +13,20 @@
 
 namespace kestor {
 
+QString fromUtf8(std::string_view utf8);
+QString trimmedFromUtf8(std::string_view utf8);
+
+/// Texts that mostly repeat the one before, such as authors and revisions: a repetition shares its characters, which
+/// saves an allocation and its memory for each row of a long list.
+class RepeatedText {
+public:
+    const QString &fromUtf8(std::string_view utf8);
+
+private:
+    std::string lastUtf8;
+    QString last;
+};
+
 /// The attributes of one element. Valid during the call that gets them.
 class XmlAttributes {
 public:
@@ -21,6 +35,7 @@ public:
 
     std::optional<std::string_view> value(std::string_view name) const;
     std::optional<QString> text(std::string_view name) const;
+    std::optional<QString> text(std::string_view name, RepeatedText &shared) const;
     /// Nothing when the attribute is missing or is no decimal integer.
     std::optional<qint64> integer(std::string_view name) const;
 
@@ -47,9 +62,6 @@ void readXml(QByteArrayView utf8, XmlHandler &handler);
 
 /// The UTF-8 form of `text`; empty when it has none because of a lone surrogate.
 QByteArray utf8OrEmpty(QStringView text);
-
-QString fromUtf8(std::string_view utf8);
-QString trimmedFromUtf8(std::string_view utf8);
 
 /// The enumerator whose name in `names` (in enum order) equals `name` exactly, or nothing.
 template <typename Element, std::size_t Size>

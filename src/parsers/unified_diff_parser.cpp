@@ -186,6 +186,7 @@ private:
             return;
         file.id = diff.files.size();
         file.source = source;
+        file.hunks.squeeze(); // growing leaves up to half of a long list unused
         diff.files.append(std::exchange(file, DiffFile()));
         inFile = false;
     }
