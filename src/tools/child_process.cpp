@@ -43,17 +43,15 @@ QString launchObstacle(const ChildCommand &command) {
     return {};
 }
 
-} // namespace
-
 /// One started child. Lives in the frame of the coroutine that waits for its end.
-class ChildProcesses::Child final : public QProcess {
+class Child final : public QProcess, public Stoppable {
 public:
     explicit Child(const ChildCommand &command);
     /// A running child was told to end by `stop` and gets the time to clean up: QProcess would kill it.
     ~Child() override { setProcessState(NotRunning); }
     Q_DISABLE_COPY_MOVE(Child)
 
-    void stop();
+    void stop() override;
     bool wasStopped() const { return stopped; }
     bool failedToStart() const { return startError; }
     /// The system's words only: QProcess puts the name of the system call before them.
@@ -70,7 +68,7 @@ private:
     bool startError = false;
 };
 
-ChildProcesses::Child::Child(const ChildCommand &command) {
+Child::Child(const ChildCommand &command) {
     result.commandLine = shellEscaped(QStringList(command.executable) + command.arguments);
     // An absolute path, because QProcess looks up a bare name in PATH and the child starts in another folder.
     setProgram(QFileInfo(command.executable).absoluteFilePath());
@@ -83,7 +81,7 @@ ChildProcesses::Child::Child(const ChildCommand &command) {
     start(ReadOnly);
 }
 
-void ChildProcesses::Child::connectSignals() {
+void Child::connectSignals() {
     connect(this, &QProcess::readyReadStandardOutput, this,
             [this] { result.stdoutData.append(readAllStandardOutput()); });
     connect(this, &QProcess::readyReadStandardError, this,
@@ -100,7 +98,7 @@ void ChildProcesses::Child::connectSignals() {
         Qt::QueuedConnection);
 }
 
-void ChildProcesses::Child::stop() {
+void Child::stop() {
     stopped = true;
     // To the whole group, as Ctrl+C in a terminal would: a tool's own children end with it.
     if (const qint64 id = processId(); id > 0 && ::kill(-static_cast<pid_t>(id), SIGTERM) != 0)
@@ -108,33 +106,23 @@ void ChildProcesses::Child::stop() {
     end.complete();
 }
 
-SVNCommandResult ChildProcesses::Child::takeResult() {
+SVNCommandResult Child::takeResult() {
     result.stdoutData.append(readAllStandardOutput());
     result.stderrData.append(readAllStandardError());
     result.status = exitStatus() == CrashExit ? signalStatusBase + exitCode() : exitCode();
     return std::move(result);
 }
 
-/// Keeps a child in the list of those that `stop` ends.
-class ChildProcesses::Registration {
-public:
-    Registration(QList<Child *> &list, Child *member) : children(list), child(member) { children.append(child); }
-    ~Registration() { children.removeOne(child); }
-    Q_DISABLE_COPY_MOVE(Registration)
-
-private:
-    QList<Child *> &children;
-    Child *child;
-};
+} // namespace
 
 QCoro::Task<SVNCommandResult> ChildProcesses::run(ChildCommand command, CheckStatus check) {
-    if (stopped)
+    if (running.isStopped())
         throw couldNotLaunch(command.displayName, u"The application is closing."_s);
     if (const QString obstacle = launchObstacle(command); !obstacle.isEmpty())
         throw couldNotLaunch(command.displayName, obstacle);
 
     Child child(command);
-    const Registration registration(running, &child);
+    const Running::Entry entry(running, &child);
     co_await child.end;
     if (child.wasStopped())
         throw SVNClientError::launchFailed(u"%1 was stopped: The application is closing."_s.arg(command.displayName));
@@ -144,12 +132,6 @@ QCoro::Task<SVNCommandResult> ChildProcesses::run(ChildCommand command, CheckSta
     if (check == CheckStatus::yes && result.status != 0)
         throw SVNClientError::commandFailed(std::move(result));
     co_return result;
-}
-
-void ChildProcesses::stop() {
-    stopped = true;
-    while (!running.isEmpty())
-        running.takeFirst()->stop();
 }
 
 } // namespace kestor

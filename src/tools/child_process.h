@@ -1,10 +1,10 @@
 #pragma once
 
 #include "tools/command_result.h"
+#include "tools/running.h"
 #include "tools/tool.h"
 
 #include <QCoroTask>
-#include <QList>
 #include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
@@ -24,23 +24,14 @@ struct ChildCommand {
 /// standard input is inherited. No thread waits for a child. Main thread only.
 class ChildProcesses {
 public:
-    ChildProcesses() = default;
-    /// Stops what still runs.
-    ~ChildProcesses() { stop(); }
-    Q_DISABLE_COPY_MOVE(ChildProcesses)
-
     /// Starts a child and waits for its end; both its outputs are read completely. Throws as Tool::run does, with
     /// "Could not launch NAME: REASON" when it does not start.
     QCoro::Task<SVNCommandResult> run(ChildCommand command, CheckStatus check);
-    /// Ends all children as Tool::stop describes.
-    void stop();
+    /// Ends all children as Tool::stop describes; so does the destructor.
+    void stop() { running.stop(); }
 
 private:
-    class Child;
-    class Registration;
-
-    QList<Child *> running;
-    bool stopped = false;
+    Running running;
 };
 
 } // namespace kestor

@@ -4,7 +4,6 @@
 #include "tools/arguments.h"
 #include "tools/child_process.h"
 
-#include <QElapsedTimer>
 #include <QFile>
 
 #include <csignal>
@@ -164,27 +163,27 @@ QCoro::Task<> noteFailure(ChildProcesses *children, QString script, QStringList 
     }
 }
 
+bool hasEnded(pid_t process) {
+    const QByteArray state = runShell(u"ps -o stat= -p %1"_s.arg(process)).stdoutData;
+    return state.isEmpty() || state.startsWith('Z');
+}
+
 TEST(ChildProcess, StopEndsTheWaitBeforeItReturnsAndLetsChildrenCleanUp) {
     TempTree tree;
     QStringList failures;
-    {
-        ChildProcesses children;
-        const QString script = u"trap 'echo > %1/cleaned; exit' TERM; echo > %1/ready; sleep 60 & echo $! > %1/nested; "
-                               "wait"_s.arg(tree.path());
-        noteFailure(&children, script, &failures);
-        ASSERT_TRUE(waitUntil([&] { return tree.read(u"nested"_s).endsWith('\n'); }));
-        noteFailure(&children, u"sleep 60"_s, &failures);
-        noteFailure(&children, u"exit 0"_s, &failures);
-        children.stop();
-        noteFailure(&children, u"exit 0"_s, &failures);
-        const QString stopped = u"the shell was stopped: The application is closing."_s;
-        EXPECT_EQ(failures, args(stopped, stopped, stopped, "Could not launch the shell: The application is closing."));
-    }
+    ChildProcesses children;
+    tree.write(u"child"_s, "trap 'touch cleaned; exit' TERM; sh nested & wait");
+    tree.write(u"nested"_s, "echo $$ > id; exec sleep 60");
+    noteFailure(&children, u"cd %1; . ./child"_s.arg(tree.path()), &failures);
+    ASSERT_TRUE(waitUntil([&] { return tree.read(u"id"_s).endsWith('\n'); }));
+    noteFailure(&children, u"exit 0"_s, &failures);
+
+    children.stop();
+    noteFailure(&children, u"exit 0"_s, &failures);
+    const QString stopped = u"the shell was stopped: The application is closing."_s;
+    EXPECT_EQ(failures, args(stopped, stopped, "Could not launch the shell: The application is closing."));
     EXPECT_TRUE(waitUntil([&] { return tree.exists(u"cleaned"_s); }));
-    const pid_t nested = tree.read(u"nested"_s).trimmed().toInt();
-    EXPECT_TRUE(waitUntil([&] {
-        return ::kill(nested, 0) != 0 || runShell(u"ps -o stat= -p %1"_s.arg(nested)).stdoutData.startsWith('Z');
-    }));
+    EXPECT_TRUE(waitUntil([&] { return hasEnded(tree.read(u"id"_s).trimmed().toInt()); }));
 }
 
 TEST(ChildProcess, DestructionStopsToo) {
