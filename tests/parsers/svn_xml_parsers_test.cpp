@@ -1,0 +1,205 @@
+#include "parsers/svn_xml_parsers.h"
+#include "printed_records.h"
+#include "support/printers.h"
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+namespace {
+
+using testing::printed;
+
+QString statusOf(const char *path, const char *wcStatus, const char *more = "") {
+    return u"<entry path='%1'>%2%3</entry>"_s.arg(QLatin1StringView(path), QLatin1StringView(wcStatus),
+                                                  QLatin1StringView(more));
+}
+
+TEST(StatusParserTest, readsEntries) {
+    struct Row {
+        const char *name;
+        QString text;
+        QStringList expected;
+    };
+    const Row rows[] = {
+        {"an entry without a status is unknown and kept", statusOf("a", ""), {u"a unknown none - -"_s}},
+        {"without item it is unknown, without props none",
+         statusOf("a", "<wc-status revision='3'/>"),
+         {u"a unknown none 3 -"_s}},
+        {"words are matched exactly",
+         statusOf("a", "<wc-status item='Modified' props='obstruct'/>"),
+         {u"a unknown unknown - -"_s}},
+        {"a non-ASCII word is no status",
+         statusOf("a", "<wc-status item='modifi&#233;d' props='none'/>"),
+         {u"a unknown none - -"_s}},
+        {"changed properties keep an entry",
+         statusOf("a", "<wc-status item='normal' props='modified'/>"),
+         {u"a normal modified - -"_s}},
+        {"nothing changed drops it",
+         statusOf("a", "<wc-status item='normal' props='none'/>") +
+             statusOf("b", "<wc-status item='none' props='normal'/>"),
+         {}},
+        {"a tree conflict keeps it",
+         statusOf("a", "<wc-status item='none' props='none'><tree-conflict victim='a'/></wc-status>"),
+         {u"a none none - - tree-conflict"_s}},
+        {"nothing is carried over to the next entry",
+         statusOf("a", "<wc-status item='modified' props='conflicted' "
+                       "revision='7'><tree-conflict/><author>me</author></wc-status>") +
+             statusOf("b", "<wc-status item='added'/>"),
+         {u"a modified conflicted 7 me tree-conflict"_s, u"b added none - -"_s}},
+        {"an entry without a path is dropped", u"<entry><wc-status item='added'/></entry>"_s, {}},
+        {"text restarts at every tag",
+         statusOf("a", "<wc-status item='added'><author>x<b>y</b> z\n</author></wc-status>"),
+         {u"a added none - z"_s}},
+        {"character references and CDATA are text",
+         statusOf("a&amp;b&#x2d;c", "<wc-status item='added'><author>&lt;<![CDATA[<x>]]></author></wc-status>"),
+         {u"a&b-c added none - <<x>"_s}},
+        {"in the order of a file manager",
+         statusOf("file10.txt", "") + statusOf("file2.txt", "") + statusOf("File1.txt", ""),
+         {u"File1.txt unknown none - -"_s, u"file2.txt unknown none - -"_s, u"file10.txt unknown none - -"_s}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(printed(StatusParser::parse(u"<status><target path='.'>%1</target></status>"_s.arg(row.text))),
+                  row.expected);
+    }
+}
+
+TEST(StatusParserTest, keepsWhatCameBeforeAnError) {
+    struct Row {
+        const char *name;
+        QString text;
+        QStringList expected;
+    };
+    const QString entry = statusOf("a", "<wc-status item='added'/>");
+    const Row rows[] = {
+        {"empty", {}, {}},
+        {"no XML", u"svn: E155007: '/tmp' is not a working copy\n"_s, {}},
+        {"cut within an entry",
+         u"<status>"_s + entry + u"<entry path='b'><wc-status item='mod"_s,
+         {u"a added none - -"_s}},
+        {"wrong end tag", u"<status>"_s + entry + u"</target>"_s + entry, {u"a added none - -"_s}},
+        {"a second document",
+         u"<status>"_s + entry + u"</status><status>"_s + entry + u"</status>"_s,
+         {u"a added none - -"_s}},
+        {"undeclared entity", u"<status>"_s + entry + u"&x;"_s + entry, {u"a added none - -"_s}},
+        {"document type declaration",
+         u"<!DOCTYPE s [<!ENTITY a 'xx'><!ENTITY b '&a;&a;'>]><status>"_s + entry + u"&b;</status>"_s,
+         {}},
+        {"lone surrogate", u"<status>"_s + entry + QChar(0xD800) + u"</status>"_s, {}},
+        {"null character", u"<status>"_s + entry + QChar(0) + entry + u"</status>"_s, {u"a added none - -"_s}},
+        {"a declared encoding does not matter",
+         u"<?xml version='1.0' encoding='ISO-8859-1'?><status>"_s + entry + u"</status>"_s,
+         {u"a added none - -"_s}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(printed(StatusParser::parse(row.text)), row.expected);
+    }
+    EXPECT_EQ(
+        printed(StatusParser::parse(QByteArrayView("<s><entry path='gr\xc3\xb6\xc3\x9f'/><entry path='\xff'/></s>"))),
+        QStringList({u"größ unknown none - -"_s}));
+}
+
+TEST(RemoteStatusParserTest, readsWhatTheRepositoryWouldChange) {
+    const QString entries =
+        u"<entry path='b'><wc-status item='modified' props='modified' revision='4'><author> me </author></wc-status>"
+        "<repos-status item='modified' props='none'/></entry>"
+        "<entry path='local'><wc-status item='modified' props='modified'><tree-conflict/></wc-status></entry>"
+        "<entry path='same'><repos-status props='normal'/></entry>"
+        "<entry path='a'><repos-status item='renamed'/></entry>"
+        "<entry path='c'><repos-status item='none' props='modified'/></entry>"_s;
+    struct Row {
+        const char *name;
+        QString against;
+        std::optional<qint64> revision;
+    };
+    const Row rows[] = {
+        {"plain", u"<against revision='1300'/>"_s, 1300},
+        {"signs", u"<against revision='+17'/>"_s, 17},
+        {"negative", u"<against revision='-9223372036854775808'/>"_s, std::numeric_limits<qint64>::min()},
+        {"out of range", u"<against revision='9223372036854775808'/>"_s, std::nullopt},
+        {"blank at the end", u"<against revision='17 '/>"_s, std::nullopt},
+        {"two signs", u"<against revision='+-1'/>"_s, std::nullopt},
+        {"empty", u"<against revision=''/>"_s, std::nullopt},
+        {"the last one wins, even without a revision", u"<against revision='1'/><against/>"_s, std::nullopt},
+        {"none", {}, std::nullopt},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const RemoteStatus status = RemoteStatusParser::parse(u"<status>%1%2</status>"_s.arg(entries, row.against));
+        EXPECT_EQ(status.repositoryRevision, row.revision);
+        EXPECT_EQ(printed(status.items),
+                  QStringList({u"a unknown none - -"_s, u"b modified none 4 me"_s, u"c none modified - -"_s}));
+    }
+}
+
+TEST(LogParserTest, readsEntries) {
+    struct Row {
+        const char *name;
+        QString text;
+        QStringList expected;
+    };
+    const Row rows[] = {
+        {"highest revision first, equal ones in their order",
+         u"<logentry revision='5'/><logentry revision='9'><msg>a</msg></logentry><logentry revision='7'/>"
+         "<logentry revision='9'><msg>b</msg></logentry>"_s,
+         {u"9||-|a"_s, u"9||-|b"_s, u"7||-|"_s, u"5||-|"_s}},
+        {"no usable revision", u"<logentry revision='x'/><logentry/><logentry revision=''/>"_s, {}},
+        {"a message keeps its blanks and loses its line breaks",
+         u"<logentry revision='1'><author>\n me\t</author><msg>\n  fix\n\nmore \n\n</msg></logentry>"_s,
+         {u"1|me|-|  fix\n\nmore "_s}},
+        {"paths with and without attributes",
+         u"<logentry revision='1'><paths><path action='M' kind='file'>\n/a b </path><path>/c</path></paths></logentry>"_s,
+         {u"1||-||M /a b file| /c -"_s}},
+        {"dates with and without fraction, an unreadable one clears",
+         u"<logentry revision='3'><date>2024-05-01T10:20:30.5Z</date></logentry>"
+         "<logentry revision='2'><date> 2024-05-01T10:20:30Z\n</date></logentry>"
+         "<logentry revision='1'><date>2024-05-01T10:20:30Z</date><date>2024-05-01</date></logentry>"_s,
+         {u"3||2024-05-01T10:20:30.500Z|"_s, u"2||2024-05-01T10:20:30.000Z|"_s, u"1||-|"_s}},
+        {"nothing is carried over",
+         u"<logentry revision='2'><author>a</author><date>2024-05-01T10:20:30Z</date><msg>m</msg>"
+         "<paths><path action='A' kind='dir'>/x</path></paths></logentry><logentry revision='1'/>"_s,
+         {u"2|a|2024-05-01T10:20:30.000Z|m|A /x dir"_s, u"1||-|"_s}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(printed(LogParser::parse(u"<log>%1</log>"_s.arg(row.text))), row.expected);
+    }
+}
+
+TEST(InfoParserTest, readsFieldsByTheirSurroundings) {
+    struct Row {
+        const char *name;
+        QString text;
+        QStringList expected; ///< root, url, relative url, repository root, uuid, revisions, author, date
+    };
+    const Row rows[] = {
+        {"usual output",
+         u"<entry revision='15'><url> u </url><relative-url>^/t</relative-url><repository><root>r</root><uuid>i</uuid>"
+         "</repository><wc-info><wcroot-abspath>/w</wcroot-abspath></wc-info><commit revision='12'><author>me</author>"
+         "<date>2024-05-01T10:20:30.123456Z</date></commit></entry>"_s,
+         {u"/w"_s, u"u"_s, u"^/t"_s, u"r"_s, u"i"_s, u"12"_s, u"15"_s, u"12"_s, u"me"_s,
+          u"2024-05-01T10:20:30.123Z"_s}},
+        {"fields in the wrong place",
+         u"<entry><repository><url>u</url></repository><root>r</root><uuid>i</uuid><wcroot-abspath>w</wcroot-abspath>"
+         "<author>me</author><date>2024-05-01T10:20:30Z</date></entry>"_s,
+         QStringList(10, u"-"_s)},
+        {"a commit without a revision",
+         u"<entry revision='15'><commit/></entry>"_s,
+         {u"-"_s, u"-"_s, u"-"_s, u"-"_s, u"-"_s, u"15"_s, u"15"_s, u"-"_s, u"-"_s, u"-"_s}},
+        {"a later entry overwrites field by field",
+         u"<entry revision='15'><url>a</url><commit revision='12'><author>me</author></commit></entry>"
+         "<entry><url>b</url></entry>"_s,
+         {u"-"_s, u"b"_s, u"-"_s, u"-"_s, u"-"_s, u"-"_s, u"-"_s, u"12"_s, u"me"_s, u"-"_s}},
+        {"no XML", u"</info>"_s, QStringList(10, u"-"_s)},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(printed(InfoParser::parse(u"<info>%1</info>"_s.arg(row.text))), row.expected);
+    }
+}
+
+} // namespace
+} // namespace kestor
