@@ -1,0 +1,105 @@
+#include "model/language_configuration_store.h"
+#include "model/project_store.h"
+#include "support/printers.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+namespace {
+
+const QString projectsKey = u"KestorSVN.projects"_s;
+const QString rulesKey = u"KestorSVN.customLanguageRules"_s;
+
+/// Each settings() reads the file anew, as the next start of the program does.
+class StoresTest : public ::testing::Test {
+protected:
+    std::unique_ptr<QSettings> settings() {
+        return std::make_unique<QSettings>(directory.filePath(u"preferences.ini"_s), QSettings::IniFormat);
+    }
+
+    void setStored(const QString &key, const QVariant &value) { settings()->setValue(key, value); }
+    QVariant stored(const QString &key) { return settings()->value(key); }
+
+    QTemporaryDir directory;
+};
+
+TEST_F(StoresTest, listsSurviveARestartInTheirOrder) {
+    const QList<Project> projects{{QUuid::createUuid(), u"b"_s, u"/größe/\"b\""_s, RepositoryKind::git},
+                                  {QUuid::createUuid(), u"a"_s, u"/a"_s, RepositoryKind::svn}};
+    const QList<CustomLanguageRule> rules{{QUuid::createUuid(), u"zig"_s, u"Zig"_s, u"#fff"_s, u"/x"_s},
+                                          {QUuid::createUuid(), u"v"_s, u"V"_s, u""_s, std::nullopt}};
+    {
+        const auto preferences = settings();
+        EXPECT_EQ(ProjectStore(*preferences).load(), QList<Project>());
+        EXPECT_EQ(LanguageConfigurationStore(*preferences).load(), QList<CustomLanguageRule>());
+        ProjectStore(*preferences).save(projects);
+        LanguageConfigurationStore(*preferences).save(rules);
+    }
+    const auto preferences = settings();
+    EXPECT_EQ(ProjectStore(*preferences).load(), projects);
+    EXPECT_EQ(LanguageConfigurationStore(*preferences).load(), rules);
+    EXPECT_EQ(stored(projectsKey).typeId(), QMetaType::QByteArray);
+    EXPECT_EQ(preferences->allKeys(), QStringList({rulesKey, projectsKey}));
+}
+
+TEST_F(StoresTest, readsOldAndForeignValues) {
+    struct Row {
+        const char *name;
+        QVariant value;
+        qsizetype projects;
+    };
+    const QByteArray good = R"({"id":"7d2f1c54-0D4B-4B8E-9F7A-0123456789AB","name":"n","path":"/p"})";
+    const Row rows[] = {
+        {"no kind", QByteArray('[' + good + ']'), 1},
+        {"an element without a path",
+         QByteArray('[' + good + R"(,{"id":"7D2F1C54-0D4B-4B8E-9F7A-0123456789AC","name":"n"}])"), 0},
+        {"an unknown kind",
+         QByteArray(R"([{"id":"7D2F1C54-0D4B-4B8E-9F7A-0123456789AB","name":"n","path":"p","kind":"cvs"}])"), 0},
+        {"a malformed id", QByteArray(R"([{"id":"7D2F1C54","name":"n","path":"p"}])"), 0},
+        {"an element that is no object", QByteArray('[' + good + ",3]"), 0},
+        {"no array", good, 0},
+        {"no JSON", QByteArray("[{"), 0},
+        {"a text instead of bytes", QString(u"[]"_s), 0},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        setStored(projectsKey, row.value);
+        const auto preferences = settings();
+        const QList<Project> projects = ProjectStore(*preferences).load();
+        EXPECT_EQ(projects.size(), row.projects);
+        for (const Project &project : projects)
+            EXPECT_EQ(project.kind, RepositoryKind::svn);
+    }
+}
+
+TEST_F(StoresTest, aRuleNeedsItsFourTexts) {
+    const QByteArray rule =
+        R"({"id":"7D2F1C54-0D4B-4B8E-9F7A-0123456789AB","fileExtension":"z","languageName":"Z","colorHex":"#fff"})";
+    for (const char *key : {"id", "fileExtension", "languageName", "colorHex"}) {
+        SCOPED_TRACE(key);
+        setStored(rulesKey, QByteArray('[' + rule + ']'));
+        EXPECT_EQ(LanguageConfigurationStore(*settings()).load().size(), 1);
+        setStored(rulesKey, QByteArray('[' + QByteArray(rule).replace(key, "other") + ']'));
+        EXPECT_TRUE(LanguageConfigurationStore(*settings()).load().isEmpty());
+    }
+}
+
+TEST_F(StoresTest, keepsBytesThatDoNotDecodeBeforeTheyAreOverwritten) {
+    const QList<Project> first{{QUuid::createUuid(), u"a"_s, u"/a"_s, RepositoryKind::svn}};
+    setStored(projectsKey, QByteArray("[{\"lost\":1}]"));
+    setStored(rulesKey, QByteArray("{"));
+    ProjectStore(*settings()).save(first);
+    LanguageConfigurationStore(*settings()).save({});
+    EXPECT_EQ(stored(projectsKey + u".unreadable"_s), QByteArray("[{\"lost\":1}]"));
+    EXPECT_EQ(stored(rulesKey + u".unreadable"_s), QByteArray("{"));
+    ProjectStore(*settings()).save({});
+    EXPECT_EQ(ProjectStore(*settings()).load(), QList<Project>());
+    EXPECT_EQ(stored(projectsKey + u".unreadable"_s), QByteArray("[{\"lost\":1}]"));
+}
+
+} // namespace
+} // namespace kestor
