@@ -1,0 +1,39 @@
+#pragma once
+
+#include "controller/app_state.h"
+
+#include <QStringView>
+
+#include <cstdint>
+#include <span>
+
+namespace kestor {
+
+/// The operations that stand in the menu bar.
+enum class Command : std::uint8_t {
+    addExistingWorkingCopy,
+    removeProject,
+    openTerminal,
+    openFinder,
+    openBoth,
+    refreshStatus,
+    info,
+};
+
+/// One item of the menu bar.
+struct CommandRow {
+    /// Whether a line stands above the item.
+    enum class Place : std::uint8_t { follows, beginsGroup };
+
+    Command command;
+    QStringView menu; ///< without its mnemonic
+    QStringView label;
+    QStringView shortcut; ///< "" for none
+    Place place;
+    QCoro::Task<> (AppState::*operation)();
+};
+
+/// All items, by menu and in the order shown.
+std::span<const CommandRow> commandTable();
+
+} // namespace kestor

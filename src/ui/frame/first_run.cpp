@@ -1,0 +1,128 @@
+#include "ui/frame/first_run.h"
+
+#include "ui/frame/accent_button.h"
+#include "ui/frame/commands.h"
+#include "ui/frame/icon_label.h"
+#include "ui/look/icons.h"
+#include "ui/look/metrics.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace kestor {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int frameWidth = 560;
+constexpr int frameEdge = 40;
+constexpr int tileSide = 64;
+constexpr int buttonWidth = 320;
+constexpr int buttonHeight = 36;
+constexpr int textWidth = 440;
+
+/// A command as a wide button, its name at the left and its shortcut at the right.
+class WayButton final : public AccentButton {
+public:
+    WayButton(QAction *shownAction, QWidget *parent) : AccentButton(shownAction->text(), parent), action(shownAction) {
+        setFixedSize(buttonWidth, buttonHeight);
+        connect(this, &QPushButton::clicked, action, &QAction::trigger);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        const Theme theme = themeFor(QApplication::palette());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QColor ground = isDown() ? mixed(theme.accent, theme.text, 0.2) : theme.accent;
+        if (hasFocus()) {
+            painter.setPen(QPen(theme.focusRing, 2));
+            painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 7, 7);
+        }
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(isEnabled() ? ground : theme.selectionIdle);
+        painter.drawRoundedRect(rect().adjusted(3, 3, -3, -3), 5, 5);
+        painter.setPen(isEnabled() ? theme.accentText : theme.disabled);
+        const QRect texts = rect().adjusted(16, 0, -16, 0);
+        painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter, text());
+        painter.setFont(smallFont(QApplication::font()));
+        painter.drawText(texts, Qt::AlignRight | Qt::AlignVCenter,
+                         action->shortcut().toString(QKeySequence::NativeText));
+    }
+
+private:
+    QAction *action;
+};
+
+/// The folder drawing on a rounded ground.
+class FolderTile final : public QWidget {
+public:
+    explicit FolderTile(QWidget *parent) : QWidget(parent) {
+        setFixedSize(tileSide, tileSide);
+        auto *layout = new QVBoxLayout(this);
+        layout->addWidget(new IconLabel(Icon::folder, Tone::muted, 32, this), 0, Qt::AlignCenter);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        const Theme theme = themeFor(palette());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(theme.separator);
+        painter.setBrush(theme.alternate);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 12, 12);
+    }
+};
+
+QFont largeFont(const QFont &font) {
+    return headingFont(headingFont(headingFont(font)));
+}
+
+} // namespace
+
+FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent), frame(new QWidget(this)) {
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
+    auto *heading = new ToneLabel(u"Add a project"_s, Tone::plain, frame);
+    heading->setFont(largeFont(font()));
+    auto *explanation = new QLabel(u"Drop a folder here, or choose one below. Subversion working copies and Git "
+                                   "repositories are recognized automatically."_s,
+                                   frame);
+    explanation->setForegroundRole(QPalette::PlaceholderText);
+    explanation->setWordWrap(true);
+    explanation->setAlignment(Qt::AlignCenter);
+    explanation->setFixedWidth(textWidth);
+    firstWay = new WayButton(commands.action(Command::addExistingWorkingCopy), frame);
+    auto *column = new QVBoxLayout(frame);
+    column->setContentsMargins(frameEdge, frameEdge, frameEdge, frameEdge);
+    column->setSpacing(gap);
+    column->addWidget(new FolderTile(frame), 0, Qt::AlignCenter);
+    column->addSpacing(12);
+    column->addWidget(heading, 0, Qt::AlignCenter);
+    column->addWidget(explanation, 0, Qt::AlignCenter);
+    column->addSpacing(12);
+    column->addWidget(firstWay, 0, Qt::AlignCenter);
+    frame->setFixedWidth(frameWidth);
+    auto *layout = new QVBoxLayout(this);
+    layout->addWidget(frame, 0, Qt::AlignCenter);
+}
+
+void FirstRun::paintEvent(QPaintEvent *) {
+    const Theme theme = themeFor(palette());
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPen pen(theme.outline, 2);
+    pen.setDashPattern({3, 2});
+    painter.setPen(pen);
+    painter.drawRoundedRect(frame->geometry().adjusted(1, 1, -1, -1), 10, 10);
+}
+
+void FirstRun::showEvent(QShowEvent *event) {
+    QWidget::showEvent(event);
+    firstWay->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace kestor

@@ -1,0 +1,193 @@
+#include "ui/frame/main_window.h"
+
+#include "ui/diff/diff_pane.h"
+#include "ui/diff/diff_view.h"
+#include "ui/frame/alert_presenter.h"
+#include "ui/frame/busy_display.h"
+#include "ui/frame/commands.h"
+#include "ui/frame/drop_target.h"
+#include "ui/frame/first_run.h"
+#include "ui/frame/output_sheet.h"
+#include "ui/frame/project_header.h"
+#include "ui/frame/sidebar.h"
+#include "ui/frame/tab_strip.h"
+#include "ui/look/line_splitter.h"
+#include "ui/look/placeholder.h"
+#include "ui/tabs/changes_tab.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QMenuBar>
+#include <QScreen>
+#include <QShortcut>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace kestor {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize defaultSize(1280, 800);
+constexpr QSize leastSize(900, 560);
+/// The output sheet opens no higher than this part of what it shares.
+constexpr double greatestSheetPart = 0.4;
+
+QList<QRect> screenAreas() {
+    QList<QRect> areas;
+    for (const QScreen *screen : QGuiApplication::screens())
+        areas.append(screen->availableGeometry());
+    return areas;
+}
+
+} // namespace
+
+MainWindow::MainWindow(AppState &shownState, QSettings &keptSettings)
+    : state(shownState), settings(keptSettings), commands(new Commands(state, this)),
+      columns(new LineSplitter(Qt::Horizontal, this)), sidebar(new Sidebar(state, *commands, columns)),
+      content(new QStackedWidget(columns)) {
+    setMinimumSize(leastSize);
+    commands->fill(*menuBar());
+    content->addWidget(projectView());
+    columns->setStretchFactor(1, 1);
+    setCentralWidget(columns);
+    connect(sidebar, &Sidebar::hideRequested, this, [this] { setSidebarHidden(true); });
+    connect(header, &ProjectHeader::sidebarRequested, this, [this] { setSidebarHidden(false); });
+    auto *drops = new DropTarget(
+        this, [this] { return !state.busyMessage.value() && QApplication::activeModalWidget() == nullptr; });
+    connect(drops, &DropTarget::dropped, this, [this](const QStringList &folders) { state.addWorkingCopies(folders); });
+    addShortcuts();
+    observeState();
+    restore(loadWindowState(settings));
+}
+
+QWidget *MainWindow::projectView() {
+    auto *view = new QWidget(content);
+    header = new ProjectHeader(state, *commands, view);
+    tabs = new TabStrip(state, view);
+    rows = new LineSplitter(Qt::Vertical, view);
+    pages = new QStackedWidget(rows);
+    changes = new ChangesTab(state, pages);
+    pages->addWidget(changes);
+    tabPages.insert(WorkflowTab::changes, changes);
+    auto *layout = new QVBoxLayout(view);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(header);
+    layout->addWidget(tabs);
+    layout->addWidget(rows, 1);
+    auto *busy = new BusyDisplay(state, content, tabs);
+    connect(busy, &BusyDisplay::phaseChanged, this, &MainWindow::showBusy);
+    return view;
+}
+
+void MainWindow::observeState() {
+    observers.watch(state.projects, [this] { showFirstRunOrProject(); });
+    observers.watch(state.selectedProjectID, [this] { showTitle(); });
+    observers.watch(state.selectedTab, [this] { showPage(); });
+    observers.watch(state.commandOutput, [this] { showOutput(); });
+    new AlertPresenter(state, this);
+}
+
+void MainWindow::showTitle() {
+    const std::optional<Project> project = state.selectedProject();
+    setWindowTitle(project ? project->name : u"KestorSVN"_s);
+}
+
+void MainWindow::showFirstRunOrProject() {
+    const bool empty = state.projects.value().isEmpty();
+    if (empty && firstRun == nullptr) {
+        firstRun = new FirstRun(*commands, content);
+        content->addWidget(firstRun);
+    }
+    content->setCurrentIndex(empty ? content->indexOf(firstRun) : 0);
+}
+
+void MainWindow::showPage() {
+    const WorkflowTab tab = state.selectedTab.value();
+    QWidget *&page = tabPages[tab];
+    if (page == nullptr) {
+        page = new Placeholder({rawValue(tab).toString(), u"Not available yet."_s, {}}, pages);
+        pages->addWidget(page);
+    }
+    pages->setCurrentWidget(page);
+}
+
+void MainWindow::showOutput() {
+    const std::optional<CommandOutput> output = state.commandOutput.value();
+    closeSheet->setEnabled(output.has_value());
+    if (!output) {
+        if (sheet != nullptr)
+            sheet->hide();
+        return;
+    }
+    if (sheet == nullptr) {
+        sheet = new OutputSheet(rows);
+        sheet->text().setTextSizeDelta(changes->diffPane().textSizeDelta());
+        connect(&changes->diffPane(), &DiffPane::textSizeDeltaChanged, &sheet->text(), &DiffView::setTextSizeDelta);
+        connect(sheet, &OutputSheet::closeRequested, closeSheet, &QShortcut::activated);
+        rows->setStretchFactor(0, 1);
+    }
+    sheet->setOutput(*output);
+    if (sheet->isHidden())
+        fitOutputSheet();
+}
+
+void MainWindow::fitOutputSheet() {
+    const int height = rows->height();
+    const int greatest = qMax(OutputSheet::leastHeight, static_cast<int>(height * greatestSheetPart));
+    const int sheetHeight = qBound(OutputSheet::leastHeight, sheet->wantedHeight(), greatest);
+    sheet->show();
+    rows->setSizes({height - sheetHeight, sheetHeight});
+}
+
+void MainWindow::showBusy(BusyPhase phase) {
+    QWidget *focused = focusWidget();
+    sidebar->showBusy(phase);
+    header->showBusy(phase);
+    if (phase == BusyPhase::dimmed && focused != nullptr && !focused->isEnabled()) {
+        heldFocus = focused;
+        setFocus(); // so that no other widget gets the keys meant for the disabled one
+    }
+    if (phase == BusyPhase::idle && heldFocus) {
+        if (focusWidget() == nullptr || focusWidget() == this)
+            heldFocus->setFocus();
+        heldFocus = nullptr;
+    }
+}
+
+void MainWindow::setSidebarHidden(bool hidden) {
+    sidebar->setVisible(!hidden);
+    header->setSidebarHidden(hidden);
+}
+
+void MainWindow::restore(const WindowState &saved) {
+    setSidebarHidden(saved.sidebarHidden);
+    changes->diffPane().setTextSizeDelta(saved.textSize);
+    columns->setSizes({saved.sidebarWidth, defaultSize.width() - saved.sidebarWidth});
+    changes->splitter().setSizes({saved.listWidth, defaultSize.width() - saved.sidebarWidth - saved.listWidth});
+    if (const std::optional<QRect> recovered = recoveredFrame(saved.frame, screenAreas()))
+        setGeometry(*recovered);
+    else if (!restoreGeometry(saved.geometry))
+        resize(defaultSize.boundedTo(screen()->availableSize()));
+}
+
+WindowState MainWindow::currentState() const {
+    WindowState current;
+    current.geometry = saveGeometry();
+    current.frame = frameGeometry();
+    current.sidebarHidden = sidebar->isHidden();
+    current.sidebarWidth = sidebar->width();
+    current.listWidth = changes->splitter().sizes().value(0);
+    current.textSize = changes->diffPane().textSizeDelta();
+    return current;
+}
+
+void MainWindow::closeEvent(QCloseEvent *event) {
+    saveWindowState(settings, currentState());
+    QMainWindow::closeEvent(event);
+}
+
+} // namespace kestor

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "controller/app_state.h"
+#include "ui/frame/busy_clock.h"
+#include "ui/frame/observers.h"
+#include "ui/frame/pane_cycle.h"
+#include "ui/frame/window_state.h"
+
+#include <QHash>
+#include <QMainWindow>
+#include <QPointer>
+
+class QShortcut;
+class QStackedWidget;
+
+namespace kestor {
+
+class ChangesTab;
+class Commands;
+class FirstRun;
+class LineSplitter;
+class OutputSheet;
+class ProjectHeader;
+class Sidebar;
+class TabStrip;
+
+/// The one window: sidebar, header, tabs with their pages, and the output sheet. It draws what the state publishes and
+/// calls its operations. Refreshes, output and running commands move neither focus nor selection.
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// Both must outlive the window, which is not shown yet and has started nothing.
+    MainWindow(AppState &state, QSettings &settings);
+
+    ChangesTab &changesTab() { return *changes; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    QWidget *projectView();
+    void observeState();
+    void restore(const WindowState &saved);
+    WindowState currentState() const;
+
+    void addShortcuts();
+    template <typename Slot>
+    QShortcut *addShortcut(const QKeySequence &keys, Slot slot);
+
+    void showTitle();
+    void showFirstRunOrProject();
+    void showPage();
+    void showOutput();
+    void fitOutputSheet();
+    void showBusy(BusyPhase phase);
+    void setSidebarHidden(bool hidden);
+    void findProject();
+    void focusFilter();
+    void turnToPane(Turn turn);
+
+    AppState &state;
+    QSettings &settings;
+    Commands *commands;
+    LineSplitter *columns;
+    Sidebar *sidebar;
+    QStackedWidget *content;
+    FirstRun *firstRun = nullptr;
+    ProjectHeader *header = nullptr;
+    TabStrip *tabs = nullptr;
+    LineSplitter *rows = nullptr;
+    QStackedWidget *pages = nullptr;
+    ChangesTab *changes = nullptr;
+    QHash<WorkflowTab, QWidget *> tabPages{}; ///< made when first shown
+    OutputSheet *sheet = nullptr;
+    QShortcut *closeSheet = nullptr;
+    QPointer<QWidget> heldFocus{}; ///< had the focus when its part was drawn disabled
+    Observers observers{};
+};
+
+} // namespace kestor

@@ -1,0 +1,81 @@
+#include "ui/diff/diff_pane.h"
+#include "ui/diff/diff_view.h"
+#include "ui/frame/commands.h"
+#include "ui/frame/main_window.h"
+#include "ui/frame/output_sheet.h"
+#include "ui/frame/pane_cycle.h"
+#include "ui/frame/sidebar.h"
+#include "ui/frame/tab_strip.h"
+#include "ui/tabs/changes_tab.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QShortcut>
+
+#include <utility>
+
+namespace kestor {
+
+namespace {
+
+// Shortcuts of commands that the menus do not show.
+constexpr std::pair<QKeyCombination, Command> commandKeys[] = {
+    {Qt::Key_F5, Command::refreshStatus},
+    {Qt::CTRL | Qt::Key_T, Command::openTerminal},
+    {Qt::CTRL | Qt::SHIFT | Qt::Key_O, Command::openFinder},
+};
+
+} // namespace
+
+template <typename Slot>
+QShortcut *MainWindow::addShortcut(const QKeySequence &keys, Slot slot) {
+    auto *shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, this, slot);
+    return shortcut;
+}
+
+void MainWindow::addShortcuts() {
+    for (const auto &[keys, command] : commandKeys)
+        addShortcut(keys, [action = commands->action(command)] { action->trigger(); });
+    for (int index = 0; index < tabs->count(); ++index)
+        addShortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + index), [this, index] { tabs->choose(index); });
+    addShortcut(Qt::CTRL | Qt::Key_PageUp, [this] { tabs->choose(tabs->currentIndex() - 1); });
+    addShortcut(Qt::CTRL | Qt::Key_PageDown, [this] { tabs->choose(tabs->currentIndex() + 1); });
+    addShortcut(Qt::CTRL | Qt::Key_B, [this] { setSidebarHidden(!sidebar->isHidden()); });
+    addShortcut(Qt::CTRL | Qt::Key_P, [this] { findProject(); });
+    addShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Up, [this] { sidebar->selectNeighbour(-1); });
+    addShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Down, [this] { sidebar->selectNeighbour(1); });
+    addShortcut(Qt::CTRL | Qt::Key_F, [this] { focusFilter(); });
+    addShortcut(Qt::Key_F6, [this] { turnToPane(Turn::forward); });
+    addShortcut(Qt::SHIFT | Qt::Key_F6, [this] { turnToPane(Turn::back); });
+    for (const Qt::Key plus : {Qt::Key_Plus, Qt::Key_Equal})
+        addShortcut(Qt::CTRL | plus,
+                    [this] { changes->diffPane().setTextSizeDelta(changes->diffPane().textSizeDelta() + 1); });
+    addShortcut(Qt::CTRL | Qt::Key_Minus,
+                [this] { changes->diffPane().setTextSizeDelta(changes->diffPane().textSizeDelta() - 1); });
+    addShortcut(Qt::CTRL | Qt::Key_0, [this] { changes->diffPane().setTextSizeDelta(0); });
+    closeSheet = addShortcut(Qt::Key_Escape, [this] { state.commandOutput = std::nullopt; });
+}
+
+void MainWindow::findProject() {
+    if (state.projects.value().isEmpty())
+        return;
+    setSidebarHidden(false);
+    sidebar->find();
+}
+
+void MainWindow::focusFilter() {
+    if (changes->isVisible())
+        changes->focusFilter();
+}
+
+void MainWindow::turnToPane(Turn turn) {
+    QList<QWidget *> panes{sidebar->list()};
+    panes += changes->focusPanes();
+    if (sheet != nullptr)
+        panes += &sheet->text();
+    if (QWidget *pane = nextPane(panes, focusWidget(), turn))
+        pane->setFocus(Qt::ShortcutFocusReason);
+}
+
+} // namespace kestor

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "ui/frame/project_rows.h"
+
+#include <QAbstractListModel>
+#include <QListView>
+#include <QStyledItemDelegate>
+
+#include <cstdint>
+
+namespace kestor {
+
+/// The rows of the sidebar.
+class ProjectListModel final : public QAbstractListModel {
+    Q_OBJECT
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    /// Equal rows change nothing.
+    void setRows(const QList<ProjectRow> &rows);
+    const ProjectRow &at(int row) const { return rows.at(row); }
+    /// The row of a project, -1 when it is not shown.
+    int rowOf(const QUuid &id) const;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+
+private:
+    QList<ProjectRow> rows{};
+};
+
+/// Paints a row: the name, bold when it is the selected project, its parent folder dimmed, the kind at the right.
+class ProjectDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+};
+
+/// The list of projects. A row that the user makes the current one is reported; one set by `showCurrent` is not.
+class ProjectListView final : public QListView {
+    Q_OBJECT
+
+public:
+    /// Whether the user can move to another row.
+    enum class Moving : std::uint8_t { allowed, held };
+
+    explicit ProjectListView(QWidget *parent);
+
+    ProjectListModel &rows() { return *model; }
+    void setMoving(Moving moving);
+    /// Makes the project's row the current one; none when it is not shown.
+    void showCurrent(const QUuid &id);
+
+signals:
+    void projectChosen(const QUuid &id);
+
+protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+
+private:
+    void reportChosen();
+
+    ProjectListModel *model;
+    class QTimer *settling; ///< while an arrow key repeats
+    Moving moving = Moving::allowed;
+    bool followsState = false; ///< a change of the current row does not come from the user
+    bool keyRepeats = false;
+};
+
+} // namespace kestor

@@ -1,0 +1,171 @@
+#include "ui/frame/sidebar.h"
+
+#include "ui/frame/commands.h"
+#include "ui/frame/flat_button.h"
+#include "ui/frame/project_list.h"
+#include "ui/frame/tone_label.h"
+#include "ui/look/icons.h"
+#include "ui/look/metrics.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPainter>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace kestor {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int leastWidth = 160;
+constexpr int greatestWidth = 360;
+constexpr int headHeight = 48;
+constexpr int footHeight = 40;
+
+} // namespace
+
+Sidebar::Sidebar(AppState &shownState, const Commands &commands, QWidget *parent)
+    : QWidget(parent), state(shownState), view(new ProjectListView(this)) {
+    setMinimumWidth(leastWidth);
+    setMaximumWidth(greatestWidth);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(head());
+    layout->addWidget(view, 1);
+    layout->addWidget(foot(commands));
+    connect(view, &ProjectListView::projectChosen, this, &Sidebar::select);
+    observers.watch(state.projects, [this] { showRows(); });
+    observers.watch(state.selectedProjectID, [this] { showRows(); });
+}
+
+QWidget *Sidebar::list() const {
+    return view;
+}
+
+QWidget *Sidebar::head() {
+    auto *bar = new QWidget(this);
+    bar->setFixedHeight(headHeight);
+    label = new ToneLabel(u"Projects"_s, Tone::muted, bar);
+    label->setFont(boldFont(smallFont(font())));
+    filter = new QLineEdit(bar);
+    filter->setPlaceholderText(u"Filter projects"_s);
+    filter->setAccessibleName(u"Filter projects"_s);
+    filter->setClearButtonEnabled(true);
+    filter->installEventFilter(this);
+    filter->hide();
+    search = flatButton(Icon::search, u"Find a project (Ctrl+P)"_s, bar);
+    auto *layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(paneEdge, 0, smallGap, 0);
+    layout->setSpacing(smallGap);
+    layout->addWidget(label);
+    layout->addWidget(filter, 1);
+    layout->addWidget(search, 0, Qt::AlignRight);
+    connect(search, &QToolButton::clicked, this, &Sidebar::find);
+    connect(filter, &QLineEdit::textChanged, this, &Sidebar::showRows);
+    return bar;
+}
+
+QWidget *Sidebar::foot(const Commands &commands) {
+    auto *bar = new QWidget(this);
+    bar->setFixedHeight(footHeight);
+    add = flatButton(Icon::plus, u"Add a project"_s, bar);
+    add->setPopupMode(QToolButton::InstantPopup);
+    auto *ways = new QMenu(add);
+    ways->addAction(commands.action(Command::addExistingWorkingCopy));
+    add->setMenu(ways);
+    remove = flatButton(Icon::minus, u"Remove Project"_s, bar);
+    auto *hide = flatButton(Icon::sidebar, u"Hide the sidebar (Ctrl+B)"_s, bar);
+    auto *layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(smallGap, 0, smallGap, 0);
+    layout->setSpacing(smallGap);
+    layout->addWidget(add);
+    layout->addWidget(remove);
+    layout->addStretch();
+    layout->addWidget(hide);
+    connect(remove, &QToolButton::clicked, commands.action(Command::removeProject), &QAction::trigger);
+    connect(hide, &QToolButton::clicked, this, &Sidebar::hideRequested);
+    return bar;
+}
+
+void Sidebar::find() {
+    label->hide();
+    search->hide();
+    filter->show();
+    filter->setFocus(Qt::ShortcutFocusReason);
+    filter->selectAll();
+}
+
+void Sidebar::endFinding() {
+    const bool hadFocus = filter->hasFocus();
+    filter->clear();
+    filter->hide();
+    label->show();
+    search->show();
+    if (hadFocus)
+        view->setFocus(Qt::OtherFocusReason);
+}
+
+bool Sidebar::eventFilter(QObject *watched, QEvent *event) {
+    if (watched != filter || event->type() != QEvent::KeyPress)
+        return QWidget::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent *>(event)->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (view->rows().rowCount() > 0 && phase == BusyPhase::idle) {
+            const QUuid first = view->rows().at(0).id;
+            endFinding();
+            select(first);
+        }
+        return true;
+    case Qt::Key_Escape:
+        endFinding();
+        return true;
+    case Qt::Key_Down:
+        view->setFocus(Qt::OtherFocusReason);
+        return true;
+    default:
+        return QWidget::eventFilter(watched, event);
+    }
+}
+
+void Sidebar::paintEvent(QPaintEvent *) {
+    const int line = height() - footHeight;
+    QPainter(this).fillRect(QRect(0, line, width(), 1), themeFor(palette()).separator);
+}
+
+void Sidebar::showRows() {
+    view->rows().setRows(projectRows(state.projects.value(), ListFilter(filter->text())));
+    view->showCurrent(state.selectedProjectID.value().value_or(QUuid()));
+    search->setVisible(filter->isHidden() && !state.projects.value().isEmpty());
+    showBusy(phase);
+}
+
+void Sidebar::selectNeighbour(int step) {
+    const int row = view->currentIndex().row() + step;
+    if (phase == BusyPhase::idle && row >= 0 && row < view->rows().rowCount())
+        select(view->rows().at(row).id);
+}
+
+void Sidebar::select(const QUuid &id) {
+    if (state.selectedProjectID.value() == id)
+        return;
+    state.selectedProjectID = id;
+    state.projectSelectionChanged();
+}
+
+void Sidebar::showBusy(BusyPhase newPhase) {
+    phase = newPhase;
+    const bool dimmed = phase == BusyPhase::dimmed;
+    view->setMoving(phase == BusyPhase::idle ? ProjectListView::Moving::allowed : ProjectListView::Moving::held);
+    view->setEnabled(!dimmed);
+    add->setEnabled(!dimmed);
+    remove->setEnabled(!dimmed && state.selectedProjectID.value().has_value());
+}
+
+} // namespace kestor

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "controller/app_state.h"
+#include "ui/frame/busy_clock.h"
+#include "ui/frame/observers.h"
+
+#include <QWidget>
+
+class QLineEdit;
+class QToolButton;
+
+namespace kestor {
+
+class Commands;
+class ProjectListView;
+class ToneLabel;
+
+/// The projects: a label that turns into a filter field, the list, and at the foot the buttons to add, to remove and to
+/// hide. A row that the user chooses becomes the selected project.
+class Sidebar final : public QWidget {
+    Q_OBJECT
+
+public:
+    static constexpr int defaultWidth = 208;
+
+    Sidebar(AppState &state, const Commands &commands, QWidget *parent);
+
+    QWidget *list() const;
+    /// Turns the label into the filter field and gives it the focus.
+    void find();
+    /// Selects the project `step` rows below the selected one; past an end nothing happens.
+    void selectNeighbour(int step);
+    /// How much of a running command shows here.
+    void showBusy(BusyPhase phase);
+
+signals:
+    void hideRequested();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QWidget *head();
+    QWidget *foot(const Commands &commands);
+    void showRows();
+    void endFinding();
+    void select(const QUuid &id);
+
+    AppState &state;
+    ToneLabel *label = nullptr;
+    QLineEdit *filter = nullptr;
+    QToolButton *search = nullptr;
+    QToolButton *add = nullptr;
+    QToolButton *remove = nullptr;
+    ProjectListView *view;
+    BusyPhase phase = BusyPhase::idle;
+    Observers observers{};
+};
+
+} // namespace kestor

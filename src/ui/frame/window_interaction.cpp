@@ -1,0 +1,87 @@
+#include "ui/frame/window_interaction.h"
+
+#include "ui/frame/desktop.h"
+#include "ui/frame/dialog_answer.h"
+#include "ui/frame/message_dialog.h"
+#include "ui/frame/prompt_dialog.h"
+
+#include <QCoroFuture>
+#include <QFileDialog>
+
+namespace kestor {
+
+namespace {
+
+using Texts = std::optional<QMap<QString, QString>>;
+
+QFuture<bool> askConfirmation(const QString &title, const QString &message, QWidget *window) {
+    auto *dialog = new MessageDialog(MessageDialog::Purpose::confirmation, title, message, window);
+    const auto accepted = [] {
+        return true;
+    };
+    return answerOf<bool>(dialog, accepted, false);
+}
+
+QFuture<Texts> askTexts(const QString &title, const QList<PromptField> &fields, QWidget *window) {
+    auto *dialog = new PromptDialog(title, fields, window);
+    const auto accepted = [dialog] {
+        return Texts(dialog->texts());
+    };
+    return answerOf<Texts>(dialog, accepted, std::nullopt);
+}
+
+QFuture<std::optional<QString>> askDirectory(const QString &title, QWidget *window) {
+    auto *dialog = new QFileDialog(window, title);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    const auto accepted = [dialog]() -> std::optional<QString> {
+        const QStringList chosen = dialog->selectedFiles();
+        return chosen.isEmpty() ? std::nullopt : std::optional(chosen.first());
+    };
+    return answerOf<std::optional<QString>>(dialog, accepted, std::nullopt);
+}
+
+} // namespace
+
+void WindowInteraction::setWindow(QWidget *askingWindow) {
+    window = askingWindow;
+}
+
+bool WindowInteraction::bringToFront() {
+    if (!window)
+        return false;
+    window->raise();
+    window->activateWindow();
+    return true;
+}
+
+QCoro::Task<bool> WindowInteraction::confirm(QString title, QString message) {
+    if (!bringToFront())
+        co_return false;
+    const QFuture<bool> answer = askConfirmation(title, message, window);
+    co_return co_await answer;
+}
+
+QCoro::Task<Texts> WindowInteraction::prompt(QString title, QList<PromptField> fields) {
+    if (!bringToFront())
+        co_return std::nullopt;
+    const QFuture<Texts> answer = askTexts(title, fields, window);
+    co_return co_await answer;
+}
+
+QCoro::Task<std::optional<QString>> WindowInteraction::chooseDirectory(QString title) {
+    if (!window)
+        co_return std::nullopt;
+    const QFuture<std::optional<QString>> answer = askDirectory(title, window);
+    co_return co_await answer;
+}
+
+QCoro::Task<bool> WindowInteraction::openInFileManager(QString directory) {
+    co_return co_await showInFileManager(directory);
+}
+
+QCoro::Task<TerminalResult> WindowInteraction::openTerminal(QString directory) {
+    co_return startTerminal(directory);
+}
+
+} // namespace kestor

@@ -1,0 +1,73 @@
+#include "ui/frame/window_state.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSettings>
+
+#include <algorithm>
+
+namespace kestor {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QStringView stateKey = u"KestorSVN.window";
+constexpr int leastVisible = 64;
+
+QJsonArray toJson(const QRect &rect) {
+    return {rect.x(), rect.y(), rect.width(), rect.height()};
+}
+
+QRect rectFrom(const QJsonArray &values) {
+    if (values.size() != 4)
+        return {};
+    return {values.at(0).toInt(), values.at(1).toInt(), values.at(2).toInt(), values.at(3).toInt()};
+}
+
+int boundedInt(const QJsonValue &value, int least, int greatest, int otherwise) {
+    return value.isDouble() ? std::clamp(value.toInt(otherwise), least, greatest) : otherwise;
+}
+
+} // namespace
+
+WindowState loadWindowState(const QSettings &settings) {
+    const QJsonObject object = QJsonDocument::fromJson(settings.value(stateKey.toString()).toByteArray()).object();
+    WindowState state;
+    state.geometry = QByteArray::fromBase64(object.value("geometry"_L1).toString().toLatin1());
+    state.frame = rectFrom(object.value("frame"_L1).toArray());
+    state.sidebarWidth = boundedInt(object.value("sidebarWidth"_L1), 160, 360, state.sidebarWidth);
+    state.sidebarHidden = object.value("sidebarHidden"_L1).toBool();
+    state.listWidth = boundedInt(object.value("listWidth"_L1), 280, 10000, state.listWidth);
+    state.textSize = boundedInt(object.value("textSize"_L1), -4, 20, state.textSize);
+    return state;
+}
+
+void saveWindowState(QSettings &settings, const WindowState &state) {
+    const QJsonObject object{
+        {u"geometry"_s, QString::fromLatin1(state.geometry.toBase64())},
+        {u"frame"_s, toJson(state.frame)},
+        {u"sidebarWidth"_s, state.sidebarWidth},
+        {u"sidebarHidden"_s, state.sidebarHidden},
+        {u"listWidth"_s, state.listWidth},
+        {u"textSize"_s, state.textSize},
+    };
+    settings.setValue(stateKey.toString(), QJsonDocument(object).toJson(QJsonDocument::Compact));
+}
+
+std::optional<QRect> recoveredFrame(const QRect &frame, const QList<QRect> &screens) {
+    if (!frame.isValid() || screens.isEmpty())
+        return std::nullopt;
+    const auto showsEnough = [&frame](const QRect &screen) {
+        const QRect visible = screen & frame;
+        return visible.width() >= leastVisible && visible.height() >= leastVisible;
+    };
+    if (std::ranges::any_of(screens, showsEnough))
+        return std::nullopt;
+    QRect centered(QPoint(), frame.size().boundedTo(screens.first().size()));
+    centered.moveCenter(screens.first().center());
+    return centered;
+}
+
+} // namespace kestor
