@@ -1,0 +1,19 @@
+#include "painted_signal.h"
+#include "ui/frame/program.h"
+
+#include <QApplication>
+#include <QSettings>
+
+#include <cstdlib>
+#include <unistd.h>
+
+/// The program itself, which tells when it has painted. The argument is the file descriptor of PaintedSignal.
+int main(int argc, char **argv) {
+    const QApplication application(argc, argv);
+    const kestor::PaintedSignal painted(argc > 1 ? std::atoi(argv[1]) : STDOUT_FILENO);
+    kestor::setProgramNames();
+    QSettings settings;
+    kestor::Program program(settings);
+    program.start();
+    return QApplication::exec();
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/project.h"
+
+#include <QString>
+
+namespace kestor {
+
+/// A project on disk and the preferences folder that names it alone.
+struct SampleProject {
+    QString path{};
+    QString configHome{};
+};
+
+/// A project of `files` versioned files, every tenth modified, and as many unversioned ones in folders of a thousand.
+/// Made once, which takes up to a minute, and found again by later runs.
+SampleProject sampleProject(RepositoryKind kind, int files);
+
+} // namespace kestor
