@@ -65,6 +65,15 @@ std::optional<WorkingCopyItem> AppState::selectedChange() const {
     return found == all.end() ? std::nullopt : std::optional(*found);
 }
 
+QList<WorkingCopyItem> AppState::actionItems() const {
+    const CommitRequest ticked{changes, selectedCommitPaths, QString(), {}};
+    QList<WorkingCopyItem> items = ticked.items();
+    const std::optional<WorkingCopyItem> selected = selectedChange();
+    if (items.isEmpty() && selected)
+        items.append(*selected);
+    return items;
+}
+
 void AppState::showAlert(const QString &title, const QString &message) {
     alert = AppAlert{QUuid::createUuid(), title, message};
 }

@@ -2,7 +2,9 @@
 
 #include "controller/app_properties.h"
 #include "controller/busy_scope.h"
+#include "controller/commit_plan.h"
 #include "controller/repository_detection.h"
+#include "controller/revert_plan.h"
 #include "controller/running_operations.h"
 #include "controller/user_interaction.h"
 #include "controller/working_diff.h"
@@ -90,6 +92,24 @@ public:
     /// Ticks or unticks rows for the commit. Rows no commit can act on stay unticked.
     void setCommitSelection(const QList<WorkingCopyItem> &items, bool selected);
 
+    // Commit: app_state_commit.cpp
+    /// Commits the ticked rows with `commitMessage`. When that fails, message, ticks and working copy stay as they
+    /// were.
+    QCoro::Task<> commitSelected();
+
+    // Revert: app_state_revert.cpp
+    /// Reverts the ticked rows, else the selected one, after a confirmation; unversioned ones leave the disk.
+    QCoro::Task<> revertSelectedPaths();
+    QCoro::Task<> revertAllPaths();
+    /// Reverts the row at `path` alone.
+    QCoro::Task<> revertPath(QString path);
+
+    // Ignore: app_state_ignore.cpp
+    /// Adds one rule for each ticked row, else for the selected one, to the project's ignore file.
+    QCoro::Task<> ignoreSelectedPaths();
+    /// Asks for a path and adds a rule that brings it back to the project's ignore file.
+    QCoro::Task<> includeIgnoredPath();
+
     // Commands: app_state_commands.cpp
     /// Runs `svn` in `workingDirectory` ("" for this process's own) under a busy message and shows what it printed.
     QCoro::Task<> runCommand(QString title, QStringList arguments, QString workingDirectory, RefreshAfter refreshAfter,
@@ -111,6 +131,8 @@ private:
     QCoro::Task<> reporting(QString title, QCoro::Task<> work, std::function<bool()> isRelevant = {});
     /// The selected project; nothing after an alert when there is none.
     std::optional<Project> requiredProject();
+    /// The rows that row actions act on: the ticked ones in list order, else the selected one.
+    QList<WorkingCopyItem> actionItems() const;
     /// The folder of the selected project; nothing after an alert when there is none or it is gone.
     std::optional<QString> selectedProjectDirectory();
     std::shared_ptr<Tool> toolFor(RepositoryKind kind) const;
@@ -133,6 +155,15 @@ private:
     QCoro::Task<> loadDiffForSelectedChange();
     QCoro::Task<LoadedDiff> diffOf(Project project, WorkingCopyItem item);
     void publishDiff(const std::optional<QString> &path, const LoadedDiff &diff);
+    QCoro::Task<> commit(Project project, CommitRequest request);
+    QCoro::Task<SVNCommandResult> commitToSubversion(Project project, CommitRequest request);
+    QCoro::Task<SVNCommandResult> commitToGit(Project project, CommitRequest request);
+    QCoro::Task<> reloadAfterChange();
+    QCoro::Task<> revert(QList<WorkingCopyItem> items, QString emptyMessage, RevertScope scope);
+    QCoro::Task<> revertAfterConfirmation(Project project, QList<WorkingCopyItem> items, RevertScope scope);
+    QCoro::Task<RevertPlan> revertPlan(Project project, QList<WorkingCopyItem> items);
+    QCoro::Task<CommandOutput> runRevert(Project project, RevertPlan plan);
+    QCoro::Task<> addIgnoreLines(Project project, QStringList lines);
     QCoro::Task<> runToolCommand(RepositoryKind kind, QString title, QStringList arguments, QString workingDirectory,
                                  RefreshAfter refreshAfter, ShowOutput showOutput);
     QCoro::Task<> runInSelectedProject(RepositoryKind kind, QString title, QStringList arguments,

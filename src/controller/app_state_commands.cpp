@@ -27,11 +27,8 @@ QCoro::Task<> AppState::runToolCommand(RepositoryKind kind, QString title, QStri
     }
     if (showOutput == ShowOutput::always || !result.stdoutData.isEmpty() || !result.stderrData.isEmpty())
         commandOutput = commandOutputOf(title, result);
-    if (refreshAfter == RefreshAfter::no)
-        co_return;
-    co_await loadStatus(RunPurpose::userCommand);
-    co_await loadInfo();
-    co_await tabChanged();
+    if (refreshAfter == RefreshAfter::yes)
+        co_await reloadAfterChange();
 }
 
 QCoro::Task<> AppState::runSelectedProjectCommand(QString title, QStringList arguments, RefreshAfter refreshAfter,

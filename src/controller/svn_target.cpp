@@ -5,10 +5,11 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 
 QString svnTarget(const QString &path) {
-    QString target = path.startsWith(u'-') ? u"./"_s + path : path;
-    if (path.contains(u'@'))
-        target += u'@';
-    return target;
+    return path.contains(u'@') ? svnDiffTarget(path) + u'@' : svnDiffTarget(path);
+}
+
+QString svnDiffTarget(const QString &path) {
+    return path.startsWith(u'-') ? u"./"_s + path : path;
 }
 
 } // namespace kestor

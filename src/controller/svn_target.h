@@ -8,4 +8,8 @@ namespace kestor {
 /// a peg revision, and "./" in front when it begins with "-", which svn would read as an option.
 QString svnTarget(const QString &path);
 
+/// The same for `svn diff` of working files, the one command that takes "@" as part of the name and fails when another
+/// one follows.
+QString svnDiffTarget(const QString &path);
+
 } // namespace kestor

@@ -40,7 +40,7 @@ QString fileDiffText(const QString &path, const QFileInfo &info) {
 QStringList workingDiffArguments(RepositoryKind kind, const std::optional<QString> &path, const QString &gitBase) {
     QStringList arguments = kind == RepositoryKind::svn ? args(u"diff") : args(u"diff", gitBase, u"--");
     if (path)
-        arguments.append(kind == RepositoryKind::svn ? svnTarget(*path) : *path);
+        arguments.append(kind == RepositoryKind::svn ? svnDiffTarget(*path) : *path);
     return arguments;
 }
 

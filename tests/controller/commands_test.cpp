@@ -29,7 +29,7 @@ TEST(Commands, ShowOutputOnlyWhenThereIsSomeOrItIsWanted) {
     awaited(
         f.app.runSelectedProjectCommand(u"Add"_s, {u"add"_s, u"new.c"_s}, RefreshAfter::yes, ShowOutput::whenPrinted));
     EXPECT_EQ(f.app.commandOutput.value()->stdoutText, u"A         new.c\n"_s);
-    EXPECT_EQ(f.rows(), (QStringList{u"A new.c"_s}));
+    EXPECT_EQ(f.rows(), (QStringList{u"*A new.c"_s}));
     EXPECT_EQ(f.alertText(), QString());
 }
 

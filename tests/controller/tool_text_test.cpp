@@ -23,6 +23,7 @@ TEST(SvnTarget, HidesPegRevisionsAndOptions) {
     EXPECT_EQ(svnTarget(u"icon@2x.png"_s), u"icon@2x.png@"_s);
     EXPECT_EQ(svnTarget(u"-r@1"_s), u"./-r@1@"_s);
     EXPECT_EQ(svnTarget(u"a/-b"_s), u"a/-b"_s);
+    EXPECT_EQ(svnDiffTarget(u"-r@1"_s), u"./-r@1"_s);
 }
 
 } // namespace

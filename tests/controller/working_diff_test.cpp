@@ -14,7 +14,7 @@ using testing::TempTree;
 
 TEST(WorkingDiff, NamesTheTarget) {
     EXPECT_EQ(workingDiffArguments(RepositoryKind::svn, u"icon@2x.png"_s, u"HEAD"_s),
-              (QStringList{u"diff"_s, u"icon@2x.png@"_s}));
+              (QStringList{u"diff"_s, u"icon@2x.png"_s}));
     EXPECT_EQ(workingDiffArguments(RepositoryKind::svn, std::nullopt, u"HEAD"_s), (QStringList{u"diff"_s}));
     EXPECT_EQ(workingDiffArguments(RepositoryKind::git, u"icon@2x.png"_s, u"HEAD"_s),
               (QStringList{u"diff"_s, u"HEAD"_s, u"--"_s, u"icon@2x.png"_s}));

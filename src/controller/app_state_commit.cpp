@@ -1,0 +1,120 @@
+#include "controller/app_state.h"
+#include "controller/combined_output.h"
+#include "controller/commit_plan.h"
+#include "controller/commit_preparation.h"
+#include "controller/path_command_run.h"
+#include "rules/working_copy_paths.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+namespace {
+
+/// svn looks whether the message is the name of a file, relative to its working directory.
+MessageNamesFile messageNamesFile(const QString &message, const QString &directory) {
+    const bool names = !message.contains(u'\n') && QFileInfo::exists(QDir(directory).absoluteFilePath(message));
+    return names ? MessageNamesFile::yes : MessageNamesFile::no;
+}
+
+/// Throws when a row said to be missing is on the disk again: deleting it from the repository would delete the file.
+void checkMissing(const QList<WorkingCopyItem> &items, const QString &root) {
+    for (const WorkingCopyItem &item : items) {
+        if (item.kind == SVNStatusKind::missing && QFileInfo::exists(absolutePath(item.path, root)))
+            throw SVNClientError::launchFailed(item.path + u" is on disk again. Refresh before committing it."_s);
+    }
+}
+
+} // namespace
+
+QCoro::Task<> AppState::commitSelected() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    const CommitRequest request{changes, selectedCommitPaths, commitMessage.value().trimmed(), gitOldNames};
+    if (request.items().isEmpty()) {
+        showAlert(u"Nothing To Commit"_s, u"Select at least one changed path."_s);
+        co_return;
+    }
+    if (request.message.isEmpty()) {
+        showAlert(u"Commit Message Required"_s, u"Enter a commit message before committing."_s);
+        co_return;
+    }
+    co_await commit(*project, request);
+}
+
+QCoro::Task<> AppState::commit(Project project, CommitRequest request) {
+    std::optional<SVNClientError> failure;
+    SVNCommandResult result;
+    {
+        const BusyScope committing(busy, u"Committing"_s);
+        try {
+            if (project.kind == RepositoryKind::svn)
+                result = co_await commitToSubversion(project, request);
+            else
+                result = co_await commitToGit(project, request);
+        } catch (const SVNClientError &error) {
+            failure = error;
+        }
+    }
+    if (closing)
+        co_return;
+    if (failure) {
+        showError(u"Commit Failed"_s, *failure);
+        co_await loadStatus(RunPurpose::userCommand);
+        co_return;
+    }
+    commandOutput = commandOutputOf(u"Commit"_s, result);
+    commitMessage = QString();
+    selectedCommitPaths = QSet<QString>();
+    co_await reloadAfterChange();
+}
+
+QCoro::Task<SVNCommandResult> AppState::commitToSubversion(Project project, CommitRequest request) {
+    checkMissing(request.items(), project.path);
+    const CommitPlan plan = svnCommitPlan(request, messageNamesFile(request.message, project.path));
+    std::optional<SVNClientError> failure;
+    try {
+        for (const PathCommand &step : plan.preparation)
+            co_await runPathCommand(tools.svn, project.kind, project.path, step);
+        co_return co_await runPathCommand(tools.svn, project.kind, project.path, plan.commit);
+    } catch (const SVNClientError &error) {
+        failure = error;
+    }
+    co_await undoSvnPreparation(tools.svn, project.path, request.items());
+    throw *failure;
+}
+
+QCoro::Task<SVNCommandResult> AppState::commitToGit(Project project, CommitRequest request) {
+    const bool merging = co_await isMerging(tools.git, project.path);
+    if (merging && !coversWholeMerge(request)) {
+        throw SVNClientError::launchFailed(
+            u"A merge is committed as a whole. Tick every changed path, then commit again."_s);
+    }
+    const CommitPlan plan = merging ? gitMergeCommitPlan(request) : gitCommitPlan(request);
+    const GitIndexCopy index = co_await copyOfGitIndex(tools.git, project.path);
+    std::optional<SVNClientError> failure;
+    try {
+        for (const PathCommand &step : plan.preparation)
+            co_await runPathCommand(tools.git, project.kind, project.path, step);
+        co_return co_await runPathCommand(tools.git, project.kind, project.path, plan.commit);
+    } catch (const SVNClientError &error) {
+        failure = error;
+    }
+    co_await restoreGitIndex(tools.git, project.path, index);
+    throw *failure;
+}
+
+QCoro::Task<> AppState::reloadAfterChange() {
+    co_await loadStatus(RunPurpose::userCommand);
+    co_await loadInfo();
+    co_await tabChanged();
+}
+
+} // namespace kestor

@@ -1,0 +1,93 @@
+#include "controller/app_state.h"
+#include "rules/ignore_file.h"
+#include "rules/working_copy_paths.h"
+
+#include <QCoroFuture>
+#include <QFile>
+#include <QSaveFile>
+#include <QtConcurrent>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+namespace {
+
+enum class EditOutcome : std::uint8_t { written, unchanged, failed };
+
+struct IgnoreFileEdit {
+    EditOutcome outcome = EditOutcome::unchanged;
+    QString file{};
+    QString errorDescription{};
+};
+
+PathType typeOf(const QString &path, const QString &root) {
+    return workingCopyPathIsDirectory(path, root) ? PathType::directory : PathType::file;
+}
+
+/// Adds the rules to the project's ignore file. Reads and writes the disk; workers.
+IgnoreFileEdit editIgnoreFile(const QString &root, const QStringList &rules) {
+    IgnoreFileEdit edit;
+    edit.file = ignoreFileURL(root);
+    QFile current(edit.file);
+    if (current.exists() && !current.open(QIODevice::ReadOnly))
+        return {EditOutcome::failed, edit.file, current.errorString()};
+    const QByteArray content = current.isOpen() ? current.readAll() : QByteArray();
+    const QByteArray changed = withRules(content, rules);
+    if (changed == content)
+        return edit;
+    QSaveFile file(edit.file);
+    if (!file.open(QIODevice::WriteOnly) || file.write(changed) != changed.size() || !file.commit())
+        return {EditOutcome::failed, edit.file, file.errorString()};
+    edit.outcome = EditOutcome::written;
+    return edit;
+}
+
+} // namespace
+
+QCoro::Task<> AppState::ignoreSelectedPaths() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    QStringList rules;
+    for (const WorkingCopyItem &item : actionItems())
+        rules.append(ignoreRuleFor(item.path, typeOf(item.path, project->path)));
+    if (rules.isEmpty()) {
+        showAlert(u"No Paths Selected"_s, u"Select at least one changed path."_s);
+        co_return;
+    }
+    co_await addIgnoreLines(*project, rules);
+}
+
+QCoro::Task<> AppState::includeIgnoredPath() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    const QList<PromptField> fields{{u"path"_s, u"Path"_s, QString()}};
+    const std::optional<QMap<QString, QString>> answer = co_await user.prompt(u"Include Ignored Path"_s, fields);
+    const QString path = normalizedPath(answer ? answer->value(u"path"_s) : QString());
+    if (!path.isEmpty())
+        co_await addIgnoreLines(*project, QStringList(includeRuleFor(path, typeOf(path, project->path))));
+}
+
+QCoro::Task<> AppState::addIgnoreLines(Project project, QStringList lines) {
+    const auto write = [root = project.path, lines] {
+        return editIgnoreFile(root, lines);
+    };
+    const IgnoreFileEdit edit = co_await QtConcurrent::run(&workers, write);
+    switch (edit.outcome) {
+    case EditOutcome::failed:
+        showAlert(u"Ignore Failed"_s, u"Could not write "_s + edit.file + u": "_s + edit.errorDescription);
+        co_return;
+    case EditOutcome::unchanged:
+        showAlert(u"Ignore Rules Unchanged"_s, u"The selected ignore rule already exists in "_s + edit.file + u'.');
+        co_return;
+    case EditOutcome::written:
+        break;
+    }
+    co_await loadStatus(RunPurpose::userCommand);
+}
+
+} // namespace kestor
