@@ -48,8 +48,9 @@ private:
 ArchiveZipClient::ArchiveZipClient(QString executable) : executablePath(std::move(executable)) {}
 
 QCoro::Task<SVNCommandResult> ArchiveZipClient::zipDirectoryKeepingParent(QString sourcePath, QString destinationPath) {
-    if (!isExecutableFile(executablePath))
+    if (!isExecutableFile(executablePath)) {
         co_return co_await zipWithLibrary(sourcePath, destinationPath);
+    }
     const ChildCommand command{.executable = executablePath,
                                .displayName = u"ditto"_s,
                                .arguments = args("-c", "-k", "--keepParent", sourcePath, destinationPath),

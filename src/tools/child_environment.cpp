@@ -14,6 +14,13 @@ constexpr QStringView untranslatedLocale = u"C";
 constexpr QStringView untranslatedLocale = u"C.UTF-8";
 #endif
 
+// What the parsers need, and messages that arrive as they were typed, whatever the user's own configuration says.
+constexpr std::pair<QStringView, QStringView> gitConfiguration[] = {
+    {u"core.quotePath", u"false"},    {u"color.ui", u"false"},      {u"color.diff", u"false"},
+    {u"color.status", u"false"},      {u"diff.noprefix", u"false"}, {u"diff.mnemonicPrefix", u"false"},
+    {u"commit.cleanup", u"verbatim"},
+};
+
 void appendGitConfiguration(QProcessEnvironment &environment, const QString &key, const QString &value) {
     const int count = std::max(0, environment.value(u"GIT_CONFIG_COUNT"_s).toInt());
     const QString index = QString::number(count);
@@ -31,9 +38,12 @@ QProcessEnvironment childEnvironment(QProcessEnvironment inherited) {
     return inherited;
 }
 
-QProcessEnvironment gitChildEnvironment(QProcessEnvironment inherited, RunPurpose purpose) {
-    QProcessEnvironment environment = childEnvironment(std::move(inherited));
-    appendGitConfiguration(environment, u"core.quotePath"_s, u"false"_s);
+QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, RunPurpose purpose) {
+    QProcessEnvironment environment = childEnvironment(inherited);
+    for (const auto &[key, value] : gitConfiguration)
+        appendGitConfiguration(environment, key.toString(), value.toString());
+    // Paths are names, not patterns: "a[1].c" must not stand for "a1.c", nor "*" for everything.
+    environment.insert(u"GIT_LITERAL_PATHSPECS"_s, u"1"_s);
     if (purpose == RunPurpose::backgroundRead)
         environment.insert(u"GIT_OPTIONAL_LOCKS"_s, u"0"_s);
     return environment;

@@ -12,6 +12,6 @@ QProcessEnvironment childEnvironment(QProcessEnvironment inherited);
 
 /// The same for `git`, which then prints file names as they are instead of quoting them, and in a background read takes
 /// no lock that it could do without.
-QProcessEnvironment gitChildEnvironment(QProcessEnvironment inherited, RunPurpose purpose);
+QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, RunPurpose purpose);
 
 } // namespace kestor

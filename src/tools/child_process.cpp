@@ -109,6 +109,7 @@ void Child::stop() {
 SVNCommandResult Child::takeResult() {
     result.stdoutData.append(readAllStandardOutput());
     result.stderrData.append(readAllStandardError());
+    result.stdoutData.squeeze(); // what grew to the next power of two may be half empty
     result.status = exitStatus() == CrashExit ? signalStatusBase + exitCode() : exitCode();
     return std::move(result);
 }

