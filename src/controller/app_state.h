@@ -180,7 +180,6 @@ private:
     RunningOperations operations;
     bool closing = false;
     QThreadPool workers;
-    QSet<QString> knownPaths;            ///< rows whose ticks the user may have set
     QHash<QString, QString> gitOldNames; ///< old names of renamed rows of `changes`
     quint64 statusGeneration = 0;
     quint64 diffGeneration = 0;

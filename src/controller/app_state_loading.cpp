@@ -98,12 +98,9 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
 }
 
 void AppState::publishChanges(QList<WorkingCopyItem> items) {
+    const QSet<QString> ticks = ticksAfterLoad(items, changes, selectedCommitPaths);
     changes = items;
-    selectedCommitPaths = ticksAfterLoad(items, knownPaths, selectedCommitPaths);
-    knownPaths.clear();
-    knownPaths.reserve(items.size());
-    for (const WorkingCopyItem &item : std::as_const(items))
-        knownPaths.insert(item.path);
+    selectedCommitPaths = ticks;
     if (!selectedChange())
         selectedChangeID = items.isEmpty() ? std::nullopt : std::optional(items.first().path);
 }

@@ -116,7 +116,6 @@ void AppState::resetProjectState() {
     changes = QList<WorkingCopyItem>();
     selectedChangeID = std::nullopt;
     selectedCommitPaths = QSet<QString>();
-    knownPaths.clear();
     gitOldNames.clear();
     changesLineSummary = LineChangeSummary();
     publishDiff(std::nullopt, LoadedDiff());

@@ -48,15 +48,21 @@ bool wouldTakeMore(const CommitRequest &request, const QStringList &paths) {
     });
 }
 
-QStringList gitPaths(const CommitRequest &request) {
+QStringList pathsOf(const QList<WorkingCopyItem> &items) {
     QStringList paths;
-    for (const WorkingCopyItem &item : request.items()) {
+    for (const WorkingCopyItem &item : items)
         paths.append(item.path);
-        const auto oldName = request.gitOldNames.constFind(item.path);
-        if (oldName != request.gitOldNames.constEnd())
-            paths.append(*oldName);
-    }
     return paths;
+}
+
+QStringList oldNamesOf(const QList<WorkingCopyItem> &items, const QHash<QString, QString> &oldNames) {
+    QStringList names;
+    for (const WorkingCopyItem &item : items) {
+        const auto name = oldNames.constFind(item.path);
+        if (name != oldNames.constEnd())
+            names.append(*name);
+    }
+    return names;
 }
 
 } // namespace
@@ -106,8 +112,11 @@ CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageN
 }
 
 CommitPlan gitCommitPlan(const CommitRequest &request) {
-    const QStringList paths = gitPaths(request);
-    return {{PathCommand{args(u"add", u"--all"), paths}}, {args(u"commit", u"-m", request.message), paths}};
+    const QList<WorkingCopyItem> items = request.items();
+    const QStringList paths = pathsOf(items);
+    // An old name is neither in the index nor on disk, so there is nothing that could be added.
+    return {{PathCommand{args(u"add", u"--all"), paths}},
+            {args(u"commit", u"-m", request.message), paths + oldNamesOf(items, request.gitOldNames)}};
 }
 
 CommitPlan gitMergeCommitPlan(const CommitRequest &request) {

@@ -38,7 +38,7 @@ enum class MessageNamesFile : std::uint8_t { no, yes };
 /// the new folders on the way.
 CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageNamesFile);
 
-/// Everything ticked is added, old names of renames included, then committed.
+/// Everything ticked is added, then committed together with the old names of renames.
 CommitPlan gitCommitPlan(const CommitRequest &request);
 
 /// The same during a merge, which Git commits as a whole: the commit names no paths.

@@ -1,5 +1,7 @@
 #include "controller/commit_selection.h"
 
+#include <QHash>
+
 namespace kestor {
 
 bool isCommittable(const WorkingCopyItem &item) {
@@ -28,14 +30,18 @@ bool isTickedAtFirst(const WorkingCopyItem &item) {
     }
 }
 
-QSet<QString> ticksAfterLoad(const QList<WorkingCopyItem> &items, const QSet<QString> &known,
+QSet<QString> ticksAfterLoad(const QList<WorkingCopyItem> &items, const QList<WorkingCopyItem> &previous,
                              const QSet<QString> &ticked) {
+    QHash<QStringView, bool> startedTicked;
+    startedTicked.reserve(previous.size());
+    for (const WorkingCopyItem &item : previous)
+        startedTicked.insert(item.path, isTickedAtFirst(item));
     QSet<QString> ticks;
     for (const WorkingCopyItem &item : items) {
-        if (!isCommittable(item))
-            continue;
-        const bool selected = known.contains(item.path) ? ticked.contains(item.path) : isTickedAtFirst(item);
-        if (selected)
+        const bool atFirst = isTickedAtFirst(item);
+        const auto known = startedTicked.constFind(item.path);
+        const bool keeps = known != startedTicked.constEnd() && *known == atFirst;
+        if (isCommittable(item) && (keeps ? ticked.contains(item.path) : atFirst))
             ticks.insert(item.path);
     }
     return ticks;

@@ -15,8 +15,9 @@ bool isCommittable(const WorkingCopyItem &item);
 /// in its properties alone.
 bool isTickedAtFirst(const WorkingCopyItem &item);
 
-/// The ticks after a load: rows already in `known` keep their state from `ticked`, new ones follow isTickedAtFirst.
-QSet<QString> ticksAfterLoad(const QList<WorkingCopyItem> &items, const QSet<QString> &known,
+/// The ticks after a load that replaced the rows `previous`: a row that was there before and would start in the same
+/// state keeps its state from `ticked`; the others follow isTickedAtFirst.
+QSet<QString> ticksAfterLoad(const QList<WorkingCopyItem> &items, const QList<WorkingCopyItem> &previous,
                              const QSet<QString> &ticked);
 
 } // namespace kestor

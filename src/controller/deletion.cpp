@@ -6,6 +6,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QStandardPaths>
 
 #include <algorithm>
 
@@ -38,6 +39,20 @@ void removeEmptyFoldersAbove(const QString &path, const QString &root) {
         if (!QDir().rmdir(absolutePath(folder, root)))
             return;
     }
+}
+
+/// Where the path went in the system's trash; nothing when there is no trash or it refuses. Qt takes a missing data
+/// folder for the current one and would move the path there, so that is made sure of first and looked at afterwards.
+std::optional<QString> movedToTrash(const QString &path) {
+    QString inTrash;
+    if (!QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)))
+        return std::nullopt;
+    if (!QFile::moveToTrash(path, &inTrash))
+        return std::nullopt;
+    if (QDir::isAbsolutePath(inTrash))
+        return inTrash;
+    QFile::rename(inTrash, path);
+    return std::nullopt;
 }
 
 /// A repository inside an unversioned folder: its history exists nowhere else.
@@ -106,7 +121,7 @@ DeletionResult deleteUnversionedItems(const QStringList &paths, const QString &r
         const QFileInfo info(absolutePath(path, root));
         if (!isOnDisk(info))
             continue;
-        if (!QFile::moveToTrash(info.filePath()) && !removeForGood(info)) {
+        if (!movedToTrash(info.filePath()) && !removeForGood(info)) {
             result.error = u"Could not delete "_s + path + u'.';
             return result;
         }
@@ -123,15 +138,15 @@ DeletionResult moveToTrash(const QStringList &paths, const QString &root) {
     QList<std::pair<QString, QString>> moved;
     for (const QString &path : paths) {
         const QString source = absolutePath(path, root);
-        QString inTrash;
         if (!isOnDisk(QFileInfo(source)))
             continue;
-        if (!QFile::moveToTrash(source, &inTrash)) {
+        const std::optional<QString> inTrash = movedToTrash(source);
+        if (!inTrash) {
             for (const auto &[original, trashed] : std::as_const(moved))
                 QFile::rename(trashed, original);
             return {0, path + u" could not be moved to the trash. Nothing was changed."_s};
         }
-        moved.append({source, inTrash});
+        moved.append({source, *inTrash});
         ++result.deleted;
     }
     return result;

@@ -38,13 +38,15 @@ TEST(CommitSelection, DecidesWhoHasATickBoxAndWhoStartsTicked) {
 }
 
 TEST(CommitSelection, ALaterLoadKeepsWhatTheUserDid) {
-    const QList<WorkingCopyItem> items{{u"unticked"_s, SVNStatusKind::modified},
-                                       {u"ticked"_s, SVNStatusKind::unversioned},
-                                       {u"new"_s, SVNStatusKind::added},
-                                       {u"now ignored"_s, SVNStatusKind::ignored}};
-    const QSet<QString> known{u"unticked"_s, u"ticked"_s, u"gone"_s, u"now ignored"_s};
-    const QSet<QString> ticked{u"ticked"_s, u"gone"_s, u"now ignored"_s};
-    EXPECT_EQ(ticksAfterLoad(items, known, ticked), (QSet<QString>{u"ticked"_s, u"new"_s}));
+    using K = SVNStatusKind;
+    const QList<WorkingCopyItem> previous{{u"unticked"_s, K::modified},   {u"ticked"_s, K::unversioned},
+                                          {u"gone"_s, K::modified},       {u"now ignored"_s, K::modified},
+                                          {u"resolved"_s, K::conflicted}, {u"unadded"_s, K::added}};
+    const QList<WorkingCopyItem> items{{u"unticked"_s, K::modified}, {u"ticked"_s, K::unversioned},
+                                       {u"new"_s, K::added},         {u"now ignored"_s, K::ignored},
+                                       {u"resolved"_s, K::modified}, {u"unadded"_s, K::unversioned}};
+    const QSet<QString> ticked{u"ticked"_s, u"gone"_s, u"now ignored"_s, u"unadded"_s};
+    EXPECT_EQ(ticksAfterLoad(items, previous, ticked), (QSet<QString>{u"ticked"_s, u"new"_s, u"resolved"_s}));
 }
 
 } // namespace

@@ -58,9 +58,8 @@ TEST(CommitPlan, NeverTakesAnUntickedRowWithItsFolder) {
 TEST(CommitPlan, OfGitTakesOldNamesAlongAndAMergeWhole) {
     CommitRequest renamed = request({{u"new.c"_s, K::replaced}, {u"b.c"_s, K::modified}}, {u"new.c"_s});
     renamed.gitOldNames = {{u"new.c"_s, u"old.c"_s}};
-    const QStringList paths{u"new.c"_s, u"old.c"_s};
-    EXPECT_EQ(gitCommitPlan(renamed),
-              (CommitPlan{{{{u"add"_s, u"--all"_s}, paths, {}}}, {{u"commit"_s, u"-m"_s, u"why"_s}, paths, {}}}));
+    EXPECT_EQ(gitCommitPlan(renamed), (CommitPlan{{{{u"add"_s, u"--all"_s}, {u"new.c"_s}, {}}},
+                                                  {{u"commit"_s, u"-m"_s, u"why"_s}, {u"new.c"_s, u"old.c"_s}, {}}}));
     EXPECT_FALSE(coversWholeMerge(renamed));
     renamed.ticked.insert(u"b.c"_s);
     renamed.changes.append({u"scratch.txt"_s, K::unversioned});
