@@ -43,10 +43,11 @@ public:
             const qsizetype digits = isDigit(text[i]) ? digitCount(text.sliced(i)) : 0;
             if (weightOf(text[i]) == '\0' || digits > longestNumber)
                 return false;
-            if (digits == 0)
+            if (digits == 0) {
                 bytes.push_back(weightOf(text[i]));
-            else
+            } else {
                 appendNumber(text.sliced(i, digits));
+            }
             i += std::max<qsizetype>(digits, 1);
         }
         ends.push_back(bytes.size());

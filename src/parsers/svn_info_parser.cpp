@@ -56,10 +56,10 @@ public:
 
 private:
     void store(Element element, std::string_view text) {
+        if (element == Element::date && inCommit)
+            info.lastChangedDate = dateFromISO8601(trimmedFromUtf8(text));
         if (std::optional<QString> *const field = fieldOf(element))
             *field = trimmedFromUtf8(text);
-        else if (element == Element::date && inCommit)
-            info.lastChangedDate = dateFromISO8601(trimmedFromUtf8(text));
     }
 
     /// The field that the text of `element` belongs to, given the elements around it; null when to none.

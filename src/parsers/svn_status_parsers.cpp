@@ -38,22 +38,22 @@ public:
         const std::optional<Element> element = elementNamed<Element>(elementNames, name);
         if (element == Element::entry)
             startEntry(attributes);
-        else if (element)
-            startInEntry(*element, attributes);
+        if (element)
+            startOther(*element, attributes);
     }
 
     void endElement(std::string_view name, std::string_view text) override {
         const std::optional<Element> element = elementNamed<Element>(elementNames, name);
         if (element == Element::author)
             item.author = authors.fromUtf8(text).trimmed();
-        else if (element == Element::entry)
+        if (element == Element::entry)
             endEntry();
     }
 
 protected:
     explicit StatusHandler(SVNStatusKind unstated) : unstatedKind(unstated) {}
 
-    virtual void startInEntry(Element element, XmlAttributes attributes) = 0;
+    virtual void startOther(Element element, XmlAttributes attributes) = 0;
 
     WorkingCopyItem item;
     RepeatedText revisions;
@@ -83,7 +83,7 @@ public:
     LocalStatusHandler() : StatusHandler(SVNStatusKind::unknown) {}
 
 private:
-    void startInEntry(Element element, XmlAttributes attributes) override {
+    void startOther(Element element, XmlAttributes attributes) override {
         switch (element) {
         case Element::wcStatus:
             item.kind = statusKind(attributes, "item", SVNStatusKind::unknown);
@@ -106,7 +106,7 @@ public:
     std::optional<qint64> repositoryRevision;
 
 private:
-    void startInEntry(Element element, XmlAttributes attributes) override {
+    void startOther(Element element, XmlAttributes attributes) override {
         switch (element) {
         case Element::wcStatus:
             item.revision = attributes.text("revision", revisions);

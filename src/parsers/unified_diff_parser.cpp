@@ -4,6 +4,7 @@
 
 #include <QStringBuilder>
 
+#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -12,6 +13,8 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 
 namespace {
+
+constexpr qsizetype longestLine = std::numeric_limits<qint32>::max(); ///< the rest of a longer one is cut off
 
 bool begins(QStringView line, std::u16string_view prefix) {
     return std::u16string_view(line.utf16(), static_cast<std::size_t>(line.size())).starts_with(prefix);
@@ -105,10 +108,11 @@ private:
             return false;
         const QStringView paths = line.sliced(prefix.size());
         const qsizetype space = paths.indexOf(u' ');
-        if (space < 0)
+        if (space < 0) {
             startFile(u"Diff"_s, u"Diff"_s);
-        else
+        } else {
             startFile(withoutSidePrefix(paths.first(space)), withoutSidePrefix(paths.sliced(space + 1)));
+        }
         return true;
     }
 
@@ -167,7 +171,7 @@ private:
 
     void append(DiffLineKind kind, QStringView line) {
         source->lines.push_back(PackedDiffLine{.start = line.utf16() - text.utf16(),
-                                               .length = static_cast<qint32>(line.size()),
+                                               .length = static_cast<qint32>(qMin(line.size(), longestLine)),
                                                .oldOffset = oldOffset,
                                                .newOffset = newOffset,
                                                .kind = kind});

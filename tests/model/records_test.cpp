@@ -25,20 +25,6 @@ TEST(RecordsTest, textsConvertExactly) {
     EXPECT_EQ(repositoryKindFromRawValue(u"Git"), std::nullopt);
 }
 
-TEST(RecordsTest, everyStatusHasItsThreeTexts) {
-    QStringList texts;
-    for (int i = 0; i <= static_cast<int>(SVNStatusKind::unknown); ++i) {
-        const auto kind = static_cast<SVNStatusKind>(i);
-        EXPECT_EQ(statusKindFromRawValue(rawValue(kind)), kind);
-        texts.append(u"%1 %2 %3"_s.arg(rawValue(kind), displayName(kind), QString(shortName(kind))));
-    }
-    EXPECT_EQ(texts, QStringList({u"added Added A"_s, u"conflicted Conflict C"_s, u"deleted Deleted D"_s,
-                                  u"external External X"_s, u"ignored Ignored I"_s, u"incomplete Incomplete !"_s,
-                                  u"merged Merged G"_s, u"missing Missing !"_s, u"modified Modified M"_s,
-                                  u"none None  "_s, u"normal Normal  "_s, u"obstructed Obstructed ~"_s,
-                                  u"replaced Replaced R"_s, u"unversioned Unversioned ?"_s, u"unknown Unknown ?"_s}));
-}
-
 TEST(RecordsTest, statusLabel) {
     struct Row {
         const char *name;
@@ -115,9 +101,10 @@ TEST(RecordsTest, normalizedColorHex) {
         {u"#Ff8800", u"#FF8800"_s}, {u"12345", std::nullopt},  {u"#GG0000", std::nullopt},
         {u"##abc", std::nullopt},   {u"", std::nullopt},       {u"１２３", std::nullopt},
     };
-    for (const Row &row : rows)
-        EXPECT_EQ(CustomLanguageRule::normalizedColorHex(row.typed), row.normalized)
-            << qPrintable(row.typed.toString());
+    for (const Row &row : rows) {
+        SCOPED_TRACE(qPrintable(row.typed.toString()));
+        EXPECT_EQ(CustomLanguageRule::normalizedColorHex(row.typed), row.normalized);
+    }
 }
 
 TEST(RecordsTest, jsonShapes) {

@@ -26,9 +26,10 @@ private:
     static QStringList lines(const QString &text) {
         QStringList result{QString()};
         for (qsizetype i = 0; i < text.size(); ++i) {
-            if (text[i] == u'\n' && (i == 0 || text[i - 1] != u'\r'))
+            const bool endsLine = text[i] == u'\n' && (i == 0 || text[i - 1] != u'\r');
+            if (endsLine)
                 result.append(QString());
-            else
+            if (!endsLine)
                 result.last().append(text[i]);
         }
         if (result.last().isEmpty())
@@ -44,18 +45,18 @@ private:
             return line.startsWith(prefix);
         };
         if (starts(u"diff --git "_s))
-            startFile(gitPaths(line.mid(11)));
-        else if (starts(u"Index: "_s))
-            startFile({line.mid(7), line.mid(7)});
-        else if (!inFile || std::any_of(skipped.begin(), skipped.end(), starts))
+            return startFile(gitPaths(line.mid(11)));
+        if (starts(u"Index: "_s))
+            return startFile({line.mid(7), line.mid(7)});
+        if (!inFile || std::any_of(skipped.begin(), skipped.end(), starts))
             return;
-        else if (starts(u"--- "_s))
-            paths.first() = headerPath(line);
-        else if (starts(u"+++ "_s))
-            paths.last() = headerPath(line);
-        else if (starts(u"@@ "_s))
-            startHunk(line);
-        else if (inHunk)
+        if (starts(u"--- "_s))
+            return setPath(paths.first(), line);
+        if (starts(u"+++ "_s))
+            return setPath(paths.last(), line);
+        if (starts(u"@@ "_s))
+            return startHunk(line);
+        if (inHunk)
             readHunkLine(line);
     }
 
@@ -94,7 +95,9 @@ private:
         return path.startsWith(u"a/") || path.startsWith(u"b/") ? path.mid(2) : path;
     }
 
-    static QString headerPath(const QString &line) { return withoutSide(line.mid(4).section(u'\t', 0, 0).trimmed()); }
+    static void setPath(QString &path, const QString &line) {
+        path = withoutSide(line.mid(4).section(u'\t', 0, 0).trimmed());
+    }
 
     static QStringList gitPaths(const QString &rest) {
         if (!rest.contains(u' '))
