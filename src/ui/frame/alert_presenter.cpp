@@ -33,8 +33,8 @@ void AlertPresenter::showNext() {
         return;
     const AppAlert &alert = waiting.first();
     dialog = new MessageDialog(MessageDialog::Purpose::alert, alert.title, alert.message, window);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &QDialog::finished, this, [this] {
+        dialog->deleteLater();
         dialog = nullptr;
         dismiss(waiting.takeFirst());
         showNext();

@@ -27,6 +27,8 @@ private:
 
 /// What is being done, above the content near its lower edge. Takes no focus and lets clicks through.
 class BusyCard final : public QWidget {
+    Q_OBJECT
+
 public:
     /// Lies over `area` and follows its size.
     explicit BusyCard(QWidget *area);
@@ -47,6 +49,8 @@ private:
 
 /// A light of two pixels that runs along the lower edge of `strip` while a command runs.
 class BusyLine final : public QWidget {
+    Q_OBJECT
+
 public:
     explicit BusyLine(QWidget *strip);
 

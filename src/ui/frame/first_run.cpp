@@ -95,7 +95,7 @@ FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent),
     explanation->setWordWrap(true);
     explanation->setAlignment(Qt::AlignCenter);
     explanation->setFixedWidth(textWidth);
-    firstWay = new WayButton(commands.action(Command::addExistingWorkingCopy), frame);
+    auto *firstWay = new WayButton(commands.action(Command::addExistingWorkingCopy), frame);
     auto *column = new QVBoxLayout(frame);
     column->setContentsMargins(frameEdge, frameEdge, frameEdge, frameEdge);
     column->setSpacing(gap);
@@ -105,6 +105,7 @@ FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent),
     column->addWidget(explanation, 0, Qt::AlignCenter);
     column->addSpacing(12);
     column->addWidget(firstWay, 0, Qt::AlignCenter);
+    setFocusProxy(firstWay);
     frame->setFixedWidth(frameWidth);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(frame, 0, Qt::AlignCenter);
@@ -118,11 +119,6 @@ void FirstRun::paintEvent(QPaintEvent *) {
     pen.setDashPattern({3, 2});
     painter.setPen(pen);
     painter.drawRoundedRect(frame->geometry().adjusted(1, 1, -1, -1), 10, 10);
-}
-
-void FirstRun::showEvent(QShowEvent *event) {
-    QWidget::showEvent(event);
-    firstWay->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace kestor

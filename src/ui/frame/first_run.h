@@ -6,18 +6,18 @@ namespace kestor {
 
 class Commands;
 
-/// What the window shows while it has no project: the ways to add one, in a dashed frame.
+/// What the window shows while it has no project: the ways to add one, in a dashed frame. Its focus is on the first.
 class FirstRun final : public QWidget {
+    Q_OBJECT
+
 public:
     FirstRun(const Commands &commands, QWidget *parent);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
 private:
     QWidget *frame;
-    QWidget *firstWay = nullptr;
 };
 
 } // namespace kestor

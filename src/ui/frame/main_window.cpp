@@ -1,7 +1,7 @@
 #include "ui/frame/main_window.h"
 
 #include "ui/diff/diff_pane.h"
-#include "ui/diff/diff_view.h"
+#include "ui/diff/plain_text_view.h"
 #include "ui/frame/alert_presenter.h"
 #include "ui/frame/busy_display.h"
 #include "ui/frame/commands.h"
@@ -102,7 +102,13 @@ void MainWindow::showFirstRunOrProject() {
         firstRun = new FirstRun(*commands, content);
         content->addWidget(firstRun);
     }
-    content->setCurrentIndex(empty ? content->indexOf(firstRun) : 0);
+    const int shown = empty ? content->indexOf(firstRun) : 0;
+    const bool firstTime = !isVisible();
+    if (content->currentIndex() == shown && !firstTime)
+        return;
+    content->setCurrentIndex(shown);
+    QWidget *first = empty ? firstRun : changes->focusPanes().first();
+    first->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::showPage() {
@@ -126,7 +132,8 @@ void MainWindow::showOutput() {
     if (sheet == nullptr) {
         sheet = new OutputSheet(rows);
         sheet->text().setTextSizeDelta(changes->diffPane().textSizeDelta());
-        connect(&changes->diffPane(), &DiffPane::textSizeDeltaChanged, &sheet->text(), &DiffView::setTextSizeDelta);
+        connect(&changes->diffPane(), &DiffPane::textSizeDeltaChanged, &sheet->text(),
+                &PlainTextView::setTextSizeDelta);
         connect(sheet, &OutputSheet::closeRequested, closeSheet, &QShortcut::activated);
         rows->setStretchFactor(0, 1);
     }

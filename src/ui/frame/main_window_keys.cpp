@@ -1,5 +1,5 @@
 #include "ui/diff/diff_pane.h"
-#include "ui/diff/diff_view.h"
+#include "ui/diff/plain_text_view.h"
 #include "ui/frame/commands.h"
 #include "ui/frame/main_window.h"
 #include "ui/frame/output_sheet.h"

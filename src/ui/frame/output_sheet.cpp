@@ -1,7 +1,6 @@
 #include "ui/frame/output_sheet.h"
 
-#include "ui/diff/diff_view.h"
-#include "ui/diff/document_loader.h"
+#include "ui/diff/plain_text_view.h"
 #include "ui/frame/flat_button.h"
 #include "ui/frame/icon_label.h"
 #include "ui/look/icons.h"
@@ -31,21 +30,15 @@ QString printedText(const CommandOutput &output) {
 
 } // namespace
 
-OutputSheet::OutputSheet(QWidget *parent)
-    : QWidget(parent), loader(new DocumentLoader(this)), view(new DiffView(this)) {
+OutputSheet::OutputSheet(QWidget *parent) : QWidget(parent), view(new PlainTextView(this)) {
     setMinimumHeight(leastHeight);
-    view->setPlainTint(PlainTint::none);
     view->setAccessibleName(u"Output"_s);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, edgeHeight, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(head());
     layout->addWidget(view, 1);
-    connect(loader, &DocumentLoader::loaded, this, [this](const DiffDocumentPtr &document) {
-        view->setDocument(document, beginsAnew ? DocumentChange::otherSubject : DocumentChange::completed);
-        beginsAnew = false;
-    });
-    connect(view, &DiffView::leaveRequested, this, &OutputSheet::closeRequested);
+    connect(view, &PlainTextView::leaveRequested, this, &OutputSheet::closeRequested);
 }
 
 QWidget *OutputSheet::head() {
@@ -88,8 +81,7 @@ void OutputSheet::setOutput(const CommandOutput &shown) {
     status->setTone(tone);
     commandLine->setText(output.commandLine);
     setAccessibleName(u"%1, %2"_s.arg(output.title, status->text()));
-    beginsAnew = true;
-    loader->loadOutput(output.stdoutText, output.stderrText);
+    view->setOutput(output.stdoutText, output.stderrText);
     update();
     QAccessibleEvent announcement(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&announcement);

@@ -6,9 +6,8 @@
 
 namespace kestor {
 
-class DiffView;
-class DocumentLoader;
 class IconLabel;
+class PlainTextView;
 class ToneLabel;
 
 /// What a command printed, below the page of the tab. It never takes the focus by itself.
@@ -21,7 +20,7 @@ public:
     explicit OutputSheet(QWidget *parent);
 
     void setOutput(const CommandOutput &output);
-    DiffView &text() { return *view; }
+    PlainTextView &text() { return *view; }
     /// With which all of the text would be seen.
     int wantedHeight() const;
 
@@ -40,9 +39,7 @@ private:
     IconLabel *sign = nullptr;
     ToneLabel *status = nullptr;
     ToneLabel *commandLine = nullptr;
-    DocumentLoader *loader;
-    DiffView *view;
-    bool beginsAnew = true; ///< the next document belongs to another output than the one shown
+    PlainTextView *view;
 };
 
 } // namespace kestor

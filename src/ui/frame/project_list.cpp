@@ -92,8 +92,8 @@ void ProjectDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
 }
 
 ProjectListView::ProjectListView(QWidget *parent)
-    : QListView(parent), model(new ProjectListModel(this)), settling(new QTimer(this)) {
-    setModel(model);
+    : QListView(parent), listModel(new ProjectListModel(this)), settling(new QTimer(this)) {
+    setModel(listModel);
     setItemDelegate(new ProjectDelegate(this));
     setUniformItemSizes(true);
     setFrameShape(QFrame::NoFrame);
@@ -113,7 +113,7 @@ void ProjectListView::setMoving(Moving newMoving) {
 void ProjectListView::showCurrent(const QUuid &id) {
     const QScopedValueRollback following(followsState, true);
     settling->stop();
-    setCurrentIndex(model->index(model->rowOf(id)));
+    setCurrentIndex(listModel->index(listModel->rowOf(id)));
 }
 
 void ProjectListView::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
@@ -129,7 +129,7 @@ void ProjectListView::currentChanged(const QModelIndex &current, const QModelInd
 void ProjectListView::reportChosen() {
     settling->stop();
     if (currentIndex().isValid())
-        emit projectChosen(model->at(currentIndex().row()).id);
+        emit projectChosen(listModel->at(currentIndex().row()).id);
 }
 
 void ProjectListView::keyPressEvent(QKeyEvent *event) {

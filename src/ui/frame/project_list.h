@@ -49,7 +49,7 @@ public:
 
     explicit ProjectListView(QWidget *parent);
 
-    ProjectListModel &rows() { return *model; }
+    ProjectListModel &rows() { return *listModel; }
     void setMoving(Moving moving);
     /// Makes the project's row the current one; none when it is not shown.
     void showCurrent(const QUuid &id);
@@ -65,7 +65,7 @@ protected:
 private:
     void reportChosen();
 
-    ProjectListModel *model;
+    ProjectListModel *listModel;
     class QTimer *settling; ///< while an arrow key repeats
     Moving moving = Moving::allowed;
     bool followsState = false; ///< a change of the current row does not come from the user

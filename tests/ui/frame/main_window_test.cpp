@@ -1,0 +1,295 @@
+#include "support/app_fixture.h"
+#include "support/printers.h"
+#include "ui/frame/busy_card.h"
+#include "ui/frame/first_run.h"
+#include "ui/frame/main_window.h"
+#include "ui/frame/message_dialog.h"
+#include "ui/frame/output_sheet.h"
+#include "ui/frame/project_list.h"
+#include "ui/frame/tab_strip.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextEdit>
+#include <QToolButton>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::AppFixture;
+using testing::TempTree;
+using testing::waitUntil;
+
+/// The real window over two projects whose folders are plain, so that loading them fails at once.
+class Window : public ::testing::Test {
+protected:
+    void show(const QStringList &names) {
+        QList<Project> projects;
+        for (const QString &name : names) {
+            tree.makeDirectory(name);
+            projects.append({QUuid::createUuid(), name, tree.path(name), RepositoryKind::git});
+        }
+        app.projects = projects;
+        if (!projects.isEmpty())
+            app.selectedProjectID = projects.first().id;
+        window = std::make_unique<MainWindow>(app, fixture.settings);
+        window->show();
+        activate();
+    }
+    /// Shortcuts work in the active window only.
+    void activate() {
+        window->activateWindow();
+        ASSERT_TRUE(waitUntil([this] { return QApplication::activeWindow() == window.get(); }));
+    }
+    template <typename Part>
+    Part *part() const {
+        return window->findChild<Part *>();
+    }
+    QString selectedName() const { return app.selectedProject() ? app.selectedProject()->name : QString(); }
+    /// Waits for the alert of a load that failed and dismisses it.
+    void dismissAlert() {
+        ASSERT_TRUE(waitUntil([this] { return part<MessageDialog>() != nullptr; }));
+        QTest::keyClick(part<MessageDialog>(), Qt::Key_Escape);
+        ASSERT_TRUE(waitUntil([this] { return part<MessageDialog>() == nullptr; }));
+        activate();
+    }
+
+    TempTree tree{};
+    AppFixture fixture{};
+    AppState &app = fixture.app;
+    std::unique_ptr<MainWindow> window{};
+};
+
+QStringList menuTexts(const QMenuBar &bar) {
+    QStringList texts;
+    for (const QAction *menu : bar.actions()) {
+        texts.append(menu->text());
+        for (const QAction *item : menu->menu()->actions())
+            texts.append(item->isSeparator()
+                             ? u"-"_s
+                             : item->text() + u'|' + item->shortcut().toString(QKeySequence::PortableText));
+    }
+    return texts;
+}
+
+TEST_F(Window, HasTheMenusAndNoDeadItem) {
+    show({});
+    const QStringList expected{u"&Repository"_s,
+                               u"Add Existing Working Copy...|Ctrl+O"_s,
+                               u"Remove Project|"_s,
+                               u"-"_s,
+                               u"Open Terminal Here|"_s,
+                               u"Open Finder Here|"_s,
+                               u"Open Both Here|"_s,
+                               u"-"_s,
+                               u"Refresh Status|Ctrl+R"_s,
+                               u"-"_s,
+                               u"Info|"_s};
+    EXPECT_EQ(menuTexts(*window->menuBar()), expected);
+    app.busyMessage = u"Working"_s;
+    for (const QAction *item : window->menuBar()->actions().first()->menu()->actions())
+        EXPECT_TRUE(item->isSeparator() || !item->isEnabled()) << qPrintable(item->text());
+}
+
+TEST_F(Window, OffersTheFirstProjectAndThenShowsIt) {
+    show({});
+    EXPECT_EQ(window->windowTitle(), u"KestorSVN"_s);
+    EXPECT_FALSE(part<TabStrip>()->isVisible());
+    auto *way = part<FirstRun>()->findChild<QPushButton *>();
+    ASSERT_EQ(window->focusWidget(), way);
+    QTest::keyClick(way, Qt::Key_Space);
+    EXPECT_EQ(fixture.user.asked, QStringList(u"directory Add Working Copy"_s));
+    const Project project{QUuid::createUuid(), u"a"_s, tree.path(), RepositoryKind::git};
+    app.projects = QList<Project>{project};
+    app.selectedProjectID = project.id;
+    EXPECT_TRUE(part<TabStrip>()->isVisible());
+    EXPECT_EQ(window->windowTitle(), u"a"_s);
+}
+
+TEST_F(Window, ARowChosenByTheUserSelectsItsProject) {
+    show({u"a"_s, u"b"_s, u"c"_s});
+    auto *list = part<ProjectListView>();
+    QSignalSpy chosen(list, &ProjectListView::projectChosen);
+    app.selectedProjectID = app.projects.value().at(1).id;
+    EXPECT_EQ(list->currentIndex().row(), 1);
+    EXPECT_EQ(chosen.count(), 0) << "a published selection is not the user's";
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->rows().index(2, 0)).center());
+    EXPECT_EQ(selectedName(), u"c"_s);
+    dismissAlert();
+    QTest::keyClick(window.get(), Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(selectedName(), u"b"_s);
+    dismissAlert();
+    app.busyMessage = u"Working"_s;
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->rows().index(0, 0)).center());
+    QTest::keyClick(list, Qt::Key_Down);
+    EXPECT_EQ(selectedName(), u"b"_s) << "held while a command runs";
+    app.busyMessage = std::nullopt;
+}
+
+TEST_F(Window, FindsAProjectByItsName) {
+    show({u"alpha"_s, u"beta"_s});
+    QTest::keyClick(window.get(), Qt::Key_P, Qt::ControlModifier);
+    auto *field = qobject_cast<QLineEdit *>(window->focusWidget());
+    ASSERT_NE(field, nullptr);
+    QTest::keyClicks(field, u"BE"_s);
+    EXPECT_EQ(part<ProjectListView>()->rows().rowCount(), 1);
+    EXPECT_EQ(selectedName(), u"alpha"_s);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(selectedName(), u"beta"_s);
+    EXPECT_FALSE(field->isVisible());
+    EXPECT_EQ(part<ProjectListView>()->rows().rowCount(), 2);
+    dismissAlert();
+}
+
+TEST_F(Window, SwitchesTabsAlsoWhileBusy) {
+    show({u"a"_s});
+    auto *tabs = part<TabStrip>();
+    app.busyMessage = u"Working"_s;
+    QTest::keyClick(window.get(), Qt::Key_3, Qt::ControlModifier);
+    EXPECT_EQ(app.selectedTab.value(), WorkflowTab::history);
+    QTest::keyClick(window.get(), Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(app.selectedTab.value(), WorkflowTab::archives);
+    app.busyMessage = std::nullopt;
+    app.selectedTab = WorkflowTab::changes;
+    EXPECT_EQ(tabs->currentIndex(), 0);
+    app.changes = QList<WorkingCopyItem>{{.path = u"a.c"_s, .kind = SVNStatusKind::modified}};
+    EXPECT_NE(tabs->tabButton(0, QTabBar::RightSide), nullptr);
+    app.changes = QList<WorkingCopyItem>();
+    EXPECT_EQ(tabs->tabButton(0, QTabBar::RightSide), nullptr);
+}
+
+CommandOutput output(const QString &title, qint32 status) {
+    return {QUuid::createUuid(), title, u"svn update"_s, status, u"out\n"_s, u"err\n"_s, std::nullopt};
+}
+
+TEST_F(Window, OutputTakesNoFocusAndEscDismissesIt) {
+    show({u"a"_s});
+    auto *list = part<ProjectListView>();
+    list->setFocus();
+    app.commandOutput = output(u"Update"_s, 0);
+    ASSERT_NE(part<OutputSheet>(), nullptr);
+    EXPECT_TRUE(part<OutputSheet>()->isVisible());
+    EXPECT_GE(part<OutputSheet>()->height(), OutputSheet::leastHeight);
+    EXPECT_EQ(window->focusWidget(), list);
+    app.commandOutput = output(u"Cleanup"_s, 1);
+    EXPECT_EQ(part<OutputSheet>()->accessibleName(), u"Cleanup, Exit status 1"_s);
+    QTest::keyClick(list, Qt::Key_Escape);
+    EXPECT_FALSE(app.commandOutput.value().has_value());
+    EXPECT_FALSE(part<OutputSheet>()->isVisible());
+    EXPECT_EQ(window->focusWidget(), list);
+}
+
+TEST_F(Window, AlertsComeOneAfterAnother) {
+    show({u"a"_s});
+    const auto publish = [this](const QString &message) {
+        app.alert = AppAlert{QUuid::createUuid(), u"Commit Failed"_s, message};
+    };
+    publish(u"first <b>text</b>"_s);
+    publish(u"second"_s);
+    publish(u"second"_s);
+    QStringList messages;
+    while (MessageDialog *dialog = part<MessageDialog>()) {
+        messages.append(dialog->findChild<QTextEdit *>()->toPlainText());
+        EXPECT_TRUE(app.alert.value().has_value());
+        QTest::keyClick(dialog, Qt::Key_Return);
+        ASSERT_TRUE(waitUntil([&] { return part<MessageDialog>() != dialog; }));
+    }
+    EXPECT_EQ(messages, (QStringList{u"first <b>text</b>"_s, u"second"_s}));
+    EXPECT_FALSE(app.alert.value().has_value());
+}
+
+TEST_F(Window, ALongAlertScrollsAndIsCopiedWhole) {
+    show({u"a"_s});
+    const QString message = u"line\n"_s.repeated(50000);
+    app.alert = AppAlert{QUuid::createUuid(), u"Status Failed"_s, message};
+    auto *dialog = part<MessageDialog>();
+    EXPECT_LE(dialog->findChild<QTextEdit *>()->height(), 240);
+    for (QPushButton *button : dialog->findChildren<QPushButton *>()) {
+        if (button->text() == u"Copy")
+            button->click();
+    }
+    EXPECT_EQ(QApplication::clipboard()->text(), message);
+    EXPECT_TRUE(dialog->isVisible());
+    QTest::keyClick(dialog, Qt::Key_Return);
+}
+
+TEST_F(Window, ShortWorkShowsNothingAndLongWorkHoldsParts) {
+    show({u"a"_s, u"b"_s});
+    auto *list = part<ProjectListView>();
+    list->setFocus();
+    app.busyMessage = u"Committing"_s;
+    QTest::qWait(50);
+    app.busyMessage = std::nullopt;
+    QTest::qWait(200);
+    EXPECT_EQ(part<BusyCard>(), nullptr);
+    app.busyMessage = u"Committing"_s;
+    ASSERT_TRUE(waitUntil([this] { return part<BusyCard>() != nullptr; }));
+    EXPECT_TRUE(list->isEnabled());
+    EXPECT_EQ(part<BusyCard>()->height(), 44);
+    EXPECT_EQ(part<BusyCard>()->geometry().bottom() + 1, part<BusyCard>()->parentWidget()->height() - 24);
+    ASSERT_TRUE(waitUntil([list] { return !list->isEnabled(); }));
+    app.busyMessage = std::nullopt;
+    EXPECT_TRUE(list->isEnabled());
+    EXPECT_FALSE(part<BusyCard>()->isVisible());
+    EXPECT_EQ(window->focusWidget(), list) << "the focus is back where it was";
+}
+
+TEST_F(Window, TakesDroppedFoldersOnlyWhenItCan) {
+    struct Row {
+        const char *name;
+        QList<QUrl> urls;
+        std::optional<QString> busy;
+        bool taken;
+    };
+    show({u"a"_s});
+    tree.write(u"file"_s);
+    const QUrl folder = QUrl::fromLocalFile(tree.path(u"a"_s));
+    const QUrl file = QUrl::fromLocalFile(tree.path(u"file"_s));
+    const Row rows[] = {
+        {"a folder", {folder}, std::nullopt, true},
+        {"a file", {file}, std::nullopt, false},
+        {"a file among folders", {folder, file}, std::nullopt, false},
+        {"a folder of another machine", {QUrl(u"sftp://host/a"_s)}, std::nullopt, false},
+        {"while busy", {folder}, u"Working"_s, false},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        app.busyMessage = row.busy;
+        QMimeData dragged;
+        dragged.setUrls(row.urls);
+        QDragEnterEvent enter(QPoint(600, 300), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        enter.ignore();
+        QApplication::sendEvent(window->windowHandle(), &enter);
+        EXPECT_EQ(enter.isAccepted(), row.taken);
+    }
+    app.busyMessage = std::nullopt;
+}
+
+TEST_F(Window, KeepsItsLayoutForTheNextRun) {
+    show({u"a"_s});
+    QTest::keyClick(window.get(), Qt::Key_B, Qt::ControlModifier);
+    window->close();
+    window = std::make_unique<MainWindow>(app, fixture.settings);
+    window->show();
+    EXPECT_FALSE(part<ProjectListView>()->isVisible());
+    for (QToolButton *button : window->findChildren<QToolButton *>()) {
+        if (button->isVisible() && button->accessibleName() == u"Show the sidebar (Ctrl+B)")
+            button->click();
+    }
+    EXPECT_TRUE(part<ProjectListView>()->isVisible());
+}
+
+} // namespace
+} // namespace kestor

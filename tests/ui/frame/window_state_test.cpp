@@ -1,0 +1,76 @@
+#include "support/temp_tree.h"
+#include "ui/frame/window_state.h"
+
+#include <QSettings>
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::TempTree;
+
+TEST(WindowState, ComesBackAsItWasSaved) {
+    const TempTree tree;
+    const QString file = tree.path(u"window.conf"_s);
+    const WindowState state{QByteArray("\0\xff geometry", 11), QRect(-1900, 20, 1000, 700), 300, true, 500, 3};
+    {
+        QSettings settings(file, QSettings::IniFormat);
+        saveWindowState(settings, state);
+    }
+    const QSettings settings(file, QSettings::IniFormat);
+    EXPECT_EQ(loadWindowState(settings), state);
+}
+
+TEST(WindowState, BrokenOrOddValuesAreTheDefaults) {
+    struct Row {
+        const char *name;
+        QVariant stored;
+        WindowState expected;
+    };
+    WindowState bounded;
+    bounded.sidebarWidth = 360;
+    bounded.listWidth = 280;
+    const Row rows[] = {
+        {"not JSON", QByteArray("\x01\x02{{"), {}},
+        {"another type", 17, {}},
+        {"a list", QByteArray("[1,2]"), {}},
+        {"members of other types",
+         QByteArray(R"({"sidebarWidth":"wide","frame":7,"sidebarHidden":[],"geometry":1})"),
+         {}},
+        {"sizes out of bounds", QByteArray(R"({"sidebarWidth":99999,"listWidth":-5})"), bounded},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const TempTree tree;
+        QSettings settings(tree.path(u"window.conf"_s), QSettings::IniFormat);
+        settings.setValue(u"KestorSVN.window"_s, row.stored);
+        EXPECT_EQ(loadWindowState(settings), row.expected);
+    }
+}
+
+TEST(WindowState, AWindowOffEveryScreenIsCentered) {
+    struct Row {
+        const char *name;
+        QRect frame;
+        QList<QRect> screens;
+        std::optional<QRect> expected;
+    };
+    const QRect screen(0, 0, 1920, 1080);
+    const Row rows[] = {
+        {"in view", QRect(100, 100, 800, 600), {screen}, std::nullopt},
+        {"on the second screen", QRect(2000, 100, 800, 600), {screen, QRect(1920, 0, 1920, 1080)}, std::nullopt},
+        {"its screen is gone", QRect(2000, 100, 800, 600), {screen}, QRect(560, 240, 800, 600)},
+        {"only a sliver in view", QRect(1900, 100, 800, 600), {screen}, QRect(560, 240, 800, 600)},
+        {"larger than the screen", QRect(5000, 0, 4000, 3000), {screen}, screen},
+        {"never saved", QRect(), {screen}, std::nullopt},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(recoveredFrame(row.frame, row.screens), row.expected);
+    }
+}
+
+} // namespace
+} // namespace kestor
