@@ -68,8 +68,10 @@ QCoro::Task<> AppState::includeIgnoredPath() {
     const QList<PromptField> fields{{u"path"_s, u"Path"_s, QString()}};
     const std::optional<QMap<QString, QString>> answer = co_await user.prompt(u"Include Ignored Path"_s, fields);
     const QString path = normalizedPath(answer ? answer->value(u"path"_s) : QString());
-    if (!path.isEmpty())
-        co_await addIgnoreLines(*project, QStringList(includeRuleFor(path, typeOf(path, project->path))));
+    if (path.isEmpty())
+        co_return;
+    const QStringList rules(includeRuleFor(path, typeOf(path, project->path)));
+    co_await addIgnoreLines(*project, rules);
 }
 
 QCoro::Task<> AppState::addIgnoreLines(Project project, QStringList lines) {

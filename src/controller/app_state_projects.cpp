@@ -30,8 +30,10 @@ QString terminalMissingText() {
 QCoro::Task<> AppState::addExistingWorkingCopy() {
     const RunningOperations::Scope running(operations);
     const std::optional<QString> directory = co_await user.chooseDirectory(u"Add Working Copy"_s);
-    if (directory)
-        co_await addWorkingCopies(QStringList(*directory));
+    if (!directory)
+        co_return;
+    const QStringList directories(*directory);
+    co_await addWorkingCopies(directories);
 }
 
 QCoro::Task<> AppState::addWorkingCopies(QStringList directories) {

@@ -14,12 +14,15 @@ QCoro::Task<std::optional<QMap<QString, QString>>> ScriptedUser::prompt(QString 
     for (const PromptField &field : std::as_const(fields))
         labels.append(field.label + u'=' + field.value);
     asked.append(u"prompt "_s + title + u": "_s + labels.join(u", "_s));
-    co_return promptAnswer;
+    // A member named here would be moved from.
+    const auto answer = promptAnswer;
+    co_return answer;
 }
 
 QCoro::Task<std::optional<QString>> ScriptedUser::chooseDirectory(QString title) {
     asked.append(u"directory "_s + title);
-    co_return chosenDirectory;
+    const auto answer = chosenDirectory;
+    co_return answer;
 }
 
 QCoro::Task<bool> ScriptedUser::openInFileManager(QString directory) {
@@ -29,7 +32,8 @@ QCoro::Task<bool> ScriptedUser::openInFileManager(QString directory) {
 
 QCoro::Task<TerminalResult> ScriptedUser::openTerminal(QString directory) {
     asked.append(u"terminal "_s + directory);
-    co_return terminalResult;
+    const TerminalResult result = terminalResult;
+    co_return result;
 }
 
 } // namespace kestor::testing
