@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace kestor::testing {
 
@@ -28,7 +29,8 @@ inline bool waitUntil(const std::function<bool()> &condition) {
 template <typename Value>
 QCoro::Task<> storeResult(QCoro::Task<Value> task, std::optional<Value> *value, std::exception_ptr *error) {
     try {
-        value->emplace(co_await task);
+        Value result = co_await task;
+        value->emplace(std::move(result));
     } catch (...) {
         *error = std::current_exception();
     }
