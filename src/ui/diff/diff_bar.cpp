@@ -1,0 +1,121 @@
+#include "ui/diff/diff_bar.h"
+
+#include "ui/look/icons.h"
+#include "ui/look/metrics.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QHelpEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QPainter>
+#include <QToolButton>
+#include <QToolTip>
+
+namespace kestor {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int buttonSide = 28;
+
+QToolButton *barButton(Icon picture, const QString &name, const QString &toolTip, QWidget *parent) {
+    auto *const button = new QToolButton(parent);
+    button->setIcon(icon(picture));
+    button->setIconSize({16, 16});
+    button->setAutoRaise(true);
+    button->setFixedSize(buttonSide, buttonSide);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(name);
+    button->setToolTip(toolTip);
+    return button;
+}
+
+} // namespace
+
+DiffBar::DiffBar(QMenu *menu, QWidget *parent)
+    : QWidget(parent), theme(themeFor(palette())), hunks(new QLabel(this)),
+      previous(barButton(Icon::arrowUp, u"Previous Hunk"_s, u"Previous Hunk (Shift+F7)"_s, this)),
+      next(barButton(Icon::arrowDown, u"Next Hunk"_s, u"Next Hunk (F7)"_s, this)),
+      more(barButton(Icon::more, u"Diff Menu"_s, u"More"_s, this)) {
+    setFixedHeight(barHeight);
+    auto *const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, gap, 1);
+    layout->setSpacing(0);
+    layout->addStretch();
+    layout->addWidget(hunks);
+    layout->addSpacing(gap);
+    layout->addWidget(previous);
+    layout->addWidget(next);
+    layout->addSpacing(gap);
+    layout->addWidget(more);
+    connect(previous, &QToolButton::clicked, this, &DiffBar::previousHunkRequested);
+    connect(next, &QToolButton::clicked, this, &DiffBar::nextHunkRequested);
+    connect(more, &QToolButton::clicked, this,
+            [this, menu] { menu->popup(more->mapToGlobal(QPoint(0, more->height()))); });
+    applyLook();
+    clear();
+}
+
+void DiffBar::setTitle(const DiffTitle &newTitle) {
+    title = newTitle;
+    more->show();
+    update();
+}
+
+void DiffBar::setHunks(const QString &text) {
+    hunks->setText(text);
+    for (QWidget *const part :
+         {static_cast<QWidget *>(hunks), static_cast<QWidget *>(previous), static_cast<QWidget *>(next)})
+        part->setVisible(!text.isEmpty());
+    update();
+}
+
+void DiffBar::clear() {
+    setTitle({});
+    setHunks({});
+    more->hide();
+}
+
+void DiffBar::applyLook() {
+    theme = themeFor(palette());
+    hunks->setFont(smallFont(font()));
+    QPalette mutedPalette = palette();
+    mutedPalette.setColor(hunks->foregroundRole(), theme.muted);
+    hunks->setPalette(mutedPalette);
+    update();
+}
+
+void DiffBar::changeEvent(QEvent *event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        applyLook();
+}
+
+/// From the left edge to the first part that is shown at the right.
+QRect DiffBar::titleArea() const {
+    int end = width() - gap;
+    for (const QWidget *const part : {static_cast<QWidget *>(more), static_cast<QWidget *>(hunks)}) {
+        if (!part->isHidden())
+            end = part->x() - gap;
+    }
+    return {paneEdge, 0, end - paneEdge, height() - 1};
+}
+
+bool DiffBar::event(QEvent *event) {
+    if (event->type() == QEvent::ToolTip && titleArea().contains(static_cast<QHelpEvent *>(event)->pos())) {
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), title.path, this, titleArea());
+        return true;
+    }
+    return QWidget::event(event);
+}
+
+void DiffBar::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.fillRect(rect(), theme.alternate);
+    painter.fillRect(QRect(0, height() - 1, width(), 1), theme.separator);
+    paintTitle(painter, titleArea(), title, font(), theme);
+}
+
+} // namespace kestor

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "ui/diff/diff_document.h"
+#include "ui/diff/diff_rows.h"
+
+#include <QFont>
+
+namespace kestor {
+
+inline constexpr int currentHunkBar = 3;
+inline constexpr int markerWidth = 20;
+
+/// Fonts and measures of a document's rows, in logical pixels.
+struct DiffMetrics {
+    QFont text, marker, note, number; ///< fixed pitch
+    QFont uiFont;                     ///< of file heads
+    QFont errorHeading;
+    double advance = 0; ///< of one column
+    RowHeights rows{};
+    int gutterWidth = 0; ///< of one of the two columns of numbers; 0 in a plain document
+    int textLeft = 0;    ///< where column 0 stands while nothing is scrolled
+
+    bool hasGutters() const { return gutterWidth > 0; }
+    /// Where text as high as `font`'s has its base line in a row.
+    static int baseline(const QFont &font, int rowTop, int rowHeight);
+};
+
+/// `sizeDelta` pixels are added to the size of the platform's fixed font; heads use `uiFont`.
+DiffMetrics diffMetrics(const DiffDocument &document, const QFont &uiFont, int sizeDelta);
+
+} // namespace kestor

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "model/working_copy_item.h"
+#include "ui/diff/diff_view.h"
+#include "ui/diff/document_loader.h"
+#include "ui/diff/title_painter.h"
+
+#include <QString>
+#include <QWidget>
+
+#include <optional>
+
+class QAction;
+class QMenu;
+class QStackedLayout;
+
+namespace kestor {
+
+class DiffBar;
+class Placeholder;
+
+/// Whose diff a pane shows. A text for the path that is shown already keeps the scroll position.
+struct DiffSubject {
+    QString path{};                        ///< "" when the diff is that of a whole revision
+    std::optional<WorkingCopyItem> item{}; ///< for the badge; without it the diff's header lines decide
+
+    friend bool operator==(const DiffSubject &, const DiffSubject &) = default;
+};
+
+/// The detail of a tab: a bar and beneath it a diff, or what there is to say instead. Texts of any size are taken
+/// without holding up the main thread; the last one wins. Main thread only.
+class DiffPane final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit DiffPane(QWidget *parent = nullptr);
+
+    /// `text` as it was published: a diff, any other text, or one of the short texts that stand for a diff.
+    void showDiff(const DiffSubject &newSubject, const QString &text);
+    /// An empty bar and `explanation` in the middle.
+    void showNothing(const QString &explanation);
+    /// The file's name and `message` in the middle, for a file that is not shown as text.
+    void showNotice(const DiffSubject &newSubject, const QString &message);
+
+    /// From any place of the window; `outside` when the next row of the list is due.
+    StepResult stepHunk(CaretDirection direction);
+    StepResult stepFile(CaretDirection direction);
+    /// Gives the keyboard to what is shown.
+    void takeFocus();
+
+    int textSizeDelta() const { return sizeDelta; }
+    /// In pixels, kept within bounds. Emits `textSizeDeltaChanged` when it differs.
+    void setTextSizeDelta(int delta);
+
+    const DiffView &diffView() const { return *view; }
+
+signals:
+    /// Esc: the keyboard goes back to the list.
+    void leaveRequested();
+    /// The keys N and P, or a button, asked for a hunk that the diff does not have.
+    void pastLastHunk();
+    void beforeFirstHunk();
+    /// From the pane's own menu too, so that all panes can follow.
+    void textSizeDeltaChanged(int delta);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void makeActions();
+    void showDocument(const DiffDocumentPtr &document);
+    void showMessage(const QString &heading, const QString &explanation);
+    void updateTitle();
+    void updateHunks();
+    void copyPath() const;
+    void showContextMenu(const QPoint &point);
+    bool showsDiff() const;
+    bool isShown(const QString &text) const;
+    void stepByButton(CaretDirection direction);
+
+    QMenu *barMenu;
+    QMenu *viewMenu;
+    DiffBar *bar;
+    QStackedLayout *stack;
+    DiffView *view;
+    Placeholder *placeholder;
+    QAction *copy = nullptr;
+    QAction *copyPrinted = nullptr;
+    DocumentLoader loader;
+    DiffSubject subject;
+    DocumentChange nextChange = DocumentChange::otherSubject; ///< of the document that the loader hands over next
+    int sizeDelta = 0;
+};
+
+} // namespace kestor
