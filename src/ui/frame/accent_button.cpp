@@ -4,30 +4,44 @@
 #include "ui/look/theme.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QPainter>
 
 namespace kestor {
 
+namespace {
+
+/// Between the button and the edge of the widget.
+constexpr int frameRoom = 3;
+
+} // namespace
+
 AccentButton::AccentButton(const QString &text, QWidget *parent) : QPushButton(text, parent) {
     setDefault(true);
-    applyLook();
-}
-
-void AccentButton::changeEvent(QEvent *event) {
-    QPushButton::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange)
-        applyLook();
-}
-
-void AccentButton::applyLook() {
-    const Theme theme = themeFor(QApplication::palette());
-    QPalette own;
-    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-        own.setColor(group, QPalette::Button, theme.accent);
-        own.setColor(group, QPalette::ButtonText, theme.accentText);
-    }
-    setPalette(own);
     setFont(boldFont(QApplication::font()));
+}
+
+QSize AccentButton::sizeHint() const {
+    return QPushButton::sizeHint() + QSize(2 * frameRoom, 2 * frameRoom);
+}
+
+void AccentButton::paintGround(QPainter &painter) const {
+    const Theme theme = themeFor(palette());
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (hasFocus()) {
+        painter.setPen(QPen(theme.focusRing, 2));
+        painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 7, 7);
+    }
+    const QColor ground = isDown() ? mixed(theme.accent, theme.text, 0.2) : theme.accent;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(isEnabled() ? ground : theme.selectionIdle);
+    painter.drawRoundedRect(rect().adjusted(frameRoom, frameRoom, -frameRoom, -frameRoom), 5, 5);
+    painter.setPen(isEnabled() ? theme.accentText : theme.disabled);
+}
+
+void AccentButton::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    paintGround(painter);
+    painter.drawText(rect(), Qt::AlignCenter, text());
 }
 
 } // namespace kestor

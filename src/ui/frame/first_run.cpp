@@ -34,21 +34,13 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *) override {
-        const Theme theme = themeFor(QApplication::palette());
         QPainter painter(this);
-        painter.setRenderHint(QPainter::Antialiasing);
-        const QColor ground = isDown() ? mixed(theme.accent, theme.text, 0.2) : theme.accent;
-        if (hasFocus()) {
-            painter.setPen(QPen(theme.focusRing, 2));
-            painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 7, 7);
-        }
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(isEnabled() ? ground : theme.selectionIdle);
-        painter.drawRoundedRect(rect().adjusted(3, 3, -3, -3), 5, 5);
-        painter.setPen(isEnabled() ? theme.accentText : theme.disabled);
+        paintGround(painter);
         const QRect texts = rect().adjusted(16, 0, -16, 0);
         painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter, text());
-        painter.setFont(smallFont(QApplication::font()));
+        QFont shortcutFont = smallFont(QApplication::font());
+        shortcutFont.setBold(false); // a weight not set would be taken from the button's own font
+        painter.setFont(shortcutFont);
         painter.drawText(texts, Qt::AlignRight | Qt::AlignVCenter,
                          action->shortcut().toString(QKeySequence::NativeText));
     }

@@ -2,6 +2,7 @@
 
 #include "ui/look/icons.h"
 
+#include <QStyleOptionToolButton>
 #include <QToolButton>
 
 namespace kestor {
@@ -11,10 +12,21 @@ namespace {
 constexpr int side = 28;
 constexpr int iconSide = 16;
 
+class ArrowlessButton final : public QToolButton {
+public:
+    using QToolButton::QToolButton;
+
+protected:
+    void initStyleOption(QStyleOptionToolButton *option) const override {
+        QToolButton::initStyleOption(option);
+        option->features &= ~QStyleOptionToolButton::HasMenu;
+    }
+};
+
 } // namespace
 
-QToolButton *flatButton(Icon shown, const QString &name, QWidget *parent) {
-    auto *button = new QToolButton(parent);
+QToolButton *flatButton(Icon shown, const QString &name, QWidget *parent, MenuArrow arrow) {
+    auto *button = arrow == MenuArrow::shown ? new QToolButton(parent) : new ArrowlessButton(parent);
     button->setIcon(icon(shown));
     button->setIconSize({iconSide, iconSide});
     button->setAutoRaise(true);

@@ -9,6 +9,7 @@ namespace kestor {
 KindTag::KindTag(QWidget *parent) : ToneLabel(QString(), Tone::muted, parent) {
     setFont(boldFont(smallFont(smallFont(font()))));
     setAlignment(Qt::AlignCenter);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 QSize KindTag::sizeHint() const {

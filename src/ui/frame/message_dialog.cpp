@@ -12,6 +12,9 @@
 #include <QLabel>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QtMath>
+
+#include <memory>
 
 namespace kestor {
 
@@ -29,6 +32,17 @@ constexpr int longestMessage = 20000;
 
 QString shownPart(const QString &message) {
     return message.size() <= longestMessage ? message : message.left(longestMessage) + u"\n…"_s;
+}
+
+/// The height of a document at the width of the message. The one of a view is measured on a copy, since the view lays
+/// out its own anew in the width that it has before it is shown.
+int heightOf(const QTextDocument &document) {
+    const std::unique_ptr<QTextDocument> copy(document.clone());
+    copy->setDefaultFont(document.defaultFont());
+    copy->setDefaultTextOption(document.defaultTextOption());
+    copy->setDocumentMargin(document.documentMargin());
+    copy->setTextWidth(messageWidth);
+    return qCeil(copy->size().height());
 }
 
 } // namespace
@@ -67,9 +81,7 @@ QTextEdit *MessageDialog::messageView() {
     view->setAccessibleName(u"Message"_s);
     view->document()->setDocumentMargin(0);
     view->setPlainText(shownPart(message));
-    view->document()->setTextWidth(messageWidth);
-    const int wanted = qRound(view->document()->size().height()) + 2;
-    view->setFixedSize(messageWidth, qMin(wanted, highestMessage));
+    view->setFixedSize(messageWidth, qMin(heightOf(*view->document()), highestMessage));
     return view;
 }
 

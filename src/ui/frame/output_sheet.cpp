@@ -3,6 +3,7 @@
 #include "ui/diff/plain_text_view.h"
 #include "ui/frame/flat_button.h"
 #include "ui/frame/icon_label.h"
+#include "ui/look/bar.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 
@@ -42,10 +43,8 @@ OutputSheet::OutputSheet(QWidget *parent) : QWidget(parent), view(new PlainTextV
 }
 
 QWidget *OutputSheet::head() {
-    auto *bar = new QWidget(this);
+    auto *bar = new Bar(BarLine::below, this);
     bar->setFixedHeight(barHeight);
-    bar->setBackgroundRole(QPalette::AlternateBase);
-    bar->setAutoFillBackground(true);
     title = new ToneLabel(bar);
     title->setFont(boldFont(font()));
     title->setElideMode(Qt::ElideRight);

@@ -35,7 +35,7 @@ ProjectHeader::ProjectHeader(AppState &shownState, const Commands &commands, QWi
       refresh(commandButton(commands, Command::refreshStatus, Icon::refresh, u"Refresh (F5)"_s)),
       terminal(commandButton(commands, Command::openTerminal, Icon::terminal, u"Open Terminal Here (Ctrl+T)"_s)),
       folder(commandButton(commands, Command::openFinder, Icon::folder, u"Open Finder Here (Ctrl+Shift+O)"_s)),
-      more(flatButton(Icon::more, u"More commands"_s, this)) {
+      more(flatButton(Icon::more, u"More commands"_s, this, MenuArrow::none)) {
     setFixedHeight(headerHeight);
     name->setFont(headingFont(font()));
     name->setElideMode(Qt::ElideMiddle);
