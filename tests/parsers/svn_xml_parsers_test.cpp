@@ -45,12 +45,12 @@ TEST(StatusParserTest, readsEntries) {
          {u"a none none - - tree-conflict"_s}},
         {"nothing is carried over to the next entry",
          statusOf("a", "<wc-status item='modified' props='conflicted' "
-                       "revision='7'><tree-conflict/><author>me</author></wc-status>") +
+                       "revision='7'><tree-conflict/>stray<author>me</author></wc-status>") +
              statusOf("b", "<wc-status item='added'/>"),
          {u"a modified conflicted 7 me tree-conflict"_s, u"b added none - -"_s}},
         {"an entry without a path is dropped", u"<entry><wc-status item='added'/></entry>"_s, {}},
         {"text restarts at every tag",
-         statusOf("a", "<wc-status item='added'>stray<author>x<b>y</b> z\n</author></wc-status>"),
+         statusOf("a", "<wc-status item='added'><author>x<b>y</b> z\n</author></wc-status>"),
          {u"a added none - z"_s}},
         {"character references and CDATA are text",
          statusOf("a&amp;b&#x2d;c", "<wc-status item='added'><author>&lt;<![CDATA[<x>]]></author></wc-status>"),
