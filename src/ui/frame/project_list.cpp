@@ -1,5 +1,6 @@
 #include "ui/frame/project_list.h"
 
+#include "ui/list/path_runs.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 
@@ -21,13 +22,61 @@ namespace {
 constexpr int leastRowHeight = 28;
 constexpr auto settlingTime = 60ms;
 
+/// Paints the texts of one row into the room that is left of it.
+class RowTexts {
+public:
+    RowTexts(QPainter &rowPainter, const QStyleOptionViewItem &option, const Theme &rowTheme)
+        : painter(rowPainter), theme(rowTheme), enabled(option.state.testFlag(QStyle::State_Enabled)),
+          room(option.rect.adjusted(paneEdge, 0, -gap, 0)) {}
+
+    void atRight(const QFont &font, const QString &text) {
+        painter.setFont(font);
+        painter.setPen(enabled ? theme.muted : theme.disabled);
+        painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, text);
+        room.setRight(room.right() - QFontMetrics(font).horizontalAdvance(text) - gap);
+    }
+
+    void atLeft(const QFont &font, const QString &text, RunRole role, const ListFilter &filter = {}) {
+        const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideMiddle, qMax(0, room.width()));
+        for (const TextRun &run : pathRuns({{}, shown}, filter))
+            drawRun(run.role == RunRole::match ? boldFont(font) : font, run.text,
+                    run.role == RunRole::match ? run.role : role);
+        room.setLeft(room.left() + gap);
+    }
+
+private:
+    void drawRun(const QFont &font, const QString &text, RunRole role) {
+        painter.setFont(font);
+        painter.setPen(enabled ? color(role) : theme.disabled);
+        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, text);
+        room.setLeft(room.left() + QFontMetrics(font).horizontalAdvance(text));
+    }
+    QColor color(RunRole role) const {
+        switch (role) {
+        case RunRole::folder:
+            return theme.muted;
+        case RunRole::name:
+            return theme.text;
+        case RunRole::match:
+            return theme.accentInk;
+        }
+        return theme.text;
+    }
+
+    QPainter &painter;
+    const Theme &theme;
+    bool enabled;
+    QRect room;
+};
+
 } // namespace
 
-void ProjectListModel::setRows(const QList<ProjectRow> &newRows) {
-    if (rows == newRows)
+void ProjectListModel::setRows(const QList<ProjectRow> &newRows, const ListFilter &filter) {
+    if (rows == newRows && shownFilter == filter)
         return;
     beginResetModel();
     rows = newRows;
+    shownFilter = filter;
     endResetModel();
 }
 
@@ -60,7 +109,8 @@ QSize ProjectDelegate::sizeHint(const QStyleOptionViewItem &option, const QModel
 
 void ProjectDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
     const auto *view = qobject_cast<const ProjectListView *>(option.widget);
-    const ProjectRow &row = static_cast<const ProjectListModel *>(index.model())->at(index.row());
+    const auto *model = static_cast<const ProjectListModel *>(index.model());
+    const ProjectRow &row = model->at(index.row());
     const Theme theme = themeFor(option.palette);
     const bool current = view != nullptr && view->currentIndex() == index;
     const bool enabled = option.state.testFlag(QStyle::State_Enabled);
@@ -74,20 +124,10 @@ void ProjectDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
         painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
     }
 
-    QRect area = option.rect.adjusted(paneEdge, 0, -gap, 0);
-    const auto drawPart = [&](const QFont &font, const QColor &color, const QString &text, Qt::Alignment alignment) {
-        const QFontMetrics metrics(font);
-        const QString shown = metrics.elidedText(text, Qt::ElideMiddle, area.width());
-        painter->setFont(font);
-        painter->setPen(enabled ? color : theme.disabled);
-        painter->drawText(area, static_cast<int>(alignment | Qt::AlignVCenter), shown);
-        const int taken = metrics.horizontalAdvance(shown) + gap;
-        area.adjust(alignment == Qt::AlignLeft ? taken : 0, 0, alignment == Qt::AlignRight ? -taken : 0, 0);
-    };
-    drawPart(smallFont(option.font), theme.muted, row.kind, Qt::AlignRight);
-    drawPart(current ? boldFont(option.font) : option.font, theme.text, row.name, Qt::AlignLeft);
-    if (!row.parentFolder.isEmpty() && area.width() > 0)
-        drawPart(option.font, theme.muted, row.parentFolder, Qt::AlignLeft);
+    RowTexts texts(*painter, option, theme);
+    texts.atRight(smallFont(option.font), row.kind);
+    texts.atLeft(current ? boldFont(option.font) : option.font, row.name, RunRole::name, model->filter());
+    texts.atLeft(option.font, row.parentFolder, RunRole::folder);
     painter->restore();
 }
 

@@ -17,8 +17,9 @@ class ProjectListModel final : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    /// Equal rows change nothing.
-    void setRows(const QList<ProjectRow> &rows);
+    /// Equal rows change nothing. `filter` is what they were chosen by.
+    void setRows(const QList<ProjectRow> &rows, const ListFilter &filter);
+    const ListFilter &filter() const { return shownFilter; }
     const ProjectRow &at(int row) const { return rows.at(row); }
     /// The row of a project, -1 when it is not shown.
     int rowOf(const QUuid &id) const;
@@ -28,9 +29,11 @@ public:
 
 private:
     QList<ProjectRow> rows{};
+    ListFilter shownFilter{};
 };
 
-/// Paints a row: the name, bold when it is the selected project, its parent folder dimmed, the kind at the right.
+/// Paints a row: the name, bold when it is the selected project, with what the filter found, its
+/// parent folder dimmed, and the kind at the right.
 class ProjectDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;

@@ -27,7 +27,7 @@ QList<ProjectRow> projectRows(const QList<Project> &projects, const ListFilter &
             continue;
         const QString parent = QFileInfo(QFileInfo(project.path).path()).fileName();
         rows.append({project.id, project.name, uses.value(project.name) > 1 ? parent : QString(),
-                     kindTitle(project.kind), project.path, filter.ranges(project.name)});
+                     kindTitle(project.kind), project.path});
     }
     return rows;
 }

@@ -16,7 +16,6 @@ struct ProjectRow {
     QString parentFolder{}; ///< tells projects of the same name apart; "" where the name is enough
     QString kind{};         ///< "SVN" or "Git"
     QString path{};
-    QList<MatchRange> matches{}; ///< what the filter found in the name
 
     friend bool operator==(const ProjectRow &, const ProjectRow &) = default;
 };

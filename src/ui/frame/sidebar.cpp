@@ -140,7 +140,8 @@ void Sidebar::paintEvent(QPaintEvent *) {
 }
 
 void Sidebar::showRows() {
-    view->rows().setRows(projectRows(state.projects.value(), ListFilter(filter->text())));
+    const ListFilter typed(filter->text());
+    view->rows().setRows(projectRows(state.projects.value(), typed), typed);
     view->showCurrent(state.selectedProjectID.value().value_or(QUuid()));
     search->setVisible(filter->isHidden() && !state.projects.value().isEmpty());
     showBusy(phase);
