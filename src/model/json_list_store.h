@@ -36,7 +36,7 @@ std::optional<QList<Record>> decodedList(const JsonListStore &store,
     if (!array)
         return std::nullopt;
     QList<Record> records;
-    for (const QJsonValue &value : *array) {
+    for (const auto &value : *array) {
         std::optional<Record> record = decode(value.toObject());
         if (!record)
             return std::nullopt;

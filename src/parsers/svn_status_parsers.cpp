@@ -89,6 +89,9 @@ private:
             item.kind = statusKind(attributes, "item", SVNStatusKind::unknown);
             item.propertiesKind = statusKind(attributes, "props", SVNStatusKind::none);
             item.revision = attributes.text("revision", revisions);
+            // Since 1.7 svn says it with an attribute; older ones print an element of its own.
+            if (attributes.value("tree-conflicted") == "true")
+                item.treeConflict = true;
             break;
         case Element::treeConflict:
             item.treeConflict = true;

@@ -43,6 +43,10 @@ TEST(StatusParserTest, readsEntries) {
         {"a tree conflict keeps it",
          statusOf("a", "<wc-status item='none' props='none'><tree-conflict victim='a'/></wc-status>"),
          {u"a none none - - tree-conflict"_s}},
+        {"a tree conflict told by attribute keeps it",
+         statusOf("a", "<wc-status item='normal' props='none' tree-conflicted='true'/>") +
+             statusOf("b", "<wc-status item='normal' props='none' tree-conflicted='false'/>"),
+         {u"a normal none - - tree-conflict"_s}},
         {"nothing is carried over to the next entry",
          statusOf("a", "<wc-status item='modified' props='conflicted' "
                        "revision='7'><tree-conflict/>stray<author>me</author></wc-status>") +
