@@ -26,10 +26,8 @@ public:
     /// Asks the desktop for its setting and follows it from then on. Returns at once.
     void followDesktop();
 
-private slots:
-    void settingChanged(const QString &group, const QString &key, const QDBusVariant &value);
-
 private:
+    Q_SLOT void settingChanged(const QString &group, const QString &key, const QDBusVariant &value);
     void subscribe();
     void apply(ColorScheme scheme);
 

@@ -107,8 +107,16 @@ void MainWindow::showFirstRunOrProject() {
     if (content->currentIndex() == shown && !firstTime)
         return;
     content->setCurrentIndex(shown);
+    if (!empty && !firstTime)
+        shareListWidth();
     QWidget *first = empty ? firstRun : changes->focusPanes().first();
     first->setFocus(Qt::OtherFocusReason);
+}
+
+/// Gives the list its width once its page has the size of the window; a splitter that is still small would forget it.
+void MainWindow::shareListWidth() {
+    content->currentWidget()->setGeometry(content->rect());
+    changes->splitter().setSizes({listWidth, defaultSize.width() - listWidth});
 }
 
 void MainWindow::showPage() {
@@ -174,10 +182,12 @@ void MainWindow::restore(const WindowState &saved) {
     setSidebarHidden(saved.sidebarHidden);
     changes->diffPane().setTextSizeDelta(saved.textSize);
     columns->setSizes({saved.sidebarWidth, defaultSize.width() - saved.sidebarWidth});
-    changes->splitter().setSizes({saved.listWidth, defaultSize.width() - saved.sidebarWidth - saved.listWidth});
-    if (const std::optional<QRect> recovered = recoveredFrame(saved.frame, screenAreas()))
+    listWidth = saved.listWidth;
+    changes->splitter().setSizes({listWidth, defaultSize.width() - saved.sidebarWidth - listWidth});
+    const std::optional<QRect> recovered = recoveredFrame(saved.frame, screenAreas());
+    if (recovered)
         setGeometry(*recovered);
-    else if (!restoreGeometry(saved.geometry))
+    if (!recovered && !restoreGeometry(saved.geometry))
         resize(defaultSize.boundedTo(screen()->availableSize()));
 }
 
@@ -187,7 +197,7 @@ WindowState MainWindow::currentState() const {
     current.frame = frameGeometry();
     current.sidebarHidden = sidebar->isHidden();
     current.sidebarWidth = sidebar->width();
-    current.listWidth = changes->splitter().sizes().value(0);
+    current.listWidth = content->currentWidget() == firstRun ? listWidth : changes->splitter().sizes().value(0);
     current.textSize = changes->diffPane().textSizeDelta();
     return current;
 }

@@ -50,6 +50,7 @@ private:
 
     void showTitle();
     void showFirstRunOrProject();
+    void shareListWidth();
     void showPage();
     void showOutput();
     void fitOutputSheet();
@@ -74,6 +75,7 @@ private:
     QHash<WorkflowTab, QWidget *> tabPages{}; ///< made when first shown
     OutputSheet *sheet = nullptr;
     QShortcut *closeSheet = nullptr;
+    int listWidth = 0;             ///< of the Changes tab, as it was saved
     QPointer<QWidget> heldFocus{}; ///< had the focus when its part was drawn disabled
     Observers observers{};
 };

@@ -38,9 +38,10 @@ public:
 
     void atLeft(const QFont &font, const QString &text, RunRole role, const ListFilter &filter = {}) {
         const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideMiddle, qMax(0, room.width()));
-        for (const TextRun &run : pathRuns({{}, shown}, filter))
-            drawRun(run.role == RunRole::match ? boldFont(font) : font, run.text,
-                    run.role == RunRole::match ? run.role : role);
+        for (const TextRun &run : pathRuns({{}, shown}, filter)) {
+            const bool isMatch = run.role == RunRole::match;
+            drawRun(isMatch ? boldFont(font) : font, run.text, isMatch ? run.role : role);
+        }
         room.setLeft(room.left() + gap);
     }
 
@@ -117,7 +118,7 @@ void ProjectDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     painter->save();
     if (current)
         painter->fillRect(option.rect, view->hasFocus() ? theme.selection : theme.selectionIdle);
-    else if (enabled && option.state.testFlag(QStyle::State_MouseOver))
+    if (!current && enabled && option.state.testFlag(QStyle::State_MouseOver))
         painter->fillRect(option.rect, mixed(theme.window, theme.selectionIdle, 0.5));
     if (current && view->hasFocus()) {
         painter->setPen(theme.focusRing);
@@ -160,10 +161,11 @@ void ProjectListView::currentChanged(const QModelIndex &current, const QModelInd
     QListView::currentChanged(current, previous);
     if (followsState || !current.isValid())
         return;
-    if (keyRepeats)
+    if (keyRepeats) {
         settling->start();
-    else
+    } else {
         reportChosen();
+    }
 }
 
 void ProjectListView::reportChosen() {

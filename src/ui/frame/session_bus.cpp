@@ -58,10 +58,11 @@ QFuture<Answer> callSessionBus(const QDBusMessage &call) {
     auto promise = std::make_shared<QPromise<Answer>>();
     promise->start();
     withSessionBus(QCoreApplication::instance(), [promise, call](bool connected) {
-        if (connected)
+        if (connected) {
             sendCall(call, promise);
-        else
+        } else {
             finishWith(*promise, std::nullopt);
+        }
     });
     return promise->future();
 }

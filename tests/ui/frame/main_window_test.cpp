@@ -7,6 +7,7 @@
 #include "ui/frame/output_sheet.h"
 #include "ui/frame/project_list.h"
 #include "ui/frame/tab_strip.h"
+#include "ui/tabs/changes_tab.h"
 
 #include <QAction>
 #include <QApplication>
@@ -17,6 +18,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSplitter>
 #include <QTest>
 #include <QTextEdit>
 #include <QToolButton>
@@ -116,6 +118,7 @@ TEST_F(Window, OffersTheFirstProjectAndThenShowsIt) {
     app.selectedProjectID = project.id;
     EXPECT_TRUE(part<TabStrip>()->isVisible());
     EXPECT_EQ(window->windowTitle(), u"a"_s);
+    EXPECT_EQ(window->changesTab().splitter().sizes().first(), 400);
 }
 
 TEST_F(Window, ARowChosenByTheUserSelectsItsProject) {
