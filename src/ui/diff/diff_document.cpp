@@ -76,6 +76,23 @@ void fillFromDiff(DiffDocument &document) {
     document.marks = changeMarks(lines);
 }
 
+std::unique_ptr<DiffDocument> readDiff(QString text) {
+    auto document = std::make_unique<DiffDocument>();
+    document->printed = std::move(text);
+    document->plainText = withLineFeeds(document->printed);
+    document->diff = UnifiedDiffParser::parse(document->plainText);
+    document->hunkCount = hunksOf(document->diff);
+    if (document->hunkCount == 0) {
+        document->diff = {};
+        splitPlain(*document);
+    } else {
+        document->plainText.clear();
+        fillFromDiff(*document);
+    }
+    measure(*document);
+    return document;
+}
+
 } // namespace
 
 QStringView DiffDocument::lineText(qint64 line) const {
@@ -92,21 +109,15 @@ DiffLineKind DiffDocument::lineKind(qint64 line) const {
     return diff.files.constFirst().source->lines[static_cast<std::size_t>(line)].kind;
 }
 
-DiffDocumentPtr diffDocument(QString text, DocumentPart part) {
-    auto document = std::make_unique<DiffDocument>();
-    document->part = part;
-    document->printed = std::move(text);
-    document->plainText = withLineFeeds(document->printed);
-    document->diff = UnifiedDiffParser::parse(document->plainText);
-    document->hunkCount = hunksOf(document->diff);
-    if (document->hunkCount == 0) {
-        document->diff = {};
-        splitPlain(*document);
-    } else {
-        document->plainText.clear();
-        fillFromDiff(*document);
-    }
-    measure(*document);
+DiffDocumentPtr diffDocument(QString text) {
+    return shared(readDiff(std::move(text)));
+}
+
+DiffDocumentPtr beginningOfDiff(const QString &text, qsizetype size) {
+    std::unique_ptr<DiffDocument> document = readDiff(text.first(size));
+    document->part = DocumentPart::first;
+    if (size > 0 && !document->hasSeveralFiles())
+        document->largestNumber += document->lineCount * (text.size() / size);
     return shared(std::move(document));
 }
 

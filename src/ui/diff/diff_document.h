@@ -30,7 +30,7 @@ struct DiffDocument {
     qint64 lineCount = 0;
     qint64 hunkCount = 0;
     qint64 widestLine = 0;    ///< in columns
-    qint64 largestNumber = 0; ///< of a line in either version
+    qint64 largestNumber = 0; ///< of a line in either version; an estimate in a first part
     LineChangeSummary changes{};
     ChangeMarks marks{};
     LongLines longLines{};
@@ -47,7 +47,9 @@ struct DiffDocument {
 using DiffDocumentPtr = std::shared_ptr<const DiffDocument>;
 
 /// The records of `text`, or its lines when it holds no hunk. Linear; any thread.
-DiffDocumentPtr diffDocument(QString text, DocumentPart part = DocumentPart::whole);
+DiffDocumentPtr diffDocument(QString text);
+/// The same of the first `size` characters of a longer text; expects line numbers as large as the rest may bring.
+DiffDocumentPtr beginningOfDiff(const QString &text, qsizetype size);
 /// The lines of `output`, followed, when there are `errors`, by the heading "Standard error" and their lines.
 DiffDocumentPtr outputDocument(const QString &output, const QString &errors, DocumentPart part = DocumentPart::whole);
 

@@ -29,8 +29,8 @@ double columnAdvance(const QFont &font) {
     return QFontMetricsF(font).horizontalAdvance(QString(measuredColumns, u'0')) / measuredColumns;
 }
 
-int gutterWidth(const DiffDocument &document, const QFont &numberFont) {
-    const double digits = QFontMetricsF(numberFont).horizontalAdvance(QString::number(document.largestNumber));
+int gutterWidth(qint64 largestNumber, const QFont &numberFont) {
+    const double digits = QFontMetricsF(numberFont).horizontalAdvance(QString::number(largestNumber));
     return std::max(smallestGutter, static_cast<int>(std::ceil(digits)) + 2 * gap);
 }
 
@@ -49,7 +49,7 @@ int DiffMetrics::baseline(const QFont &font, int rowTop, int rowHeight) {
     return rowTop + (rowHeight - measures.height() + 1) / 2 + measures.ascent();
 }
 
-DiffMetrics diffMetrics(const DiffDocument &document, const QFont &uiFont, int sizeDelta) {
+DiffMetrics diffMetrics(const DiffDocument &document, qint64 largestNumber, const QFont &uiFont, int sizeDelta) {
     DiffMetrics metrics;
     metrics.text = fixedFont(sizeDelta);
     metrics.marker = boldFont(metrics.text);
@@ -59,7 +59,7 @@ DiffMetrics diffMetrics(const DiffDocument &document, const QFont &uiFont, int s
     metrics.uiFont = uiFont;
     metrics.errorHeading = boldFont(uiFont);
     metrics.advance = columnAdvance(metrics.text);
-    metrics.gutterWidth = document.isPlain() ? 0 : gutterWidth(document, metrics.number);
+    metrics.gutterWidth = document.isPlain() ? 0 : gutterWidth(largestNumber, metrics.number);
     metrics.textLeft = document.isPlain() ? paneEdge : 2 * metrics.gutterWidth + 1 + markerWidth;
     metrics.rows = rowHeights(metrics, uiFont);
     return metrics;

@@ -25,7 +25,8 @@ struct DiffMetrics {
     static int baseline(const QFont &font, int rowTop, int rowHeight);
 };
 
-/// `sizeDelta` pixels are added to the size of the platform's fixed font; heads use `uiFont`.
-DiffMetrics diffMetrics(const DiffDocument &document, const QFont &uiFont, int sizeDelta);
+/// `sizeDelta` pixels are added to the size of the platform's fixed font; heads use `uiFont`. Gutters have room for
+/// `largestNumber`.
+DiffMetrics diffMetrics(const DiffDocument &document, qint64 largestNumber, const QFont &uiFont, int sizeDelta);
 
 } // namespace kestor

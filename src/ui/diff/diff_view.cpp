@@ -58,8 +58,11 @@ void DiffView::setDocument(DiffDocumentPtr newDocument, DocumentChange change) {
 /// Gives up what the new document does not share with the one before.
 void DiffView::forgetFor(DocumentChange change) {
     hunk = std::min(hunk, shown->hunkCount - 1);
-    if (change == DocumentChange::completed)
+    if (change == DocumentChange::completed) {
+        largestNumber = std::max(largestNumber, shown->largestNumber);
         return;
+    }
+    largestNumber = shown->largestNumber;
     selected.reset();
     dragging = false;
     autoScroll.stop();
@@ -82,7 +85,7 @@ void DiffView::showBeginning() {
 
 /// The rows and everything that follows from their heights.
 void DiffView::rebuildRows() {
-    measures = diffMetrics(*shown, font(), textSizeDelta);
+    measures = diffMetrics(*shown, largestNumber, font(), textSizeDelta);
     rowIndex = DiffRows(shown, measures.rows, folded);
     ruler->setVisible(!shown->isPlain());
     setViewportMargins(0, 0, shown->isPlain() ? 0 : DiffRuler::stripWidth, 0);

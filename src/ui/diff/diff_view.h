@@ -132,7 +132,8 @@ private:
     DiffRuler *ruler;
     PlainTint plainTint = PlainTint::bySign;
     int textSizeDelta = 0;
-    QSet<QString> folded; ///< display paths
+    qint64 largestNumber = 0; ///< the gutters never become narrower while a text is being read
+    QSet<QString> folded;     ///< display paths
     std::optional<TextSelection> selected;
     qint64 hunk = -1;
     qint64 headedFile = -1; ///< reached by its head rather than by a hunk

@@ -35,7 +35,7 @@ void DocumentLoader::loadDiff(const QString &text, EarlyView early) {
     }
     startReading([text] { return diffDocument(text); });
     if (early == EarlyView::firstPart)
-        emit loaded(diffDocument(text.first(first), DocumentPart::first));
+        emit loaded(beginningOfDiff(text, first));
 }
 
 void DocumentLoader::loadOutput(const QString &output, const QString &errors) {

@@ -1,0 +1,206 @@
+#include "sample_diffs.h"
+#include "support/awaited.h"
+#include "support/printers.h"
+#include "ui/diff/accessible_diff.h"
+#include "ui/diff/diff_pane.h"
+#include "ui/diff/plain_text_view.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::waitUntil;
+
+DiffSubject subjectOf(const QString &path) {
+    return {path, WorkingCopyItem{.path = path, .kind = SVNStatusKind::modified}};
+}
+
+class DiffPaneTest : public ::testing::Test {
+protected:
+    DiffPaneTest() {
+        pane.resize(600, 300);
+        pane.show();
+        pane.activateWindow();
+    }
+
+    DiffView &view() const { return *pane.findChild<DiffView *>(); }
+    QScrollBar &bar() const { return *view().verticalScrollBar(); }
+    bool isWhole() const { return view().document().part == DocumentPart::whole; }
+    QStringList shownLabels() const {
+        QStringList texts;
+        for (const QLabel *label : pane.findChildren<QLabel *>()) {
+            if (label->isVisible())
+                texts.append(label->text());
+        }
+        return texts;
+    }
+
+    void takeFocus() {
+        pane.takeFocus();
+        ASSERT_TRUE(waitUntil([&] { return view().hasFocus(); }));
+    }
+
+    DiffPane pane;
+};
+
+TEST_F(DiffPaneTest, SaysInTheMiddleWhatThereIsInsteadOfADiff) {
+    pane.showNothing(u"(select a changed file)"_s);
+    EXPECT_EQ(shownLabels(), QStringList{u"(select a changed file)"_s});
+    for (const QString &text :
+         {u"(no text diff)"_s, u"(file not found)"_s, u"(unversioned directory)"_s, u"(binary or unreadable file)"_s}) {
+        pane.showDiff(subjectOf(u"a"_s), text);
+        EXPECT_EQ(shownLabels(), QStringList{text});
+    }
+    pane.showNotice(subjectOf(u"data/places.db"_s), u"Unknown file type."_s);
+    EXPECT_EQ(shownLabels(), (QStringList{u"places.db"_s, u"Unknown file type."_s}));
+    EXPECT_EQ(pane.stepHunk(CaretDirection::ahead), StepResult::outside);
+    pane.showDiff(subjectOf(u"a"_s), u"(no text diff) or more"_s);
+    EXPECT_TRUE(view().isVisible()) << "any other text is shown as it is";
+}
+
+TEST_F(DiffPaneTest, NamesAndCountsWhatItShows) {
+    struct Row {
+        const char *name;
+        QString path, text, accessibleName;
+        QStringList labels;
+    };
+    const Row rows[] = {
+        {"one file",
+         u"src/a.c"_s,
+         testing::oneFileDiff(),
+         u"Diff of src/a.c, 3 added, 1 removed"_s,
+         {u"Hunk 1 of 2"_s}},
+        {"several files",
+         u""_s,
+         testing::threeFileDiff(),
+         u"Diff of 3 files, 3 added, 1 removed"_s,
+         {u"Hunk 1 of 3"_s}},
+        {"renamed file",
+         u"n"_s,
+         u"diff --git a/o b/n\nrename from o\nrename to n\n--- a/o\n+++ b/n\n@@ -1 +1 @@\n-a\n"_s,
+         u"Diff of o → n, 0 added, 1 removed"_s,
+         {u"Hunk 1 of 1"_s}},
+        {"plain", u"b"_s, u"anything\n"_s, u"Diff of b"_s, {}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        pane.showDiff(subjectOf(row.path), row.text);
+        EXPECT_EQ(view().accessibleName(), row.accessibleName);
+        EXPECT_EQ(shownLabels(), row.labels);
+    }
+}
+
+TEST_F(DiffPaneTest, SamePathKeepsTheScrollPositionAndAnotherBeginsAnew) {
+    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(300));
+    bar().setValue(1000);
+    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(301));
+    EXPECT_EQ(bar().value(), 1000);
+    EXPECT_EQ(view().document().lineCount, 301);
+    pane.showDiff(subjectOf(u"b"_s), testing::longDiff(302));
+    EXPECT_EQ(bar().value(), 0);
+    pane.showDiff(subjectOf(u"b"_s), testing::oneFileDiff());
+    EXPECT_EQ(view().currentHunk(), 0);
+}
+
+TEST_F(DiffPaneTest, LongTextIsShownAtOnceAndCompletedUnnoticed) {
+    pane.showDiff(subjectOf(u"b"_s), testing::oneFileDiff());
+    takeFocus();
+    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(20'000));
+    EXPECT_FALSE(isWhole());
+    EXPECT_LT(view().document().lineCount, 2000);
+    EXPECT_EQ(shownLabels(), QStringList{u"Hunk 1"_s}) << "no count that is not known yet";
+    EXPECT_EQ(pane.stepHunk(CaretDirection::ahead), StepResult::waiting);
+    bar().setValue(4000);
+    QTest::mouseDClick(view().viewport(), Qt::LeftButton, {}, QPoint(150, 50));
+    const auto selection = view().selection();
+    const QImage before = view().viewport()->grab().toImage();
+    ASSERT_TRUE(waitUntil([&] { return isWhole(); }));
+    EXPECT_EQ(view().document().lineCount, 20'000);
+    EXPECT_EQ(bar().value(), 4000);
+    EXPECT_EQ(view().selection(), selection);
+    EXPECT_EQ(view().viewport()->grab().toImage(), before);
+    EXPECT_EQ(view().accessibleName(), u"Diff of a, 20000 added, 0 removed"_s);
+}
+
+TEST_F(DiffPaneTest, OldDiffOfThePathStaysUntilThePlaceIsThereAgain) {
+    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(20'000));
+    ASSERT_TRUE(waitUntil([&] { return isWhole(); }));
+    bar().setValue(200'000);
+    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(20'001));
+    EXPECT_EQ(bar().value(), 200'000);
+    ASSERT_TRUE(waitUntil([&] { return view().document().lineCount == 20'001; }));
+    EXPECT_EQ(bar().value(), 200'000);
+}
+
+TEST_F(DiffPaneTest, SupersededTextIsDropped) {
+    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(50'000));
+    pane.showDiff(subjectOf(u"b"_s), testing::oneFileDiff());
+    QTest::qWait(300);
+    EXPECT_EQ(view().document().lineCount, 9);
+    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(50'000));
+    pane.showNothing(u"(select a changed file)"_s);
+    QTest::qWait(300);
+    EXPECT_FALSE(view().isVisible());
+}
+
+TEST_F(DiffPaneTest, KeyboardStaysInThePane) {
+    pane.showDiff(subjectOf(u"a"_s), testing::oneFileDiff());
+    takeFocus();
+    QSignalSpy leave(&pane, &DiffPane::leaveRequested);
+    pane.showDiff(subjectOf(u"b"_s), u"(no text diff)"_s);
+    ASSERT_TRUE(pane.isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(leave.count(), 1);
+    pane.showDiff(subjectOf(u"a"_s), testing::oneFileDiff());
+    EXPECT_TRUE(view().hasFocus());
+}
+
+TEST_F(DiffPaneTest, TextSizeStaysWithinBounds) {
+    QSignalSpy changed(&pane, &DiffPane::textSizeDeltaChanged);
+    pane.setTextSizeDelta(2);
+    pane.setTextSizeDelta(2);
+    pane.setTextSizeDelta(1000);
+    EXPECT_EQ(changed.count(), 2);
+    EXPECT_LT(pane.textSizeDelta(), 100);
+}
+
+TEST_F(DiffPaneTest, LinesAreReadOutWithWhatTheyAre) {
+    pane.showDiff(subjectOf(u"a"_s), testing::threeFileDiff());
+    QAccessibleInterface *const accessible = QAccessible::queryAccessibleInterface(&view());
+    ASSERT_NE(accessible->textInterface(), nullptr);
+    QAccessibleTextInterface &text = *accessible->textInterface();
+    const QStringList lines = text.text(0, text.characterCount()).split(u'\n');
+    EXPECT_EQ(lines.first(7), (QStringList{u"file one.txt, 2 added, 1 removed"_s, u"hunk 1, @@ -1,2 +1,2 @@"_s,
+                                           u"line 1, same"_s, u"removed, line 2, old"_s, u"added, line 2, new"_s,
+                                           u"hunk 2, @@ -9 +9 @@"_s, u"added, line 9, nine"_s}));
+    EXPECT_EQ(text.text(text.cursorPosition(), text.characterCount()).left(6), u"hunk 1"_s);
+}
+
+TEST(PlainTextView, ShowsOutputOfAnyLengthAndItsErrors) {
+    PlainTextView view;
+    view.resize(400, 200);
+    QSignalSpy changed(&view, &PlainTextView::textChanged);
+    view.setOutput(u"a\nb\n"_s, u"e\n"_s);
+    EXPECT_EQ(changed.count(), 1);
+    EXPECT_EQ(view.naturalHeight(), 4 * view.metrics().rows.line + 2 * view.metrics().rows.margin);
+    view.selectAll();
+    view.copySelection();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"a\nb\nStandard error\ne"_s);
+    view.setOutput(u"line\n"_s.repeated(50'000), u"e\n"_s);
+    EXPECT_EQ(view.document().lineCount, 2000);
+    ASSERT_TRUE(waitUntil([&] { return view.document().lineCount == 50'002; }));
+    EXPECT_EQ(view.document().errorHeading, 50'000);
+}
+
+} // namespace
+} // namespace kestor

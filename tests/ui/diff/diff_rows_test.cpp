@@ -1,0 +1,120 @@
+#include "sample_diffs.h"
+#include "support/printers.h"
+#include "ui/diff/diff_rows.h"
+#include "ui/diff/ruler_marks.h"
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+
+void PrintTo(const DiffRow &row, std::ostream *out) {
+    *out << "kind " << int(row.kind) << " file " << row.file << " hunk " << row.hunk << " line " << row.line;
+}
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using Rows = std::vector<DiffRow>;
+
+constexpr DiffRowKind head = DiffRowKind::fileHead;
+constexpr DiffRowKind hunkHead = DiffRowKind::hunkHead;
+constexpr DiffRowKind line = DiffRowKind::line;
+
+Rows all(const DiffRows &rows) {
+    Rows found;
+    for (qint64 row = 0; row < rows.count(); ++row)
+        found.push_back(rows.at(row));
+    return found;
+}
+
+/// Every row stands where the ones before it end, and each of its pixels leads back to it.
+void expectPlacesFit(const DiffRows &rows, int margin) {
+    qint64 y = margin;
+    for (qint64 row = 0; row < rows.count(); ++row) {
+        EXPECT_EQ(rows.top(row), y) << "row " << row;
+        EXPECT_EQ(rows.rowAt(y), row);
+        y += rows.rowHeight(row);
+        EXPECT_EQ(rows.rowAt(y - 1), row);
+        const DiffRow shown = rows.at(row);
+        EXPECT_TRUE(shown.line < 0 || rows.rowOfLine(shown.line) == row);
+        EXPECT_TRUE(shown.kind != hunkHead || rows.rowOfHunk(shown.hunk) == row);
+    }
+    EXPECT_EQ(rows.top(rows.count()), y);
+    EXPECT_EQ(rows.height(), y + margin);
+}
+
+TEST(DiffRows, OneFileHasNoHead) {
+    const DiffRows rows(diffDocument(testing::oneFileDiff()), RowHeights());
+    EXPECT_EQ(all(rows), (Rows{{hunkHead, 0, 0},
+                               {line, 0, 0, 0},
+                               {line, 0, 0, 1},
+                               {line, 0, 0, 2},
+                               {line, 0, 0, 3},
+                               {line, 0, 0, 4},
+                               {hunkHead, 0, 1},
+                               {line, 0, 1, 5},
+                               {line, 0, 1, 6},
+                               {line, 0, 1, 7},
+                               {line, 0, 1, 8}}));
+    expectPlacesFit(rows, 0);
+    EXPECT_EQ(rows.endOfHunk(0), 6);
+    EXPECT_EQ(rows.endOfHunk(1), 11);
+}
+
+TEST(DiffRows, SeveralFilesHaveHeadsAndFold) {
+    const DiffDocumentPtr document = diffDocument(testing::threeFileDiff());
+    const Rows first{{head, 0},       {hunkHead, 0, 0}, {line, 0, 0, 0}, {line, 0, 0, 1},
+                     {line, 0, 0, 2}, {hunkHead, 0, 1}, {line, 0, 1, 3}};
+    const Rows second{{head, 1}, {DiffRowKind::noText, 1}};
+    const Rows third{{head, 2}, {hunkHead, 2, 2}, {line, 2, 2, 4}, {line, 2, 2, 5}};
+    struct Row {
+        const char *name;
+        QSet<QString> folded;
+        Rows expected;
+    };
+    const auto joined = [](std::initializer_list<Rows> parts) {
+        Rows rows;
+        for (const Rows &part : parts)
+            rows.insert(rows.end(), part.begin(), part.end());
+        return rows;
+    };
+    const Row table[] = {
+        {"all open", {}, joined({first, second, third})},
+        {"first folded", {u"one.txt"_s}, joined({{{head, 0}}, second, third})},
+        {"second folded", {u"logo.png"_s}, joined({first, {{head, 1}}, third})},
+        {"all folded", {u"one.txt"_s, u"logo.png"_s, u"new name.txt"_s}, {{head, 0}, {head, 1}, {head, 2}}},
+    };
+    for (const Row &row : table) {
+        SCOPED_TRACE(row.name);
+        const DiffRows rows(document, RowHeights(), row.folded);
+        EXPECT_EQ(all(rows), row.expected);
+        expectPlacesFit(rows, 0);
+        EXPECT_EQ(rows.hunkNear(rows.rowOfFile(1)), 2) << "the next hunk of a head without hunks";
+    }
+    const DiffRows folded(document, RowHeights(), {u"one.txt"_s});
+    EXPECT_EQ(folded.rowOfLine(3), 0) << "a folded line stands at its file's head";
+}
+
+TEST(DiffRows, PlainLinesStandBetweenMargins) {
+    const DiffRows rows(diffDocument(u"one\ntwo\n\nfour"_s), {.line = 21, .margin = 8});
+    EXPECT_EQ(all(rows), (Rows{{.line = 0}, {.line = 1}, {.line = 2}, {.line = 3}}));
+    expectPlacesFit(rows, 8);
+    EXPECT_EQ(DiffRows().count(), 0);
+    EXPECT_EQ(DiffRows().rowAt(0), -1);
+}
+
+TEST(RulerMarks, StandBesideTheLinesOrShrinkWithThem) {
+    const DiffDocumentPtr document = diffDocument(testing::oneFileDiff());
+    const DiffRows rows(document, RowHeights{.line = 20, .hunkHead = 20});
+    const auto add = ChangeMarks::addition;
+    const auto remove = ChangeMarks::deletion;
+    EXPECT_EQ(rulerMarks(*document, rows, 300),
+              (std::vector<RulerMark>{{40, 20, remove}, {60, 20, add}, {160, 40, add}}));
+    EXPECT_EQ(rulerMarks(*document, rows, 110),
+              (std::vector<RulerMark>{{20, 10, remove}, {30, 10, add}, {80, 20, add}}));
+    const DiffDocumentPtr large = diffDocument(testing::longDiff(10'000));
+    EXPECT_EQ(rulerMarks(*large, DiffRows(large, RowHeights()), 100), (std::vector<RulerMark>{{0, 100, add}}));
+}
+
+} // namespace
+} // namespace kestor

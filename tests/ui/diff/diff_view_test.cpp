@@ -1,0 +1,231 @@
+#include "sample_diffs.h"
+#include "support/printers.h"
+#include "ui/diff/diff_view.h"
+#include "ui/look/theme.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr auto ahead = CaretDirection::ahead;
+constexpr auto back = CaretDirection::back;
+
+class DiffViewTest : public ::testing::Test {
+protected:
+    DiffViewTest() {
+        view.resize(600, 200);
+        view.show();
+    }
+    void show(const QString &text) { view.setDocument(diffDocument(text), DocumentChange::otherSubject); }
+
+    int scrolled() const { return view.verticalScrollBar()->value(); }
+    /// A point in the middle of a row, at a column.
+    QPoint pointAt(qint64 row, int column) const {
+        const DiffMetrics &metrics = view.metrics();
+        const qint64 y = view.rows().top(row) + view.rows().rowHeight(row) / 2 - scrolled();
+        return {metrics.textLeft + static_cast<int>(column * metrics.advance) + 1, static_cast<int>(y)};
+    }
+    void click(const QPoint &point, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers, point);
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&view, key, modifiers);
+    }
+    QString copied() {
+        QGuiApplication::clipboard()->clear();
+        press(Qt::Key_C, Qt::ControlModifier);
+        return QGuiApplication::clipboard()->text();
+    }
+
+    DiffView view;
+};
+
+TEST_F(DiffViewTest, SelectsByMouse) {
+    show(testing::oneFileDiff());
+    click(pointAt(2, 3));
+    EXPECT_EQ(copied(), u""_s);
+    click(pointAt(3, 6), Qt::ShiftModifier);
+    EXPECT_EQ(copied(), u"ond line\nsecond"_s);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, pointAt(3, 8));
+    EXPECT_EQ(copied(), u"long"_s);
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, pointAt(1, 2));
+    QTest::mouseMove(view.viewport(), pointAt(4, 2));
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, pointAt(4, 2));
+    EXPECT_EQ(copied(), u"rst\nsecond line\nsecond long line\nth"_s);
+}
+
+TEST_F(DiffViewTest, ScrollsWhileTheMouseSelectsBeyondTheEdge) {
+    show(testing::longDiff(500));
+    QTest::mousePress(view.viewport(), Qt::LeftButton, {}, pointAt(2, 0));
+    QTest::mouseMove(view.viewport(), QPoint(200, 400));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scrolled() > 400; }));
+    QTest::mouseRelease(view.viewport(), Qt::LeftButton, {}, QPoint(200, 400));
+    EXPECT_GT(view.selection()->caret.line, 20);
+    const int stopped = scrolled();
+    QTest::qWait(80);
+    EXPECT_EQ(scrolled(), stopped);
+}
+
+TEST_F(DiffViewTest, SelectsByKeyboard) {
+    show(testing::oneFileDiff());
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    press(Qt::Key_Right, Qt::ShiftModifier);
+    press(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier);
+    EXPECT_EQ(copied(), u"first\nsecond "_s);
+    press(Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier);
+    EXPECT_EQ(view.selection()->caret.line, 8);
+    EXPECT_GT(scrolled(), 0) << "the caret comes into view";
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_TRUE(copied().startsWith(u"first\nsecond line\n"));
+    view.copyPrinted();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), testing::oneFileDiff());
+}
+
+TEST_F(DiffViewTest, ScrollsByKeyboard) {
+    show(testing::longDiff(500));
+    struct Row {
+        const char *name;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        int lines; ///< -1 for the end
+    };
+    const Row rows[] = {
+        {"Down", Qt::Key_Down, {}, 1},
+        {"Space", Qt::Key_Space, {}, 10},
+        {"PageDown", Qt::Key_PageDown, {}, 19},
+        {"Shift+Space", Qt::Key_Space, Qt::ShiftModifier, 10},
+        {"Up", Qt::Key_Up, {}, 9},
+        {"End", Qt::Key_End, {}, -1},
+        {"Home", Qt::Key_Home, {}, 0},
+    };
+    const int line = view.metrics().rows.line;
+    const int page = view.verticalScrollBar()->pageStep();
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        press(row.key, row.modifiers);
+        const int pages = row.lines / 9;
+        const int expected = row.lines < 0 ? view.verticalScrollBar()->maximum() : pages * page + row.lines % 9 * line;
+        EXPECT_EQ(scrolled(), expected);
+    }
+}
+
+TEST_F(DiffViewTest, WalksThroughHunks) {
+    show(testing::oneFileDiff());
+    QSignalSpy past(&view, &DiffView::pastLastHunk);
+    QSignalSpy before(&view, &DiffView::beforeFirstHunk);
+    QSignalSpy leave(&view, &DiffView::leaveRequested);
+    EXPECT_EQ(view.currentHunk(), 0);
+    press(Qt::Key_N);
+    EXPECT_EQ(view.currentHunk(), 1);
+    const qint64 end = view.rows().top(view.rows().endOfHunk(1));
+    EXPECT_LE(end, scrolled() + view.viewport()->height()) << "all of the hunk is in view";
+    press(Qt::Key_N);
+    EXPECT_EQ(view.currentHunk(), 1);
+    EXPECT_EQ(past.count(), 1);
+    press(Qt::Key_P);
+    press(Qt::Key_P);
+    EXPECT_EQ(view.currentHunk(), 0);
+    EXPECT_EQ(before.count(), 1);
+    press(Qt::Key_Escape);
+    EXPECT_EQ(leave.count(), 1);
+}
+
+TEST_F(DiffViewTest, CurrentHunkFollowsScrolling) {
+    view.resize(600, 60);
+    show(testing::oneFileDiff());
+    view.verticalScrollBar()->setValue(static_cast<int>(view.rows().top(5)));
+    EXPECT_EQ(view.currentHunk(), 0) << "its last line is in view";
+    view.verticalScrollBar()->setValue(static_cast<int>(view.rows().top(6)));
+    EXPECT_EQ(view.currentHunk(), 1);
+}
+
+TEST_F(DiffViewTest, FoldsFilesAndSkipsWhatIsFolded) {
+    show(testing::threeFileDiff());
+    const qint64 rows = view.rows().count();
+    EXPECT_EQ(view.stepFile(ahead), StepResult::moved);
+    EXPECT_EQ(view.currentFile(), 1);
+    press(Qt::Key_Return);
+    EXPECT_EQ(view.rows().count(), rows - 1);
+    press(Qt::Key_Return);
+    EXPECT_EQ(view.rows().count(), rows);
+    press(Qt::Key_Home);
+    click(pointAt(0, 0));
+    EXPECT_TRUE(view.rows().isFolded(0));
+    EXPECT_EQ(view.stepHunk(ahead), StepResult::moved);
+    EXPECT_EQ(view.currentHunk(), 2) << "both hunks of the folded file are passed over";
+    EXPECT_EQ(view.stepHunk(ahead), StepResult::outside);
+    EXPECT_EQ(view.stepHunk(back), StepResult::outside);
+}
+
+TEST_F(DiffViewTest, HeadStaysAtTheTopAndFoldsThere) {
+    view.resize(600, 100);
+    show(testing::threeFileDiff());
+    view.verticalScrollBar()->setValue(static_cast<int>(view.rows().top(4)));
+    click(QPoint(300, 5));
+    EXPECT_TRUE(view.rows().isFolded(0));
+    EXPECT_EQ(view.rows().rowAt(scrolled()), 0);
+    click(QPoint(300, 5));
+    EXPECT_FALSE(view.rows().isFolded(0));
+}
+
+TEST_F(DiffViewTest, LineOfMegabytesIsPaintedWhereItIsInView) {
+    const QString text = u"Index: a\n@@ -1 +1 @@\n+"_s + u"0123456789\tä日 "_s.repeated(300'000) + u"end\n"_s;
+    show(text);
+    QScrollBar *const right = view.horizontalScrollBar();
+    right->setValue(right->maximum());
+    view.grab();
+    const QPoint end(view.viewport()->width() - 1, static_cast<int>(view.rows().top(1)) + 3);
+    EXPECT_EQ(view.positionAt(end).index, view.document().lineText(0).size());
+    press(Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(copied(), view.document().lineText(0).toString());
+}
+
+TEST_F(DiffViewTest, TextSizeKeepsTheTopLine) {
+    show(testing::longDiff(500));
+    view.verticalScrollBar()->setValue(static_cast<int>(view.rows().top(300)));
+    view.setTextSizeDelta(6);
+    EXPECT_EQ(view.rows().rowAt(scrolled()), 300);
+    EXPECT_GT(view.metrics().rows.line, 20);
+}
+
+TEST_F(DiffViewTest, PaintsLinesInTheColorsOfTheTheme) {
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+        SCOPED_TRACE(scheme == ColorScheme::light ? "light" : "dark");
+        view.setPalette(fallbackPalette(scheme));
+        const Theme theme = themeFor(view.palette());
+        show(testing::oneFileDiff());
+        view.setSelection({{2, 12}, {3, 0}});
+        const QImage image = view.grab().toImage();
+        const auto colorAt = [&](qint64 row, int x) {
+            return image.pixelColor(x, static_cast<int>(view.rows().top(row)) + 3);
+        };
+        const int inText = view.metrics().textLeft + 400;
+        const int inGutter = view.metrics().gutterWidth;
+        EXPECT_EQ(colorAt(0, inText), theme.hunkBand);
+        EXPECT_EQ(colorAt(0, 1), theme.accent) << "current hunk";
+        EXPECT_EQ(colorAt(1, inText), theme.base);
+        EXPECT_EQ(colorAt(1, inGutter), theme.gutter);
+        EXPECT_EQ(colorAt(2, inText), theme.delLine);
+        EXPECT_EQ(colorAt(2, inGutter), theme.delGutter);
+        EXPECT_EQ(colorAt(3, inText), theme.addLine);
+        EXPECT_EQ(colorAt(3, inGutter), theme.addGutter);
+        EXPECT_EQ(colorAt(3, pointAt(3, 13).x()), view.hasFocus() ? theme.selection : theme.selectionIdle);
+        show(u"+plain\n other\n-gone\n"_s);
+        const QImage plain = view.grab().toImage();
+        EXPECT_EQ(plain.pixelColor(1, 20), theme.addLine);
+        EXPECT_EQ(plain.pixelColor(500, static_cast<int>(view.rows().top(2)) + 3), theme.delLine);
+    }
+}
+
+} // namespace
+} // namespace kestor
