@@ -103,20 +103,11 @@ void MainWindow::showFirstRunOrProject() {
         content->addWidget(firstRun);
     }
     const int shown = empty ? content->indexOf(firstRun) : 0;
-    const bool firstTime = !isVisible();
-    if (content->currentIndex() == shown && !firstTime)
+    if (content->currentIndex() == shown && isVisible())
         return;
     content->setCurrentIndex(shown);
-    if (!empty && !firstTime)
-        shareListWidth();
     QWidget *first = empty ? firstRun : changes->focusPanes().first();
     first->setFocus(Qt::OtherFocusReason);
-}
-
-/// Gives the list its width once its page has the size of the window; a splitter that is still small would forget it.
-void MainWindow::shareListWidth() {
-    content->currentWidget()->setGeometry(content->rect());
-    changes->splitter().setSizes({listWidth, defaultSize.width() - listWidth});
 }
 
 void MainWindow::showPage() {

@@ -50,7 +50,6 @@ private:
 
     void showTitle();
     void showFirstRunOrProject();
-    void shareListWidth();
     void showPage();
     void showOutput();
     void fitOutputSheet();
@@ -75,7 +74,7 @@ private:
     QHash<WorkflowTab, QWidget *> tabPages{}; ///< made when first shown
     OutputSheet *sheet = nullptr;
     QShortcut *closeSheet = nullptr;
-    int listWidth = 0;             ///< of the Changes tab, as it was saved
+    int listWidth = 0;             ///< of the Changes tab as it was saved, for a run in which that is never shown
     QPointer<QWidget> heldFocus{}; ///< had the focus when its part was drawn disabled
     Observers observers{};
 };

@@ -107,6 +107,7 @@ TEST_F(Window, HasTheMenusAndNoDeadItem) {
 
 TEST_F(Window, OffersTheFirstProjectAndThenShowsIt) {
     show({});
+    window->resize(1280, 800);
     EXPECT_EQ(window->windowTitle(), u"KestorSVN"_s);
     EXPECT_FALSE(part<TabStrip>()->isVisible());
     auto *way = part<FirstRun>()->findChild<QPushButton *>();
