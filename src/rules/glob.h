@@ -40,6 +40,10 @@ public:
     bool matches(QStringView text) const;
     /// A piece of every matching text that has no line breaks.
     GlobPiece requiredPiece() const;
+    /// What every match begins with.
+    QStringView literalBegin() const { return prefix; }
+    /// What every match ends with, but for a final line break.
+    QStringView literalEnd() const { return middleBegin == tokens.size() ? prefix : suffix; }
 
 private:
     enum class Kind : std::uint8_t { literal, notSlash, set, notSlashes, notLineBreaks };

@@ -143,4 +143,14 @@ GlobPiece IgnoreRule::requiredPiece() const {
     return !folderGlob || folderGlob->requiredPiece() == piece ? piece : GlobPiece();
 }
 
+QChar IgnoreRule::requiredFirst() const {
+    const QStringView begin = glob.literalBegin();
+    return begin.isEmpty() ? QChar() : begin.front();
+}
+
+QChar IgnoreRule::requiredLast() const {
+    const QStringView end = glob.literalEnd();
+    return end.isEmpty() ? QChar() : end.back();
+}
+
 } // namespace kestor

@@ -27,8 +27,14 @@ public:
     bool matches(QStringView path, bool isDirectory) const;
     /// Whether the rule could match some path inside the normalised folder, or the folder itself.
     bool canMatchDescendant(QStringView directory) const;
-    /// A piece of every path that the rule matches and that has no line breaks.
+
+    // For paths without line breaks:
+    /// A piece of every path that the rule matches.
     GlobPiece requiredPiece() const;
+    /// What some piece of every path that the rule matches begins with; null when nothing is known.
+    QChar requiredFirst() const;
+    /// What some piece of every path that the rule matches ends with; null when nothing is known.
+    QChar requiredLast() const;
 
 private:
     IgnoreRule() = default;

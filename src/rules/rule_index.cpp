@@ -32,33 +32,45 @@ std::uint64_t hashOf(QStringView text, std::uint64_t seed) {
     return hash.value;
 }
 
+/// The bit of a character; none for the null character.
+std::uint64_t bitOf(QChar character) {
+    return character.isNull() ? 0 : std::uint64_t(1) << (character.unicode() % 64);
+}
+
+} // namespace
+
 /// What a path offers to the index.
-struct PathKeys {
+struct RuleIndex::PathKeys {
     explicit PathKeys(QStringView path);
 
     QVarLengthArray<std::uint64_t, 32> folders; ///< the root and every folder on the way
     QVarLengthArray<std::uint64_t, 64> pieces;  ///< names and extensions
+    std::uint64_t firstCharacters = 0;          ///< the bits of those that begin a piece
+    std::uint64_t lastCharacters = 0;           ///< the bits of those that end a piece
     bool hasLineBreak = false;                  ///< the pieces tell nothing
 };
 
-PathKeys::PathKeys(QStringView path) {
+RuleIndex::PathKeys::PathKeys(QStringView path) {
     GrowingHash folder(folderSeed);
     GrowingHash name(nameSeed);
     GrowingHash extension(extensionSeed);
     bool hasExtension = false;
-    const auto endPiece = [&] {
+    const auto endPiece = [&](qsizetype end) {
         pieces.append(name.value);
         if (hasExtension)
             pieces.append(extension.value);
+        lastCharacters |= bitOf(path[end - 1]);
         name = GrowingHash(nameSeed);
         hasExtension = false;
     };
     folders.append(folder.value);
-    for (const QChar character : path) {
-        const char16_t unit = character.unicode();
+    firstCharacters = bitOf(path.front());
+    for (qsizetype i = 0; i < path.size(); ++i) {
+        const char16_t unit = path[i].unicode();
         if (unit == u'/') {
-            endPiece();
+            endPiece(i);
             folders.append(folder.value);
+            firstCharacters |= bitOf(path[i + 1]);
         } else {
             if (unit == u'.') {
                 extension = GrowingHash(extensionSeed);
@@ -70,10 +82,8 @@ PathKeys::PathKeys(QStringView path) {
         folder.add(unit);
         hasLineBreak = hasLineBreak || isLineBreak(unit);
     }
-    endPiece();
+    endPiece(path.size());
 }
-
-} // namespace
 
 void RuleIndex::append(IgnoreRule rule) {
     const qsizetype position = rules.size();
@@ -81,7 +91,7 @@ void RuleIndex::append(IgnoreRule rule) {
     const GlobPiece piece = rule.requiredPiece();
     switch (piece.kind) {
     case GlobPiece::Kind::anything:
-        folder.always.push_back(position);
+        folder.loose.push_back({position, bitOf(rule.requiredFirst()), bitOf(rule.requiredLast())});
         break;
     case GlobPiece::Kind::extension:
         folder.byPiece[hashOf(piece.text, extensionSeed)].push_back(position);
@@ -95,15 +105,34 @@ void RuleIndex::append(IgnoreRule rule) {
     rules.append(std::move(rule));
 }
 
-/// The highest of the positions above `after` whose rule matches, else `after`.
-qsizetype RuleIndex::lastMatchAmong(const Positions &positions, qsizetype after, QStringView path,
-                                    bool isDirectory) const {
-    for (auto position = positions.rbegin(); position != positions.rend() && *position > after; ++position) {
-        if (rules[*position].matches(path, isDirectory))
-            return *position;
+/// One path on its way through the index. Only rules after the last match found so far are tested.
+struct RuleIndex::Search {
+    void among(const Folder &folder) {
+        for (auto rule = folder.loose.rbegin(); rule != folder.loose.rend() && rule->position > last; ++rule) {
+            if ((rule->first & ~keys.firstCharacters) == 0 && (rule->last & ~keys.lastCharacters) == 0)
+                test(rule->position);
+        }
+        for (const std::uint64_t key : keys.pieces) {
+            const auto found = folder.byPiece.find(key);
+            if (found == folder.byPiece.end())
+                continue;
+            const Positions &positions = found->second;
+            for (auto position = positions.rbegin(); position != positions.rend() && *position > last; ++position)
+                test(*position);
+        }
     }
-    return after;
-}
+
+    void test(qsizetype position) {
+        if (rules[position].matches(path, isDirectory))
+            last = position;
+    }
+
+    const QList<IgnoreRule> &rules;
+    const PathKeys &keys;
+    QStringView path;
+    bool isDirectory = false;
+    qsizetype last = -1;
+};
 
 const IgnoreRule *RuleIndex::lastMatchOfAll(QStringView path, bool isDirectory) const {
     const auto match = std::find_if(rules.rbegin(), rules.rend(),
@@ -115,19 +144,13 @@ const IgnoreRule *RuleIndex::lastMatch(QStringView path, bool isDirectory) const
     const PathKeys keys(path);
     if (keys.hasLineBreak)
         return lastMatchOfAll(path, isDirectory);
-    qsizetype last = -1;
-    for (const std::uint64_t folderKey : keys.folders) {
-        const auto folder = folders.find(folderKey);
-        if (folder == folders.end())
-            continue;
-        last = lastMatchAmong(folder->second.always, last, path, isDirectory);
-        for (const std::uint64_t pieceKey : keys.pieces) {
-            const auto positions = folder->second.byPiece.find(pieceKey);
-            if (positions != folder->second.byPiece.end())
-                last = lastMatchAmong(positions->second, last, path, isDirectory);
-        }
+    Search search{rules, keys, path, isDirectory};
+    for (const std::uint64_t key : keys.folders) {
+        const auto folder = folders.find(key);
+        if (folder != folders.end())
+            search.among(folder->second);
     }
-    return last < 0 ? nullptr : &rules[last];
+    return search.last < 0 ? nullptr : &rules[search.last];
 }
 
 bool RuleIndex::hasIncludedDescendant(QStringView directory) const {

@@ -27,15 +27,25 @@ public:
 private:
     using Positions = std::vector<qsizetype>; ///< in `rules`, ascending
 
+    /// A rule that requires no whole piece. The bits stand for characters, several for one bit: a path that lacks one
+    /// among those with which its pieces begin or end cannot match.
+    struct LooseRule {
+        qsizetype position = 0;
+        std::uint64_t first = 0;
+        std::uint64_t last = 0;
+    };
+
     /// The rules of one folder's ignore files. Texts are kept as hashes: a collision costs a test and changes no
     /// result.
     struct Folder {
-        Positions always;
+        std::vector<LooseRule> loose;
         std::unordered_map<std::uint64_t, Positions> byPiece;
     };
 
+    struct PathKeys;
+    struct Search;
+
     const IgnoreRule *lastMatchOfAll(QStringView path, bool isDirectory) const;
-    qsizetype lastMatchAmong(const Positions &positions, qsizetype after, QStringView path, bool isDirectory) const;
 
     QList<IgnoreRule> rules;
     std::unordered_map<std::uint64_t, Folder> folders;

@@ -16,11 +16,12 @@ bool isDroppedPiece(QStringView piece) {
 } // namespace
 
 bool isNormalizedPath(QStringView path) {
-    if (path.isEmpty())
-        return true;
-    for (const QStringView piece : path.tokenize(u'/')) {
-        if (isDroppedPiece(piece))
+    bool beginsPiece = true;
+    for (qsizetype i = 0; i < path.size(); ++i) {
+        const bool endsPiece = i + 1 == path.size() || path[i + 1] == u'/';
+        if (path[i] == u'/' ? beginsPiece || endsPiece : path[i] == u'.' && beginsPiece && endsPiece)
             return false;
+        beginsPiece = path[i] == u'/';
     }
     return true;
 }
