@@ -16,7 +16,6 @@ namespace kestor {
 namespace {
 
 constexpr int boxSide = 16;
-constexpr int labelGap = 12;
 /// The label leaves rows that are narrower.
 constexpr int labelRowWidth = 340;
 
@@ -104,7 +103,7 @@ int RowDelegate::paintLabel(QPainter &painter, const QStyleOptionViewItem &optio
     painter.setFont(font);
     painter.setPen(conflict ? theme.delText : theme.muted);
     painter.drawText(rect, Qt::AlignRight | Qt::AlignVCenter, row.label);
-    return QFontMetrics(font).horizontalAdvance(row.label) + labelGap;
+    return QFontMetrics(font).horizontalAdvance(row.label) + gap;
 }
 
 void RowDelegate::paintPath(QPainter &painter, const QFont &font, const QRect &rect, const QString &path) const {

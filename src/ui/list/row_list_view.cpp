@@ -35,6 +35,8 @@ RowListView::RowListView(RowModel &shownModel, QWidget *parent)
     connect(&settled, &QTimer::timeout, this, [this] { emit rowChosen(current); });
     connect(&rows, &RowModel::modelAboutToBeReset, this, [this] { anchors = visibleAnchors(); });
     setModel(&rows);
+    // After setModel: the selection model forgets its rows at a reset too, and has to come first.
+    connect(&rows, &RowModel::modelReset, this, &RowListView::restore);
     applyTheme();
 }
 
@@ -105,6 +107,8 @@ void RowListView::keyboardSearch(const QString &typed) {
 void RowListView::keyPressEvent(QKeyEvent *event) {
     if (pressedTickKey(*event) || pressedLeavingKey(*event))
         return event->accept();
+    if (event->key() == Qt::Key_Escape) // the base class would search for it
+        return event->ignore();
     const QScopedValueRollback wait(pace, event->isAutoRepeat() ? Pace::settling : pace);
     QListView::keyPressEvent(event);
 }
@@ -220,11 +224,6 @@ void RowListView::changeEvent(QEvent *event) {
 void RowListView::applyTheme() {
     delegate.setTheme(themeFor(palette()));
     viewport()->update();
-}
-
-void RowListView::reset() {
-    QListView::reset();
-    restore();
 }
 
 /// The current row first when it is in view, then the others from top to bottom.

@@ -36,7 +36,6 @@ public:
     bool chooseBeside(int distance);
 
     void keyboardSearch(const QString &typed) override;
-    void reset() override;
 
 signals:
     /// The user chose another row. While a key repeats or the mouse drags this waits until the row stays for 60 ms.

@@ -6,8 +6,6 @@ namespace kestor {
 
 /// A splitter whose handles are lines of one pixel with a grip of five. No part collapses.
 class LineSplitter final : public QSplitter {
-    Q_OBJECT
-
 public:
     explicit LineSplitter(Qt::Orientation orientation, QWidget *parent = nullptr);
 

@@ -1,0 +1,105 @@
+#include "support/printers.h"
+#include "ui/tabs/change_rows.h"
+
+#include <QAbstractItemModelTester>
+#include <QLocale>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using Kind = SVNStatusKind;
+
+WorkingCopyItem item(const QString &path, Kind kind = Kind::modified, Kind properties = Kind::none) {
+    return {.path = path, .kind = kind, .propertiesKind = properties};
+}
+
+QStringList shownIds(const ChangeRows &rows) {
+    QStringList ids;
+    for (int row = 0; row < rows.rowCount(); ++row)
+        ids += rows.idAt(row);
+    return ids;
+}
+
+TEST(ChangeRows, SaysWhatEachStatusMeans) {
+    struct Row {
+        const char *name;
+        WorkingCopyItem item;
+        Tick tick;
+        QChar letter;
+        bool filled;
+        LabelKind labelKind;
+        QString read;
+    };
+    WorkingCopyItem victim = item(u"a"_s, Kind::deleted);
+    victim.treeConflict = true;
+    const Row rows[] = {
+        {"modified", item(u"a"_s), Tick::ticked, u'M', true, LabelKind::plain, u"a, Modified, ticked"_s},
+        {"missing", item(u"a"_s, Kind::missing), Tick::unticked, u'!', true, LabelKind::plain,
+         u"a, Missing, not ticked"_s},
+        {"properties alone are outlined", item(u"a"_s, Kind::normal, Kind::added), Tick::unticked, u'A', false,
+         LabelKind::plain, u"a, Normal, Props A, not ticked"_s},
+        {"content wins over properties", item(u"a"_s, Kind::replaced, Kind::modified), Tick::ticked, u'R', true,
+         LabelKind::plain, u"a, Replaced, Props M, ticked"_s},
+        {"conflict", item(u"a"_s, Kind::conflicted), Tick::unticked, u'C', true, LabelKind::conflict,
+         u"a, Conflict, not ticked"_s},
+        {"tree conflict", victim, Tick::unticked, u'C', true, LabelKind::conflict, u"a, Tree Conflict, not ticked"_s},
+        {"without a tick box", item(u"a"_s, Kind::external), Tick::none, u'X', true, LabelKind::plain,
+         u"a, External"_s},
+    };
+    const Theme theme = themeFor(fallbackPalette(ColorScheme::light));
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const PathRow shown = changeRow(row.item, row.tick, theme);
+        EXPECT_EQ(shown.badge.letter, row.letter);
+        EXPECT_EQ(shown.badge.colors.tile.isValid(), row.filled);
+        EXPECT_EQ(shown.labelKind, row.labelKind);
+        EXPECT_EQ(accessibleText(shown), row.read);
+    }
+}
+
+TEST(ChangeRows, KeepsTheModelContractWhilePublishedFilteredAndTicked) {
+    ChangeRows rows;
+    const QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::Fatal);
+    rows.publish({item(u"a.c"_s), item(u"b.c"_s), item(u"b.h"_s)});
+    rows.setFilter(ListFilter(u"b"_s));
+    EXPECT_EQ(shownIds(rows), (QStringList{u"b.c"_s, u"b.h"_s}));
+    rows.setFilter(ListFilter(u"b h"_s));
+    EXPECT_EQ(shownIds(rows), QStringList{u"b.h"_s});
+    rows.setTicked({u"b.h"_s});
+    rows.publish({item(u"b.h"_s), item(u"bach"_s), item(u"c.c"_s)});
+    EXPECT_EQ(shownIds(rows), (QStringList{u"b.h"_s, u"bach"_s}));
+    rows.setFilter(ListFilter(u"c"_s));
+    EXPECT_EQ(shownIds(rows), (QStringList{u"bach"_s, u"c.c"_s}));
+    rows.publish({});
+    EXPECT_EQ(rows.rowCount(), 0);
+}
+
+TEST(ChangeRows, ResetsOnceForOtherRowsAndNotAtAllForTheSame) {
+    ChangeRows rows;
+    QSignalSpy resets(&rows, &QAbstractItemModel::modelReset);
+    rows.publish({item(u"a"_s), item(u"ab"_s)});
+    EXPECT_EQ(resets.size(), 1);
+    rows.publish({item(u"a"_s), item(u"ab"_s)});
+    rows.setFilter(ListFilter(u"a"_s)); // leaves every row
+    EXPECT_EQ(resets.size(), 1);
+    rows.publish({item(u"a"_s), item(u"ab"_s, Kind::deleted)});
+    EXPECT_EQ(resets.size(), 2);
+}
+
+TEST(ChangeRows, CountsTicksOfAllRowsAndOfThoseShown) {
+    ChangeRows rows;
+    rows.publish({item(u"a1"_s), item(u"a2"_s), item(u"b1"_s), item(u"b2"_s, Kind::external)});
+    rows.setTicked({u"a1"_s, u"b1"_s});
+    EXPECT_EQ(tickedText(rows.tickCounts(), QLocale::c()), u"2 of 3 ticked"_s);
+    rows.setFilter(ListFilter(u"a"_s));
+    EXPECT_EQ(rows.tickCounts(), (TickCounts{.tickable = 3, .ticked = 2, .shownTickable = 2, .shownTicked = 1}));
+    EXPECT_EQ(tickedText(rows.tickCounts(), QLocale::c()), u"2 of 3 ticked, 1 not shown"_s);
+    EXPECT_EQ(tickedText({}, QLocale::c()), u""_s);
+}
+
+} // namespace
+} // namespace kestor

@@ -1,0 +1,50 @@
+#include "support/printers.h"
+#include "ui/look/elided_path.h"
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Every UTF-16 unit is one pixel wide.
+double unitWidth(const QString &text) {
+    return static_cast<double>(text.size());
+}
+
+TEST(ElidedPath, LosesFoldersFromTheMiddleAndThenTheMiddleOfTheName) {
+    struct Row {
+        const char *name;
+        QString path;
+        double width;
+        QString folder;
+        QString file;
+    };
+    const QString longPath = u"src/net/tls/certs/embedded/anchors.inc"_s;
+    const Row rows[] = {
+        {"all of it fits exactly", longPath, 38, u"src/net/tls/certs/embedded/"_s, u"anchors.inc"_s},
+        {"one folder leaves", longPath, 37, u"src/net/…/certs/embedded/"_s, u"anchors.inc"_s},
+        {"two leave", longPath, 34, u"src/net/…/embedded/"_s, u"anchors.inc"_s},
+        {"first and last folder stay", longPath, 29, u"src/…/embedded/"_s, u"anchors.inc"_s},
+        {"the first folder stays longest", longPath, 25, u"src/…/"_s, u"anchors.inc"_s},
+        {"only the name", longPath, 13, u"…/"_s, u"anchors.inc"_s},
+        {"the name loses its middle", longPath, 12, u"…/"_s, u"ancho….inc"_s},
+        {"the extension is kept to the last", longPath, 7, u"…/"_s, u"….inc"_s},
+        {"even where that is too wide", longPath, 1, u"…/"_s, u"….inc"_s},
+        {"a path without folders", u"configuration.json"_s, 11, u""_s, u"confi….json"_s},
+        {"a long ending is no extension", u"minutes.of the last meeting"_s, 9, u""_s, u"minu…ting"_s},
+        {"a leading dot starts no extension", u".gitattributes"_s, 7, u""_s, u".gi…tes"_s},
+        {"no half of a character", u"a😀😀😀😀b.c"_s, 7, u""_s, u"a😀…b.c"_s},
+        {"a slash at the end belongs to the name", u"a/build/"_s, 8, u"a/"_s, u"build/"_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const ElidedPath shown = elidedPath(row.path, row.width, unitWidth);
+        EXPECT_EQ(shown.folder, row.folder);
+        EXPECT_EQ(shown.name, row.file);
+    }
+}
+
+} // namespace
+} // namespace kestor
