@@ -1,7 +1,7 @@
 #include "rules/ignore_rules.h"
 
 #include "rules/folder_reader.h"
-#include "rules/ignore_file_loading.h"
+#include "rules/rule_loading.h"
 #include "rules/working_copy_paths.h"
 
 namespace kestor {

@@ -3,7 +3,7 @@
 #include "model/file_order.h"
 #include "rules/folder_reader.h"
 #include "rules/folder_set.h"
-#include "rules/ignore_file_loading.h"
+#include "rules/rule_loading.h"
 #include "rules/unversioned_walk.h"
 #include "rules/working_copy_paths.h"
 
@@ -101,7 +101,8 @@ QList<WorkingCopyItem> filteredItems(FolderReader &reader, const QList<WorkingCo
 
 } // namespace
 
-QList<WorkingCopyItem> statusRows(const QList<WorkingCopyItem> &items, const QString &root, ExpandUnversioned expand) {
+QList<WorkingCopyItem> displayedStatusItems(const QList<WorkingCopyItem> &items, const QString &root,
+                                            ExpandUnversioned expand) {
     FolderReader reader(root);
     return filteredItems(reader, items, rulesForItems(reader, items, expand), expand);
 }

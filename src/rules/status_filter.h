@@ -15,7 +15,8 @@ enum class ExpandUnversioned : std::uint8_t { no, yes };
 
 /// The rows of the Changes list: statusItemsByApplyingIgnoreRules() with ignoreRulesForStatusItems(), but each folder
 /// and each ignore file is read once for both steps. `root` is absolute. Reads the disk; worker threads.
-QList<WorkingCopyItem> statusRows(const QList<WorkingCopyItem> &items, const QString &root, ExpandUnversioned expand);
+QList<WorkingCopyItem> displayedStatusItems(const QList<WorkingCopyItem> &items, const QString &root,
+                                            ExpandUnversioned expand);
 
 /// The rules that decide about `items` of the project at `root` (absolute), those inside unversioned folders included
 /// when they are expanded. Reads the disk; worker threads.

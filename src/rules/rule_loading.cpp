@@ -1,4 +1,4 @@
-#include "rules/ignore_file_loading.h"
+#include "rules/rule_loading.h"
 
 namespace kestor {
 
