@@ -1,6 +1,7 @@
 #include "ui/frame/color_scheme.h"
 
 #include "ui/frame/session_bus.h"
+#include "ui/look/edge_style.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -46,8 +47,10 @@ FallbackColors::FallbackColors(QObject *parent)
     : QObject(parent), needed(QApplication::palette() == QApplication::style()->standardPalette()) {
     const std::optional<ColorScheme> chosen = colorSchemeFromText(qEnvironmentVariable("KESTORSVN_COLOR_SCHEME"));
     fixed = chosen.has_value();
-    if (needed || fixed)
-        apply(chosen.value_or(ColorScheme::light));
+    if (!needed && !fixed)
+        return;
+    QApplication::setStyle(new EdgeStyle);
+    apply(chosen.value_or(ColorScheme::light));
 }
 
 void FallbackColors::followDesktop() {

@@ -1,0 +1,113 @@
+#include "ui/look/edge_style.h"
+
+#include "ui/look/theme.h"
+
+#include <QPainter>
+#include <QPainterPath>
+#include <QStyleOption>
+
+namespace kestor {
+
+namespace {
+
+constexpr int boxSide = 16;
+constexpr qreal boxRadius = 4;
+constexpr qreal fieldRadius = 5;
+
+/// A rounded rectangle whose line of `width` lies inside `rect`.
+void drawRounded(QPainter &painter, const QRectF &rect, qreal radius, const QColor &edge, qreal width) {
+    painter.setPen(QPen(edge, width));
+    painter.drawRoundedRect(rect.adjusted(width / 2, width / 2, -width / 2, -width / 2), radius, radius);
+}
+
+QColor held(const QColor &color, bool enabled, const Theme &theme) {
+    return enabled ? color : mixed(color, theme.base, 0.45);
+}
+
+void drawMark(QPainter &painter, const QRectF &box, QStyle::State state) {
+    const QPointF corner = box.topLeft();
+    if (state.testFlag(QStyle::State_NoChange)) {
+        painter.drawLine(corner + QPointF(4.5, 8), corner + QPointF(11.5, 8));
+        return;
+    }
+    QPainterPath check(corner + QPointF(4, 8.5));
+    check.lineTo(corner + QPointF(7, 11.5));
+    check.lineTo(corner + QPointF(12.5, 5));
+    painter.drawPath(check);
+}
+
+void drawBox(QPainter &painter, const QStyleOption &option, const Theme &theme) {
+    QRectF box(0, 0, boxSide, boxSide);
+    box.moveCenter(QRectF(option.rect).center());
+    box.moveTopLeft(QPointF(qRound(box.left()), qRound(box.top())));
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool marked = option.state & (QStyle::State_On | QStyle::State_NoChange);
+    painter.setBrush(marked ? held(theme.accent, enabled, theme) : theme.base);
+    drawRounded(painter, box, boxRadius,
+                marked ? held(theme.accent, enabled, theme) : held(theme.outline, enabled, theme), 1);
+    painter.setBrush(Qt::NoBrush);
+    if (marked) {
+        painter.setPen(QPen(theme.accentText, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        drawMark(painter, box, option.state);
+    }
+    if (option.state.testFlag(QStyle::State_HasFocus))
+        drawRounded(painter, box.adjusted(-2, -2, 2, 2), boxRadius + 2, theme.focusRing, 1);
+}
+
+void drawFieldEdge(QPainter &painter, const QStyleOption &option, const Theme &theme) {
+    painter.setBrush(Qt::NoBrush);
+    const bool focused = option.state.testFlag(QStyle::State_HasFocus);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    drawRounded(painter, option.rect, fieldRadius, focused ? theme.focusRing : held(theme.outline, enabled, theme),
+                focused ? 2 : 1);
+}
+
+void drawButton(QPainter &painter, const QStyleOption &option, const Theme &theme) {
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const bool pressed = option.state & (QStyle::State_Sunken | QStyle::State_On);
+    const bool hovered = enabled && option.state.testFlag(QStyle::State_MouseOver);
+    const bool focused = option.state.testFlag(QStyle::State_HasFocus);
+    painter.setBrush(pressed ? theme.selectionIdle : (hovered ? theme.hover : theme.button));
+    drawRounded(painter, option.rect, fieldRadius, focused ? theme.focusRing : held(theme.buttonLine, enabled, theme),
+                focused ? 2 : 1);
+}
+
+} // namespace
+
+EdgeStyle::EdgeStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                              const QWidget *widget) const {
+    void (*draw)(QPainter &, const QStyleOption &, const Theme &) = nullptr;
+    switch (element) {
+    case PE_IndicatorCheckBox:
+    case PE_IndicatorItemViewItemCheck:
+        draw = drawBox;
+        break;
+    case PE_FrameLineEdit:
+    case PE_Frame:
+        draw = drawFieldEdge;
+        break;
+    case PE_PanelButtonCommand:
+        draw = drawButton;
+        break;
+    default:
+        return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    draw(*painter, *option, themeFor(option->palette));
+    painter->restore();
+}
+
+int EdgeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const {
+    switch (metric) {
+    case PM_IndicatorWidth:
+    case PM_IndicatorHeight:
+        return boxSide;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
+} // namespace kestor

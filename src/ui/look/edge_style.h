@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace kestor {
+
+/// Fusion with the edges of the window's own palette: tick boxes, text fields, framed editors and buttons stay visible
+/// in the dark, where Fusion's own edges vanish, and focus is always shown. Main thread only.
+class EdgeStyle final : public QProxyStyle {
+    Q_OBJECT
+
+public:
+    EdgeStyle();
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget = nullptr) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
+                    const QWidget *widget = nullptr) const override;
+};
+
+} // namespace kestor
