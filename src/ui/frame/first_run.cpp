@@ -1,6 +1,6 @@
 #include "ui/frame/first_run.h"
 
-#include "ui/frame/accent_button.h"
+#include "ui/look/accent_button.h"
 #include "ui/frame/commands.h"
 #include "ui/frame/icon_label.h"
 #include "ui/look/icons.h"

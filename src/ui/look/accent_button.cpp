@@ -1,4 +1,4 @@
-#include "ui/frame/accent_button.h"
+#include "ui/look/accent_button.h"
 
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
