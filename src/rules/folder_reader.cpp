@@ -43,12 +43,13 @@ bool isRegularFile(const QString &path) {
     return ::stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// Only regular files: opening a pipe of that name would wait for its other end.
+/// Only regular files: opening a pipe of that name would wait for its other end. Stateless: a file that ends within a
+/// character is no UTF-8 either.
 QString utf8Text(const QString &path) {
     QFile file(path);
     if (!isRegularFile(path) || !file.open(QIODevice::ReadOnly))
         return {};
-    QStringDecoder decoder(QStringDecoder::Utf8);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder(file.readAll());
     return decoder.hasError() ? QString() : text;
 }

@@ -98,12 +98,13 @@ TEST(IgnoreRules, LoadOnlyWhatCanAffectTheCandidates) {
         tree.write(folder + u"/.gitignore"_s, folder.toUtf8() + "\n");
     tree.write(u"latin/.gitignore"_s, "gr\xF6\xDF"
                                       "e\n");
+    tree.write(u"cut/.gitignore"_s, "cut\ncaf\xE9");
     tree.makeDirectory(u"folder/.gitignore"_s);
     tree.makeDirectory(u"pipe"_s);
     ASSERT_EQ(::mkfifo(tree.path(u"pipe/.gitignore"_s).toUtf8().constData(), 0600), 0);
 
-    const QStringList candidates{u"b"_s,       u"a10/x"_s,    u"a9//deep/x"_s, u"build/x"_s, u"open/x"_s,
-                                 u"latin/x"_s, u"folder/x"_s, u"pipe/x"_s,     u"missing"_s, u""_s};
+    const QStringList candidates{u"b"_s,     u"a10/x"_s,    u"a9//deep/x"_s, u"build/x"_s, u"open/x"_s, u"latin/x"_s,
+                                 u"cut/x"_s, u"folder/x"_s, u"pipe/x"_s,     u"missing"_s, u""_s};
     const QStringList expected{u":build"_s,    u":open"_s,          u":open/keep.txt"_s, u":root"_s,
                                u":kestor"_s,   u"a9:a9"_s,          u"a10:a10"_s,        u"b:b"_s,
                                u"open:open"_s, u"a9/deep:a9/deep"_s};
