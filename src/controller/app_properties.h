@@ -29,6 +29,7 @@ struct AppProperties {
     QProperty<WorkflowTab> selectedTab{WorkflowTab::changes};
 
     QProperty<QList<WorkingCopyItem>> changes{};          ///< sorted by path
+    QProperty<bool> changesLoaded{false};                 ///< a load has succeeded: no `changes` means a clean project
     QProperty<std::optional<QString>> selectedChangeID{}; ///< a path
     QProperty<QSet<QString>> selectedCommitPaths{};       ///< ticked paths, all of them in `changes`
     QProperty<LineChangeSummary> changesLineSummary{};

@@ -100,6 +100,7 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
 void AppState::publishChanges(QList<WorkingCopyItem> items) {
     const QSet<QString> ticks = ticksAfterLoad(items, changes, selectedCommitPaths);
     changes = items;
+    changesLoaded = true;
     selectedCommitPaths = ticks;
     if (!selectedChange())
         selectedChangeID = items.isEmpty() ? std::nullopt : std::optional(items.first().path);

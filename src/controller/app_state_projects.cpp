@@ -116,6 +116,7 @@ void AppState::resetProjectState() {
     ++diffGeneration;
     ++infoGeneration;
     changes = QList<WorkingCopyItem>();
+    changesLoaded = false;
     selectedChangeID = std::nullopt;
     selectedCommitPaths = QSet<QString>();
     gitOldNames.clear();

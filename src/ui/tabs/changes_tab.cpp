@@ -110,6 +110,7 @@ void ChangesTab::addKeys(const QList<QKeySequence> &keys, void (ChangesTab::*ste
 void ChangesTab::observeState() {
     watch(app.selectedProjectID, [this] { showProject(); });
     watch(app.changes, [this] { showChanges(); });
+    watch(app.changesLoaded, [this] { showEmptyText(); });
     watch(app.selectedCommitPaths, [this] { showTicks(); });
     watch(app.selectedChangeID, [this] {
         column->list().setCurrentId(app.selectedChangeID.value().value_or(QString()));
@@ -126,9 +127,7 @@ void ChangesTab::showProject() {
     if (shownProject == app.selectedProjectID.value())
         return;
     shownProject = app.selectedProjectID;
-    everLoaded = false;
     column->filter().setText(shownProject ? filterTexts.value(*shownProject) : QString());
-    showEmptyText();
 }
 
 void ChangesTab::showChanges() {
@@ -144,21 +143,20 @@ void ChangesTab::showTicks() {
 
 void ChangesTab::showBusy() {
     const bool busy = app.busyMessage.value().has_value();
-    if (busy != wasBusy) {
-        wasBusy = busy;
-        everLoaded = everLoaded || !busy;
-        column->setTickAccess(busy ? TickAccess::readOnly : TickAccess::editable);
-        if (busy)
-            holding.start();
-        else
-            holding.stop();
-    }
-    showEmptyText();
+    if (busy == wasBusy)
+        return;
+    wasBusy = busy;
+    column->setTickAccess(busy ? TickAccess::readOnly : TickAccess::editable);
+    if (busy)
+        holding.start();
+    else
+        holding.stop();
 }
 
 void ChangesTab::showEmptyText() {
-    column->setEmptyText(everLoaded ? PlaceholderText{tr("No Changes"), tr("The working copy matches its base."), {}}
-                                    : PlaceholderText{});
+    column->setEmptyText(app.changesLoaded
+                             ? PlaceholderText{tr("No Changes"), tr("The working copy matches its base."), {}}
+                             : PlaceholderText{});
 }
 
 void ChangesTab::chooseRow(const QString &id) {

@@ -80,7 +80,6 @@ private:
     QHash<QUuid, QString> filterTexts{};
     std::optional<QUuid> shownProject{};
     bool wasBusy = false;
-    bool everLoaded = false; ///< a load of this project has ended, so an empty list means something
     std::vector<QPropertyNotifier> observers{};
 };
 
