@@ -1,0 +1,143 @@
+#include "support/app_fixture.h"
+#include "support/held_tool.h"
+#include "support/printers.h"
+#include "support/repositories.h"
+#include "ui/diff/diff_pane.h"
+#include "ui/list/filter_field.h"
+#include "ui/list/row_list_view.h"
+#include "ui/tabs/changes_tab.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QTest>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <memory>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::AppFixture;
+using testing::GitFixture;
+using testing::HeldTool;
+using testing::TempTree;
+using testing::waitUntil;
+
+class ShownTab {
+public:
+    explicit ShownTab(AppState &state) : tab(state) {
+        tab.resize(1000, 400);
+        tab.show();
+        tab.activateWindow();
+        list().setFocus();
+    }
+
+    RowListView &list() { return *tab.findChild<RowListView *>(); }
+    FilterField &filter() { return *tab.findChild<FilterField *>(); }
+    QString printed() { return tab.diffPane().diffView().document().printed; }
+    QString pathInBar() {
+        for (QAction *action : tab.diffPane().findChildren<QAction *>()) {
+            if (action->text() == u"Copy Path"_s)
+                action->trigger();
+        }
+        return QGuiApplication::clipboard()->text();
+    }
+    bool says(const QString &text) const {
+        const QList<QLabel *> labels = tab.findChildren<QLabel *>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [&](const QLabel *label) { return label->isVisible() && label->text() == text; });
+    }
+
+    ChangesTab tab;
+};
+
+TEST(ChangesTab, OnlyTheUsersChoiceOfARowRunsATool) {
+    const TempTree folder;
+    QSettings settings(folder.path(u"test.conf"_s), QSettings::IniFormat);
+    ProjectStore(settings).save({{QUuid::createUuid(), u"project"_s, folder.path(), RepositoryKind::git}});
+    testing::ScriptedUser user;
+    const auto git = std::make_shared<HeldTool>();
+    AppState app(settings, user, Tools{git, git, git});
+    ShownTab shown(app);
+    const QList<WorkingCopyItem> items{{.path = u"a"_s, .kind = SVNStatusKind::modified},
+                                       {.path = u"b"_s, .kind = SVNStatusKind::modified}};
+    app.changes = items;
+    app.selectedChangeID = u"b"_s;
+    app.selectedCommitPaths = QSet<QString>{u"a"_s};
+    app.changes = items + QList<WorkingCopyItem>{{.path = u"c"_s, .kind = SVNStatusKind::modified}};
+    EXPECT_EQ(app.selectedChangeID.value(), u"b"_s);
+    EXPECT_EQ(shown.list().currentId(), u"b"_s);
+    EXPECT_EQ(git->vectors(), QList<QStringList>());
+    QTest::keyClick(&shown.list(), Qt::Key_Down);
+    EXPECT_EQ(app.selectedChangeID.value(), u"c"_s);
+    ASSERT_EQ(git->vectors().size(), 1);
+    git->finish(git->vectors().first(), ""); // the controller's end would wait for it
+}
+
+TEST(ChangesTab, ShowsTheDiffOfTheRowThatTheUserChooses) {
+    GitFixture repository;
+    repository.write(u"a"_s);
+    repository.write(u"b"_s);
+    repository.commitAll(u"first"_s);
+    repository.write(u"a"_s, "in a\n");
+    repository.write(u"b"_s, "in b\n");
+    AppFixture fixture;
+    ShownTab shown(fixture.app);
+    fixture.open(repository.path(), RepositoryKind::git);
+    EXPECT_TRUE(waitUntil([&] { return shown.printed().contains(u"+in a"_s); }));
+    QTest::keyClick(&shown.list(), Qt::Key_Down);
+    EXPECT_TRUE(waitUntil([&] { return shown.printed().contains(u"+in b"_s); }));
+    EXPECT_EQ(shown.pathInBar(), u"b"_s);
+}
+
+TEST(ChangesTab, FollowsTheRowsThoughTheirTextsAreEqual) {
+    const GitFixture repository;
+    for (const QString &inner : {u"one"_s, u"two"_s, u"three"_s})
+        repository.git({u"init"_s, u"-q"_s, inner});
+    AppFixture fixture;
+    ShownTab shown(fixture.app);
+    fixture.open(repository.path(), RepositoryKind::git);
+    ASSERT_TRUE(waitUntil([&] { return shown.says(u"(unversioned directory)"_s); }));
+    for (const QString &path : {u"three"_s, u"two"_s}) {
+        QTest::keyClick(&shown.tab, Qt::Key_F8);
+        EXPECT_TRUE(waitUntil([&] { return shown.pathInBar() == path; })) << qPrintable(path);
+    }
+    EXPECT_EQ(fixture.app.diffText.value(), u"(unversioned directory)"_s);
+}
+
+TEST(ChangesTab, KeepsTheFilterTextOfEachProject) {
+    const GitFixture first;
+    const GitFixture second;
+    AppFixture fixture;
+    ShownTab shown(fixture.app);
+    fixture.open(first.path(), RepositoryKind::git);
+    QTest::keyClicks(&shown.filter(), u"src"_s);
+    fixture.open(second.path(), RepositoryKind::git);
+    EXPECT_EQ(shown.tab.filterText(), u""_s);
+    QTest::keyClicks(&shown.filter(), u"doc"_s);
+    fixture.open(first.path(), RepositoryKind::git);
+    EXPECT_EQ(shown.tab.filterText(), u"src"_s);
+    EXPECT_TRUE(shown.tab.escape());
+    EXPECT_EQ(shown.tab.filterText(), u""_s);
+    fixture.open(second.path(), RepositoryKind::git);
+    EXPECT_EQ(shown.tab.filterText(), u"doc"_s);
+}
+
+TEST(ChangesTab, CallsAProjectUnchangedOnlyAfterALoadThatSucceeded) {
+    const GitFixture clean;
+    const TempTree noRepository;
+    AppFixture fixture;
+    const ShownTab shown(fixture.app);
+    fixture.open(clean.path(), RepositoryKind::git);
+    EXPECT_TRUE(shown.says(u"No Changes"_s));
+    fixture.open(noRepository.path(), RepositoryKind::git);
+    EXPECT_TRUE(fixture.alertText().startsWith(u"Status Failed"_s)) << qPrintable(fixture.alertText());
+    EXPECT_FALSE(shown.says(u"No Changes"_s));
+}
+
+} // namespace
+} // namespace kestor
