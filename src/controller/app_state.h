@@ -6,6 +6,7 @@
 #include "controller/repository_detection.h"
 #include "controller/revert_plan.h"
 #include "controller/running_operations.h"
+#include "controller/status_rows.h"
 #include "controller/user_interaction.h"
 #include "controller/working_diff.h"
 #include "model/language_configuration_store.h"
@@ -150,7 +151,7 @@ private:
     QCoro::Task<> verifyKind(Project project);
     QCoro::Task<> loadStatus(RunPurpose purpose);
     QCoro::Task<> loadChanges(Project project, quint64 generation, RunPurpose purpose);
-    void publishChanges(QList<WorkingCopyItem> items);
+    void publishChanges(const LoadedChanges &loaded, const TickedRows &before);
     QCoro::Task<> loadLineSummary(Project project, quint64 generation);
     QCoro::Task<> loadDiffForSelectedChange();
     QCoro::Task<LoadedDiff> diffOf(Project project, WorkingCopyItem item);

@@ -17,6 +17,14 @@ using namespace Qt::StringLiterals;
 
 namespace kestor {
 
+namespace {
+
+LoadedChanges loadedChanges(const StatusRows &rows, const TickedRows &before) {
+    return {rows, ticksAfterLoad(rows.items, before.items, before.ticked)};
+}
+
+} // namespace
+
 QCoro::Task<> AppState::tabChanged() {
     // Changes and Configuration load nothing when shown.
     co_return;
@@ -83,22 +91,26 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
         const std::shared_ptr<Tool> tool = toolFor(project.kind);
         const SVNCommandResult result =
             co_await tool->run(statusArguments(project.kind), project.path, CheckStatus::yes, purpose);
-        const auto read = [kind = project.kind, path = project.path, output = result.stdoutData] {
-            return statusRows(kind, path, output);
+        const TickedRows before{changes, selectedCommitPaths};
+        const auto read = [kind = project.kind, path = project.path, output = result.stdoutData, before] {
+            return loadedChanges(statusRows(kind, path, output), before);
         };
-        const StatusRows rows = co_await QtConcurrent::run(&workers, read);
+        const LoadedChanges loaded = co_await QtConcurrent::run(&workers, read);
         if (!isCurrent(project, generation, statusGeneration))
             co_return;
-        gitOldNames = rows.gitOldNames;
-        publishChanges(rows.items);
+        publishChanges(loaded, before);
     }
     const QCoro::Task<> summary = loadLineSummary(project, generation);
     co_await loadDiffForSelectedChange();
     co_await summary;
 }
 
-void AppState::publishChanges(QList<WorkingCopyItem> items) {
-    const QSet<QString> ticks = ticksAfterLoad(items, changes, selectedCommitPaths);
+void AppState::publishChanges(const LoadedChanges &loaded, const TickedRows &before) {
+    const QList<WorkingCopyItem> &items = loaded.rows.items;
+    // Whatever was ticked while the worker counted is not in its answer.
+    const bool asBefore = selectedCommitPaths.value() == before.ticked;
+    const QSet<QString> ticks = asBefore ? loaded.ticked : ticksAfterLoad(items, before.items, selectedCommitPaths);
+    gitOldNames = loaded.rows.gitOldNames;
     changes = items;
     changesLoaded = true;
     selectedCommitPaths = ticks;

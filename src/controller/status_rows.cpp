@@ -20,8 +20,7 @@ StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray
         read.items = parsedOutput<StatusParser>(output);
     else
         read = gitStatus(toolText(output));
-    const IgnoreRules rules = ignoreRulesForStatusItems(read.items, root, ExpandUnversioned::yes);
-    return {statusItemsByApplyingIgnoreRules(read.items, root, rules, ExpandUnversioned::yes), read.oldNames};
+    return {displayedStatusItems(read.items, root, ExpandUnversioned::yes), read.oldNames};
 }
 
 } // namespace kestor

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -18,6 +19,18 @@ QStringList statusArguments(RepositoryKind kind);
 struct StatusRows {
     QList<WorkingCopyItem> items{};        ///< filtered by the ignore rules, expanded and sorted
     QHash<QString, QString> gitOldNames{}; ///< path of a renamed row to its old path
+};
+
+/// The rows of a list with the ticks they had.
+struct TickedRows {
+    QList<WorkingCopyItem> items{};
+    QSet<QString> ticked{};
+};
+
+/// New rows with the ticks they get.
+struct LoadedChanges {
+    StatusRows rows{};
+    QSet<QString> ticked{};
 };
 
 /// Reads what a status run printed in the project at `root` (absolute). Reads ignore files and unversioned folders;
