@@ -8,16 +8,14 @@
 
 namespace kestor {
 
-namespace {
-
-/// Between the button and the edge of the widget.
-constexpr int frameRoom = 3;
-
-} // namespace
-
 AccentButton::AccentButton(const QString &text, QWidget *parent) : QPushButton(text, parent) {
     setDefault(true);
     setFont(boldFont(QApplication::font()));
+}
+
+void AccentButton::setLook(Look wanted) {
+    look = wanted;
+    update();
 }
 
 QSize AccentButton::sizeHint() const {
@@ -31,11 +29,12 @@ void AccentButton::paintGround(QPainter &painter) const {
         painter.setPen(QPen(theme.focusRing, 2));
         painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 7, 7);
     }
+    const bool ready = isEnabled() && look == Look::ready;
     const QColor ground = isDown() ? mixed(theme.accent, theme.text, 0.2) : theme.accent;
     painter.setPen(Qt::NoPen);
-    painter.setBrush(isEnabled() ? ground : theme.selectionIdle);
+    painter.setBrush(ready ? ground : theme.selectionIdle);
     painter.drawRoundedRect(rect().adjusted(frameRoom, frameRoom, -frameRoom, -frameRoom), 5, 5);
-    painter.setPen(isEnabled() ? theme.accentText : theme.disabled);
+    painter.setPen(ready ? theme.accentText : theme.disabled);
 }
 
 void AccentButton::paintEvent(QPaintEvent *) {

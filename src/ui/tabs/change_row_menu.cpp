@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QLocale>
 #include <QMenu>
 #include <QUrl>
 
@@ -18,30 +19,48 @@ namespace {
 
 constexpr int widestHeading = 320;
 
-QString headingText(const QString &path, const QFont &font) {
+QString shortened(const QString &path, const QFont &font) {
     const QFontMetricsF metrics(font);
     const ElidedPath shown =
         elidedPath(path, widestHeading, [&](const QString &text) { return metrics.horizontalAdvance(text); });
-    QString text = shown.folder + shown.name;
-    return text.replace(u'&', QStringLiteral("&&"));
+    return shown.folder + shown.name;
+}
+
+void addHeading(QMenu &menu, QString text) {
+    QAction *heading = menu.addAction(text.replace(u'&', QStringLiteral("&&")));
+    heading->setFont(boldFont(menu.font()));
+    heading->setEnabled(false);
+}
+
+void addPathActions(QMenu &menu, const ChangeRowMenu &content) {
+    QAction *copy =
+        menu.addAction(QMenu::tr("Copy Path"), [path = content.path] { QGuiApplication::clipboard()->setText(path); });
+    copy->setShortcut(QKeySequence::Copy);
+    const QFileInfo file(content.projectDirectory + u'/' + content.path);
+    if (!file.exists())
+        return;
+    const QUrl url = QUrl::fromLocalFile(file.absoluteFilePath());
+    menu.addAction(QMenu::tr("Open"), [url] { QDesktopServices::openUrl(url); });
 }
 
 } // namespace
 
-QMenu *changeRowMenu(const QString &path, const QString &projectDirectory, QWidget *parent) {
+QString actionPathsText(int tickedPaths, const QLocale &locale) {
+    if (tickedPaths == 0)
+        return QStringLiteral("Acts on the selected path");
+    return tickedPaths == 1 ? QStringLiteral("Acts on 1 ticked path")
+                            : QStringLiteral("Acts on %1 ticked paths").arg(locale.toString(tickedPaths));
+}
+
+QMenu *changeRowMenu(const ChangeRowMenu &content, QWidget *parent) {
     auto *menu = new QMenu(parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    const QFont headingFont = boldFont(menu->font());
-    QAction *heading = menu->addAction(headingText(path, headingFont));
-    heading->setFont(headingFont);
-    heading->setEnabled(false);
-    QAction *copy = menu->addAction(QMenu::tr("Copy Path"), [path] { QGuiApplication::clipboard()->setText(path); });
-    copy->setShortcut(QKeySequence::Copy);
-    const QFileInfo file(projectDirectory + u'/' + path);
-    if (file.exists()) {
-        const QUrl url = QUrl::fromLocalFile(file.absoluteFilePath());
-        menu->addAction(QMenu::tr("Open"), [url] { QDesktopServices::openUrl(url); });
-    }
+    addHeading(*menu, actionPathsText(content.tickedPaths, menu->locale()));
+    menu->addActions(content.tickedActions);
+    menu->addSeparator();
+    addHeading(*menu, shortened(content.path, boldFont(menu->font())));
+    menu->addActions(content.rowActions);
+    addPathActions(*menu, content);
     return menu;
 }
 

@@ -1,13 +1,28 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
+class QAction;
+class QLocale;
 class QMenu;
 class QWidget;
 
 namespace kestor {
 
-/// The menu of a row of the Changes list; `path` is relative to `projectDirectory`. It deletes itself when it closes.
-QMenu *changeRowMenu(const QString &path, const QString &projectDirectory, QWidget *parent);
+/// What the menu of a row of the Changes list offers. The actions remain their owner's.
+struct ChangeRowMenu {
+    QString path; ///< of the row, relative to `projectDirectory`
+    QString projectDirectory;
+    int tickedPaths = 0;
+    QList<QAction *> tickedActions; ///< act on the ticked paths, else on the selected one
+    QList<QAction *> rowActions;    ///< act on the row, whatever is ticked
+};
+
+/// "Acts on 13 ticked paths", "Acts on 1 ticked path", or "Acts on the selected path" for none.
+QString actionPathsText(int tickedPaths, const QLocale &locale);
+
+/// The menu deletes itself when it closes.
+QMenu *changeRowMenu(const ChangeRowMenu &content, QWidget *parent);
 
 } // namespace kestor

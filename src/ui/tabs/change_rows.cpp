@@ -33,6 +33,13 @@ QString tickedText(const TickCounts &counts, const QLocale &locale) {
     return hidden == 0 ? text : text + QStringLiteral(", %1 not shown").arg(locale.toString(hidden));
 }
 
+QString commitText(int ticked, const QLocale &locale) {
+    if (ticked == 0)
+        return QStringLiteral("Commit");
+    return ticked == 1 ? QStringLiteral("Commit 1 Change")
+                       : QStringLiteral("Commit %1 Changes").arg(locale.toString(ticked));
+}
+
 void ChangeRows::publish(const QList<WorkingCopyItem> &published) {
     if (items != published)
         replaceRecords([&] { items = published; });

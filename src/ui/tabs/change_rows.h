@@ -27,6 +27,9 @@ struct TickCounts {
 /// "13 of 17 ticked", and ", 10 not shown" when the filter hides ticked rows; "" where nothing can be ticked.
 QString tickedText(const TickCounts &counts, const QLocale &locale);
 
+/// "Commit 13 Changes", "Commit 1 Change", or "Commit" for none.
+QString commitText(int ticked, const QLocale &locale);
+
 /// The rows of the Changes list over the published items and ticks, which it shares and does not copy.
 class ChangeRows final : public RowModel {
     Q_OBJECT

@@ -4,12 +4,13 @@
 #include "ui/list/line_summary_label.h"
 #include "ui/list/row_list_view.h"
 #include "ui/look/bar.h"
+#include "ui/look/line_splitter.h"
 #include "ui/look/metrics.h"
+#include "ui/tabs/commit_panel.h"
 #include "ui/tabs/tick_all_box.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QVBoxLayout>
 
 namespace kestor {
@@ -23,14 +24,17 @@ constexpr int smallestWidth = 280;
 ChangesColumn::ChangesColumn(ChangeRows &shownRows, QWidget *parent)
     : QWidget(parent), rows(shownRows), tickAll(new TickAllBox), filterField(new FilterField(tr("Filter changes"))),
       summaryLabel(new LineSummaryLabel), rowList(new RowListView(shownRows)), placeholder(new Placeholder),
-      countLabel(new QLabel) {
+      panel(new CommitPanel) {
     setMinimumWidth(smallestWidth);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(bar());
-    layout->addWidget(body(), 1);
-    layout->addWidget(footer());
+    auto *parts = new LineSplitter(Qt::Vertical, this);
+    parts->addWidget(body());
+    parts->addWidget(panel);
+    parts->setStretchFactor(0, 1);
+    layout->addWidget(parts, 1);
     connect(filterField, &QLineEdit::textChanged, this, &ChangesColumn::applyFilter);
     connect(filterField, &FilterField::leaveRequested, rowList, qOverload<>(&QWidget::setFocus));
     connect(filterField, &FilterField::firstMatchRequested, this, [this] {
@@ -71,16 +75,6 @@ QWidget *ChangesColumn::body() {
     return body;
 }
 
-QWidget *ChangesColumn::footer() {
-    auto *footer = new Bar(BarLine::above, this);
-    footer->setFixedHeight(barHeight);
-    auto *layout = new QHBoxLayout(footer);
-    layout->setContentsMargins(paneEdge, 1, paneEdge, 0);
-    layout->addWidget(countLabel);
-    countLabel->setForegroundRole(QPalette::PlaceholderText);
-    return footer;
-}
-
 void ChangesColumn::setSummary(const LineChangeSummary &summary) {
     summaryLabel->setSummary(summary);
 }
@@ -88,6 +82,7 @@ void ChangesColumn::setSummary(const LineChangeSummary &summary) {
 void ChangesColumn::setTickAccess(TickAccess access) {
     tickAll->setTickAccess(access);
     rowList->setTickAccess(access);
+    panel->setTickAccess(access);
 }
 
 void ChangesColumn::setEmptyText(const PlaceholderText &text) {
@@ -103,7 +98,7 @@ void ChangesColumn::applyFilter(const QString &text) {
 void ChangesColumn::updateCounts() {
     const TickCounts counts = rows.tickCounts();
     tickAll->showCounts(counts);
-    countLabel->setText(tickedText(counts, locale()));
+    panel->showCounts(counts);
     filterField->setCounts(rows.rowCount(), rows.recordCount());
     placeholder->setVisible(rows.rowCount() == 0);
     const QString nothing = tr("Nothing contains “%1”.").arg(filterField->text());

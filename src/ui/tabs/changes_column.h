@@ -7,16 +7,15 @@
 
 #include <QWidget>
 
-class QLabel;
-
 namespace kestor {
 
+class CommitPanel;
 class FilterField;
 class LineSummaryLabel;
 class RowListView;
 class TickAllBox;
 
-/// The left side of the Changes tab: tick-all box, filter and line summary above the list, the count of ticks below.
+/// The left side of the Changes tab: tick-all box, filter and line summary above the list, the commit panel below.
 class ChangesColumn final : public QWidget {
     Q_OBJECT
 
@@ -26,6 +25,7 @@ public:
 
     RowListView &list() { return *rowList; }
     FilterField &filter() { return *filterField; }
+    CommitPanel &commitPanel() { return *panel; }
 
     void setSummary(const LineChangeSummary &summary);
     void setTickAccess(TickAccess access);
@@ -40,7 +40,6 @@ signals:
 private:
     QWidget *bar();
     QWidget *body();
-    QWidget *footer();
     void applyFilter(const QString &text);
     void tickAllShown(Tick wanted);
 
@@ -50,7 +49,7 @@ private:
     LineSummaryLabel *summaryLabel;
     RowListView *rowList;
     Placeholder *placeholder;
-    QLabel *countLabel;
+    CommitPanel *panel;
     PlaceholderText emptyText{};
 };
 

@@ -7,8 +7,10 @@
 #include "ui/tabs/change_detail.h"
 #include "ui/tabs/change_row_menu.h"
 #include "ui/tabs/changes_column.h"
+#include "ui/tabs/commit_panel.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QVBoxLayout>
@@ -28,7 +30,8 @@ constexpr std::chrono::milliseconds holdTime{400};
 
 ChangesTab::ChangesTab(AppState &state, QWidget *parent)
     : QWidget(parent), app(state), column(new ChangesColumn(rows)), pane(new DiffPane),
-      parts(new LineSplitter(Qt::Horizontal, this)), detail(new ChangeDetail(state, *pane, this)) {
+      parts(new LineSplitter(Qt::Horizontal, this)), detail(new ChangeDetail(state, *pane, this)),
+      rowActions(new QActionGroup(this)), revertPath(rowActions->addAction(tr("Revert This Path..."))) {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(parts);
@@ -41,6 +44,7 @@ ChangesTab::ChangesTab(AppState &state, QWidget *parent)
     holding.setInterval(holdTime);
     connect(&holding, &QTimer::timeout, this, [this] { column->setTickAccess(TickAccess::held); });
     connectColumn();
+    addRowActions();
     addKeys();
     observeState();
 }
@@ -50,11 +54,15 @@ QSplitter &ChangesTab::splitter() {
 }
 
 QList<QWidget *> ChangesTab::focusPanes() const {
-    return {&column->list(), pane};
+    return {&column->list(), pane, &column->commitPanel()};
 }
 
 void ChangesTab::focusFilter() {
     emit column->list().filterRequested();
+}
+
+void ChangesTab::focusMessage() {
+    column->commitPanel().setFocus(Qt::ShortcutFocusReason);
 }
 
 QString ChangesTab::filterText() const {
@@ -79,6 +87,9 @@ void ChangesTab::keyPressEvent(QKeyEvent *event) {
 void ChangesTab::connectColumn() {
     RowListView &list = column->list();
     connect(column, &ChangesColumn::ticksRequested, this, &ChangesTab::setTicks);
+    connect(&column->commitPanel(), &CommitPanel::messageEdited, this,
+            [this](const QString &text) { app.commitMessage = text; });
+    connect(&column->commitPanel(), &CommitPanel::commitRequested, this, [this] { app.commitSelected(); });
     connect(&column->filter(), &QLineEdit::textChanged, this, [this](const QString &text) {
         if (shownProject)
             filterTexts.insert(*shownProject, text);
@@ -89,6 +100,12 @@ void ChangesTab::connectColumn() {
     connect(pane, &DiffPane::leaveRequested, &list, qOverload<>(&QWidget::setFocus));
     connect(pane, &DiffPane::pastLastHunk, this, [this] { chooseBeside(CaretDirection::ahead); });
     connect(pane, &DiffPane::beforeFirstHunk, this, [this] { chooseBeside(CaretDirection::back); });
+}
+
+void ChangesTab::addRowActions() {
+    rowActions->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
+    connect(revertPath, &QAction::triggered, this, [this] { app.revertPath(revertPath->data().toString()); });
+    connect(rowActions->addAction(tr("Revert All...")), &QAction::triggered, this, [this] { app.revertAllPaths(); });
 }
 
 void ChangesTab::addKeys() {
@@ -120,6 +137,7 @@ void ChangesTab::observeState() {
     watch(app.diffText, [this] { detail->published(); });
     watch(app.diffPreview, [this] { detail->published(); });
     watch(app.diffPath, [this] { detail->published(); });
+    watch(app.commitMessage, [this] { column->commitPanel().setMessage(app.commitMessage); });
     watch(app.busyMessage, [this] { showBusy(); });
 }
 
@@ -146,6 +164,7 @@ void ChangesTab::showBusy() {
     if (busy == wasBusy)
         return;
     wasBusy = busy;
+    rowActions->setEnabled(!busy);
     column->setTickAccess(busy ? TickAccess::readOnly : TickAccess::editable);
     if (busy)
         holding.start();
@@ -173,8 +192,12 @@ void ChangesTab::setTicks(const QList<int> &records, Tick wanted) {
 
 void ChangesTab::openRowMenu(int row, const QPoint &position) {
     const std::optional<Project> project = app.selectedProject();
-    if (project)
-        changeRowMenu(rows.idAt(row), project->path, this)->popup(position);
+    if (!project)
+        return;
+    const QString path = rows.idAt(row);
+    revertPath->setData(path);
+    const ChangeRowMenu content{path, project->path, rows.tickCounts().ticked, tickedActions, rowActions->actions()};
+    changeRowMenu(content, this)->popup(position);
 }
 
 void ChangesTab::stepHunk(CaretDirection direction) {

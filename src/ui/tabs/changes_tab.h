@@ -14,6 +14,8 @@
 #include <utility>
 #include <vector>
 
+class QAction;
+class QActionGroup;
 class QSplitter;
 
 namespace kestor {
@@ -34,10 +36,13 @@ public:
     /// List column and detail; its state is the frame's to save and share.
     QSplitter &splitter();
     DiffPane &diffPane() { return *pane; }
-    /// The widgets that take the focus in turn: list, detail.
+    /// What the row menu offers for the ticked rows; the actions must outlive the tab.
+    void setRowActions(const QList<QAction *> &actions) { tickedActions = actions; }
+    /// The widgets that take the focus in turn: list, detail, message.
     QList<QWidget *> focusPanes() const;
 
     void focusFilter();
+    void focusMessage();
     /// Of the project shown; kept per project, not saved.
     QString filterText() const;
     /// Clears the filter, else gives the focus to the list; false when there was nothing to do.
@@ -54,6 +59,7 @@ private:
     }
     void observeState();
     void connectColumn();
+    void addRowActions();
     void addKeys();
     void addKeys(const QList<QKeySequence> &keys, void (ChangesTab::*step)(CaretDirection), CaretDirection direction);
 
@@ -76,6 +82,9 @@ private:
     DiffPane *pane;
     LineSplitter *parts;
     ChangeDetail *detail;
+    QList<QAction *> tickedActions{};
+    QActionGroup *rowActions; ///< of the row whose menu is open
+    QAction *revertPath;      ///< its data is the path
     QTimer holding{};
     QHash<QUuid, QString> filterTexts{};
     std::optional<QUuid> shownProject{};
