@@ -17,7 +17,11 @@ enum class Command : std::uint8_t {
     openFinder,
     openBoth,
     refreshStatus,
+    commit,
     info,
+    revertSelected,
+    ignoreSelected,
+    includeIgnoredPath,
 };
 
 /// One item of the menu bar.
@@ -28,7 +32,7 @@ struct CommandRow {
     Command command;
     QStringView menu; ///< without its mnemonic
     QStringView label;
-    QStringView shortcut; ///< "" for none
+    QStringView shortcut; ///< "" for none; the menu shows the first of several
     Place place;
     QCoro::Task<> (AppState::*operation)();
 };

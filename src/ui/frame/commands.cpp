@@ -20,7 +20,7 @@ Commands::Commands(AppState &controlledState, QObject *parent)
 
 QAction *Commands::newAction(const CommandRow &row) {
     auto *action = new QAction(row.label.toString(), group);
-    action->setShortcut(QKeySequence(row.shortcut.toString(), QKeySequence::PortableText));
+    action->setShortcuts(QKeySequence::listFromString(row.shortcut.toString(), QKeySequence::PortableText));
     // Platforms move items named like these to a menu of the program.
     action->setMenuRole(QAction::NoRole);
     connect(action, &QAction::triggered, this, [this, operation = row.operation] { (state.*operation)(); });

@@ -42,6 +42,11 @@ QList<QRect> screenAreas() {
     return areas;
 }
 
+/// Whether something runs that must not be cut short. Reading lists may.
+bool isCommandRunning(const std::optional<QString> &busyMessage) {
+    return busyMessage && !busyMessage->startsWith(u"Loading "_s);
+}
+
 } // namespace
 
 MainWindow::MainWindow(AppState &shownState, QSettings &keptSettings)
@@ -70,6 +75,7 @@ QWidget *MainWindow::projectView() {
     rows = new LineSplitter(Qt::Vertical, view);
     pages = new QStackedWidget(rows);
     changes = new ChangesTab(state, pages);
+    changes->setRowActions({commands->action(Command::revertSelected), commands->action(Command::ignoreSelected)});
     pages->addWidget(changes);
     tabPages.insert(WorkflowTab::changes, changes);
     auto *layout = new QVBoxLayout(view);
@@ -89,6 +95,9 @@ void MainWindow::observeState() {
     observers.watch(state.selectedTab, [this] { showPage(); });
     observers.watch(state.commandOutput, [this] { showOutput(); });
     new AlertPresenter(state, this);
+    // What published the end of the work goes on first: it may report a failure or begin its next step.
+    observers.watch(state.busyMessage,
+                    [this] { QMetaObject::invokeMethod(this, &MainWindow::closeWhenDone, Qt::QueuedConnection); });
 }
 
 void MainWindow::showTitle() {
@@ -194,8 +203,23 @@ WindowState MainWindow::currentState() const {
 }
 
 void MainWindow::closeEvent(QCloseEvent *event) {
-    saveWindowState(settings, currentState());
-    QMainWindow::closeEvent(event);
+    if (isVisible())
+        saveWindowState(settings, currentState());
+    if (!isCommandRunning(state.busyMessage))
+        return QMainWindow::closeEvent(event);
+    closesWhenDone = true;
+    hide();
+    event->ignore();
+}
+
+/// A failure brings the window back: nobody else would tell of it.
+void MainWindow::closeWhenDone() {
+    if (!closesWhenDone || state.busyMessage.value())
+        return;
+    closesWhenDone = false;
+    if (state.alert.value())
+        return show();
+    QCoreApplication::quit();
 }
 
 } // namespace kestor

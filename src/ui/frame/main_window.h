@@ -57,7 +57,9 @@ private:
     void setSidebarHidden(bool hidden);
     void findProject();
     void focusFilter();
+    void focusMessage();
     void turnToPane(Turn turn);
+    void closeWhenDone();
 
     AppState &state;
     QSettings &settings;
@@ -76,6 +78,7 @@ private:
     QShortcut *closeSheet = nullptr;
     int listWidth = 0;             ///< of the Changes tab as it was saved, for a run in which that is never shown
     QPointer<QWidget> heldFocus{}; ///< had the focus when its part was drawn disabled
+    bool closesWhenDone = false;   ///< hidden by the user while a command was running
     Observers observers{};
 };
 

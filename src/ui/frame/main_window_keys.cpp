@@ -46,6 +46,7 @@ void MainWindow::addShortcuts() {
     addShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Up, [this] { sidebar->selectNeighbour(-1); });
     addShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Down, [this] { sidebar->selectNeighbour(1); });
     addShortcut(Qt::CTRL | Qt::Key_F, [this] { focusFilter(); });
+    addShortcut(Qt::CTRL | Qt::Key_L, [this] { focusMessage(); });
     addShortcut(Qt::Key_F6, [this] { turnToPane(Turn::forward); });
     addShortcut(Qt::SHIFT | Qt::Key_F6, [this] { turnToPane(Turn::back); });
     for (const Qt::Key plus : {Qt::Key_Plus, Qt::Key_Equal})
@@ -67,6 +68,11 @@ void MainWindow::findProject() {
 void MainWindow::focusFilter() {
     if (changes->isVisible())
         changes->focusFilter();
+}
+
+void MainWindow::focusMessage() {
+    if (changes->isVisible())
+        changes->focusMessage();
 }
 
 void MainWindow::turnToPane(Turn turn) {

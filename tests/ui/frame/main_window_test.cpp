@@ -97,12 +97,19 @@ TEST_F(Window, HasTheMenusAndNoDeadItem) {
                                u"Open Both Here|"_s,
                                u"-"_s,
                                u"Refresh Status|Ctrl+R"_s,
+                               u"Commit|Ctrl+Return"_s,
                                u"-"_s,
-                               u"Info|"_s};
+                               u"Info|"_s,
+                               u"&Working Copy"_s,
+                               u"Revert Selected|"_s,
+                               u"Ignore Selected|"_s,
+                               u"Include Ignored Path...|"_s};
     EXPECT_EQ(menuTexts(*window->menuBar()), expected);
     app.busyMessage = u"Working"_s;
-    for (const QAction *item : window->menuBar()->actions().first()->menu()->actions())
-        EXPECT_TRUE(item->isSeparator() || !item->isEnabled()) << qPrintable(item->text());
+    for (const QAction *menu : window->menuBar()->actions()) {
+        for (const QAction *item : menu->menu()->actions())
+            EXPECT_TRUE(item->isSeparator() || !item->isEnabled()) << qPrintable(item->text());
+    }
 }
 
 TEST_F(Window, OffersTheFirstProjectAndThenShowsIt) {
