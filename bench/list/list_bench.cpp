@@ -1,0 +1,115 @@
+// 100,000 rows in the column of the Changes tab: what they cost in memory, how soon after their publication the list is
+// painted, and how long a keystroke in the filter takes. Each line's "ratio" compares with the bound beside it.
+
+#include "ui/list/filter_field.h"
+#include "ui/list/row_list_view.h"
+#include "ui/tabs/changes_column.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <malloc.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr int rowCount = 100'000;
+constexpr double million = 1e6;
+
+double milliseconds(const QElapsedTimer &timer) {
+    return static_cast<double>(timer.nsecsElapsed()) / million;
+}
+
+/// What the program holds of the heap, large blocks included.
+double heapMegabytes() {
+    const struct mallinfo2 heap = mallinfo2();
+    return static_cast<double>(heap.uordblks + heap.hblkhd) / million;
+}
+
+void report(const char *name, double value, const char *unit, double bound) {
+    std::printf("%-44s %8.2f %-3s bound %6.1f  ratio %5.2f\n", name, value, unit, bound, value / bound);
+}
+
+/// Every third row modified, the others unversioned, in folders of a hundred files.
+QList<WorkingCopyItem> sampleItems(const QString &prefix) {
+    QList<WorkingCopyItem> items;
+    for (int number = 0; number < rowCount; ++number) {
+        const QString path = u"%1/module_%2/file_%3.cpp"_s.arg(prefix)
+                                 .arg(number / 100, 4, 10, QChar(u'0'))
+                                 .arg(number, 6, 10, QChar(u'0'));
+        const SVNStatusKind kind = number % 3 == 0 ? SVNStatusKind::modified : SVNStatusKind::unversioned;
+        items.append({.path = path, .kind = kind});
+    }
+    return items;
+}
+
+QSet<QString> allPaths(const QList<WorkingCopyItem> &items) {
+    QSet<QString> paths;
+    for (const WorkingCopyItem &item : items)
+        paths.insert(item.path);
+    return paths;
+}
+
+struct Bench {
+    ChangeRows rows{};
+    ChangesColumn column{rows};
+
+    Bench() {
+        column.resize(400, 800);
+        column.show();
+        paint();
+    }
+    void paint() {
+        QCoreApplication::processEvents();
+        column.repaint();
+    }
+    double publish(const QList<WorkingCopyItem> &items, const QSet<QString> &ticks) {
+        QElapsedTimer timer;
+        timer.start();
+        rows.publish(items);
+        rows.setTicked(ticks);
+        column.updateCounts();
+        paint();
+        return milliseconds(timer);
+    }
+    /// Types `text` letter by letter, then takes it back; the longest keystroke.
+    double slowestKeystroke(const QString &text) {
+        double slowest = 0;
+        QElapsedTimer timer;
+        for (qsizetype length = 1; length < 2 * text.size(); ++length) {
+            timer.start();
+            column.filter().setText(text.first(std::min(length, 2 * text.size() - length)));
+            paint();
+            slowest = std::max(slowest, milliseconds(timer));
+        }
+        column.filter().clear();
+        return slowest;
+    }
+};
+
+void run() {
+    Bench bench;
+    const double before = heapMegabytes();
+    QList<WorkingCopyItem> items = sampleItems(u"src/library"_s);
+    const QSet<QString> ticks = allPaths(items);
+    const double firstPublish = bench.publish(items, ticks);
+    report("memory of 100,000 rows, all ticked", heapMegabytes() - before, "MB", 30);
+    report("published to painted list", firstPublish, "ms", 150);
+    const QList<WorkingCopyItem> others = sampleItems(u"src/program"_s);
+    report("other rows published to painted list", bench.publish(others, allPaths(others)), "ms", 150);
+    report("filter keystroke, few matches", bench.slowestKeystroke(u"file_0999"_s), "ms", 30);
+    report("filter keystroke, no match", bench.slowestKeystroke(u"zzz"_s), "ms", 30);
+    report("filter keystroke, two words", bench.slowestKeystroke(u"module CPP"_s), "ms", 30);
+}
+
+} // namespace
+} // namespace kestor
+
+int main(int argc, char **argv) {
+    const QApplication application(argc, argv);
+    kestor::run();
+}
