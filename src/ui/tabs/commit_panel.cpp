@@ -18,6 +18,7 @@ namespace {
 constexpr int messageHeight = 92;
 constexpr int smallestMessage = 60;
 constexpr int messageMargin = 7;
+constexpr int buttonHeight = 28;
 
 class MessageEditor final : public QPlainTextEdit {
 public:
@@ -69,7 +70,8 @@ QLayout *CommitPanel::footer() {
     row->addWidget(button);
     countLabel->setForegroundRole(QPalette::PlaceholderText);
     countLabel->setWordWrap(true);
-    countLabel->setFixedHeight(button->sizeHint().height());
+    button->setFixedHeight(buttonHeight + 2 * AccentButton::frameRoom);
+    countLabel->setFixedHeight(button->height());
     return row;
 }
 
@@ -99,7 +101,9 @@ void CommitPanel::setTickAccess(TickAccess wanted) {
 
 void CommitPanel::showCounts(const TickCounts &counts) {
     countLabel->setText(tickedText(counts, locale()));
-    button->setText(commitText(counts.ticked, locale()));
+    const QString text = commitText(counts.ticked, locale());
+    button->setText(text);
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(text) + 2 * (paneEdge + AccentButton::frameRoom));
 }
 
 } // namespace kestor
