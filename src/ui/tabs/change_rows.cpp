@@ -41,34 +41,41 @@ QString commitText(int ticked, const QLocale &locale) {
 }
 
 void ChangeRows::publish(const QList<WorkingCopyItem> &published) {
-    if (items != published)
-        replaceRecords([&] { items = published; });
+    if (items == published)
+        return;
+    replaceRecords([&] {
+        items = published;
+        lookUpTicks();
+    });
 }
 
 void ChangeRows::setTicked(const QSet<QString> &paths) {
     ticked = paths;
+    lookUpTicks();
     announceNewLook();
 }
 
-Tick ChangeRows::tickOf(const WorkingCopyItem &item) const {
-    if (!isCommittable(item))
-        return Tick::none;
-    return ticked.contains(item.path) ? Tick::ticked : Tick::unticked;
+void ChangeRows::lookUpTicks() {
+    ticks.clear();
+    ticks.reserve(static_cast<std::size_t>(items.size()));
+    for (const WorkingCopyItem &item : std::as_const(items)) {
+        const Tick whenCommittable = ticked.contains(item.path) ? Tick::ticked : Tick::unticked;
+        ticks.push_back(isCommittable(item) ? whenCommittable : Tick::none);
+    }
 }
 
 PathRow ChangeRows::pathRow(int record, const Theme &theme) const {
-    const WorkingCopyItem &item = items.at(record);
-    return changeRow(item, tickOf(item), theme);
+    return changeRow(items.at(record), ticks[static_cast<std::size_t>(record)], theme);
 }
 
 TickCounts ChangeRows::tickCounts() const {
     TickCounts counts;
-    for (const WorkingCopyItem &item : items) {
-        counts.tickable += isCommittable(item) ? 1 : 0;
-        counts.ticked += tickOf(item) == Tick::ticked ? 1 : 0;
+    for (const Tick tick : ticks) {
+        counts.tickable += tick == Tick::none ? 0 : 1;
+        counts.ticked += tick == Tick::ticked ? 1 : 0;
     }
     for (int row = 0; row < rowCount(); ++row) {
-        const Tick tick = tickOf(items.at(recordAt(row)));
+        const Tick tick = ticks[static_cast<std::size_t>(recordAt(row))];
         counts.shownTickable += tick == Tick::none ? 0 : 1;
         counts.shownTicked += tick == Tick::ticked ? 1 : 0;
     }

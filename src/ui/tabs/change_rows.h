@@ -7,6 +7,8 @@
 #include <QSet>
 #include <QString>
 
+#include <vector>
+
 class QLocale;
 
 namespace kestor {
@@ -49,10 +51,11 @@ public:
     PathRow pathRow(int record, const Theme &theme) const override;
 
 private:
-    Tick tickOf(const WorkingCopyItem &item) const;
+    void lookUpTicks();
 
     QList<WorkingCopyItem> items{};
     QSet<QString> ticked{};
+    std::vector<Tick> ticks{}; ///< of each item
 };
 
 } // namespace kestor
