@@ -17,7 +17,7 @@ IgnoreRules realisticRules(int count) {
                                          u"lib%1*.so.?"_s, u"out%1/*"_s,  u"*~%1"_s,       u"src/**/tmp%1/*.o"_s};
     QList<IgnoreRule> rules;
     for (int i = 0; i < count; ++i) {
-        const QString line = shapes[static_cast<std::size_t>(i) % shapes.size()];
+        const QString &line = shapes[static_cast<std::size_t>(i) % shapes.size()];
         rules.append(*IgnoreRule::fromLine(line.arg(i), u""));
     }
     return IgnoreRules(rules);
@@ -45,7 +45,7 @@ void decidePaths(benchmark::State &state) {
     const IgnoreRules rules = realisticRules(static_cast<int>(state.range(0)));
     const QStringList paths = distinctPaths(1000000);
     qsizetype ignored = 0;
-    for (auto step : state) {
+    while (state.KeepRunning()) {
         for (const QString &path : paths)
             ignored += rules.decision(path, false) == true ? 1 : 0;
     }
@@ -56,7 +56,7 @@ void decidePaths(benchmark::State &state) {
 BENCHMARK(decidePaths)->Arg(30)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
 
 void compileRules(benchmark::State &state) {
-    for (auto step : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(realisticRules(300));
 }
 BENCHMARK(compileRules)->Unit(benchmark::kMicrosecond);

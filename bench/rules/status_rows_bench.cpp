@@ -52,7 +52,7 @@ private:
 
 void loadRows(benchmark::State &state, const WorkingCopy &copy) {
     qsizetype rows = 0;
-    for (auto step : state)
+    while (state.KeepRunning())
         rows = displayedStatusItems(copy.items(), copy.root(), ExpandUnversioned::yes).size();
     state.counters["rows"] = static_cast<double>(rows);
 }

@@ -76,13 +76,6 @@ std::vector<FolderEntry> readEntries(const QString &absoluteFolder, const QStrin
 
 FolderReader::FolderReader(const QString &rootPath) : root(rootPath) {}
 
-bool FolderReader::isDirectory(const QString &path) {
-    const auto known = directories.constFind(path);
-    if (known != directories.constEnd())
-        return *known;
-    return *directories.insert(path, workingCopyPathIsDirectory(path, root));
-}
-
 const std::vector<FolderEntry> &FolderReader::entries(const QString &folder) {
     const auto [listing, isNew] = listings.try_emplace(folder);
     // The root may be given through a link; the "/" behind it makes the system follow that one.

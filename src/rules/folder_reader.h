@@ -2,7 +2,6 @@
 
 #include "rules/ignore_rule.h"
 
-#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -17,14 +16,12 @@ struct FolderEntry {
     bool isDirectory = false; ///< links to folders are no folders
 };
 
-/// What the disk holds below a root. Each thing is looked at once and remembered, so several passes over a working copy
+/// What the folders below a root hold. Each is read once and remembered, so several passes over a working copy
 /// cost one and see the same state. Paths are normalised; one thread.
 class FolderReader {
 public:
     explicit FolderReader(const QString &rootPath);
 
-    /// Whether the path exists and is a folder (links are followed).
-    bool isDirectory(const QString &path);
     /// What the folder holds, in the order of the disk, without ".svn" and ".git". Nothing for folders that cannot be
     /// read and for links.
     const std::vector<FolderEntry> &entries(const QString &folder);
@@ -34,7 +31,6 @@ public:
 
 private:
     const QString root;
-    QHash<QString, bool> directories;
     std::unordered_map<QString, std::vector<FolderEntry>> listings;
     std::unordered_map<QString, QList<IgnoreRule>> ruleLists;
 };

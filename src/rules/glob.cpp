@@ -40,10 +40,11 @@ GlobPiece pieceOf(QStringView run, bool beginsText, bool endsText) {
         const QStringView piece = run.sliced(begin, end - begin);
         const bool endKnown = slash >= 0 || endsText;
         const bool beginKnown = begin > 0 || beginsText;
-        if (beginKnown && endKnown && !piece.isEmpty())
+        if (beginKnown && endKnown && !piece.isEmpty()) {
             best = moreTelling(best, {GlobPiece::Kind::name, piece.toString()});
-        else if (endKnown && piece.contains(u'.'))
+        } else if (endKnown && piece.contains(u'.')) {
             best = moreTelling(best, {GlobPiece::Kind::extension, piece.sliced(piece.lastIndexOf(u'.')).toString()});
+        }
         begin = end + 1;
     }
     return best;

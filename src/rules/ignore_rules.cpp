@@ -19,7 +19,7 @@ IgnoreRules IgnoreRules::load(const QString &root, const QStringList &candidateP
     for (const QString &candidate : candidatePaths) {
         const QString path = normalizedPath(candidate);
         folders.insertParentsOf(path);
-        if (reader.isDirectory(path))
+        if (workingCopyPathIsDirectory(path, root))
             folders.insert(path);
     }
     return loadIgnoreRules(reader, folders);

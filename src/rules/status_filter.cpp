@@ -9,36 +9,56 @@
 
 #include <QSet>
 
+#include <vector>
+
 namespace kestor {
 
 namespace {
 
-/// The folders on the way to the items, and the items that are folders.
-FolderSet foldersOfItems(FolderReader &reader, const QList<WorkingCopyItem> &items) {
-    FolderSet folders;
+/// An item with a normalised path, and what the disk says about it.
+struct LocatedItem {
+    WorkingCopyItem item{};
+    bool isDirectory = false;
+};
+
+std::vector<LocatedItem> locatedItems(const QList<WorkingCopyItem> &items, const QString &root) {
+    std::vector<LocatedItem> located;
+    located.reserve(static_cast<std::size_t>(items.size()));
     for (const WorkingCopyItem &item : items) {
-        const QString path = normalizedPath(item.path);
-        folders.insertParentsOf(path);
-        if (reader.isDirectory(path))
-            folders.insert(path);
+        LocatedItem &added = located.emplace_back(LocatedItem{item});
+        added.item.path = normalizedPath(item.path);
+        if (item.unversionedRoot)
+            added.item.unversionedRoot = normalizedPath(*item.unversionedRoot);
+        added.isDirectory = workingCopyPathIsDirectory(added.item.path, root);
+    }
+    return located;
+}
+
+bool isUnversionedFolder(const LocatedItem &located) {
+    return located.isDirectory && located.item.kind == SVNStatusKind::unversioned;
+}
+
+/// The folders on the way to the items, and the items that are folders.
+FolderSet foldersOfItems(const std::vector<LocatedItem> &items) {
+    FolderSet folders;
+    for (const LocatedItem &located : items) {
+        folders.insertParentsOf(located.item.path);
+        if (located.isDirectory)
+            folders.insert(located.item.path);
     }
     return folders;
 }
 
-bool isUnversionedFolder(FolderReader &reader, const WorkingCopyItem &item, const QString &path) {
-    return item.kind == SVNStatusKind::unversioned && reader.isDirectory(path);
-}
-
 /// The first rules cannot see the ignore files inside unversioned folders, so those folders are scanned with them and
 /// the rules are loaded again.
-IgnoreRules rulesForItems(FolderReader &reader, const QList<WorkingCopyItem> &items, ExpandUnversioned expand) {
-    FolderSet folders = foldersOfItems(reader, items);
+IgnoreRules rulesForItems(FolderReader &reader, const std::vector<LocatedItem> &items, ExpandUnversioned expand) {
+    FolderSet folders = foldersOfItems(items);
     const IgnoreRules outerRules = loadIgnoreRules(reader, folders);
     if (expand == ExpandUnversioned::no)
         return outerRules;
-    for (const WorkingCopyItem &item : items) {
-        const QString path = normalizedPath(item.path);
-        if (!isUnversionedFolder(reader, item, path))
+    for (const LocatedItem &located : items) {
+        const QString &path = located.item.path;
+        if (!isUnversionedFolder(located))
             continue;
         if (outerRules.decision(path, true) == true && !outerRules.hasIncludedDescendant(path))
             continue;
@@ -58,11 +78,15 @@ bool isHidden(const WorkingCopyItem &item, std::optional<bool> decision) {
 /// The rows found so far; the first with a path wins.
 class Rows {
 public:
-    void append(WorkingCopyItem item) {
-        if (item.path.isEmpty() || paths.contains(item.path))
-            return;
+    explicit Rows(std::size_t expected) {
+        paths.reserve(static_cast<qsizetype>(expected));
+        rows.reserve(static_cast<qsizetype>(expected));
+    }
+    void append(WorkingCopyItem &&item) {
+        const qsizetype known = paths.size();
         paths.insert(item.path);
-        rows.append(std::move(item));
+        if (paths.size() > known)
+            rows.append(std::move(item));
     }
     QList<WorkingCopyItem> sorted() && {
         sortInStandardOrder(rows, [](const WorkingCopyItem &item) { return item.path; });
@@ -70,27 +94,20 @@ public:
     }
 
 private:
-    QSet<QString> paths;
+    QSet<QString> paths{QString()}; // the root is no row
     QList<WorkingCopyItem> rows;
 };
 
-WorkingCopyItem normalized(WorkingCopyItem item) {
-    item.path = normalizedPath(item.path);
-    if (item.unversionedRoot)
-        item.unversionedRoot = normalizedPath(*item.unversionedRoot);
-    return item;
-}
-
-QList<WorkingCopyItem> filteredItems(FolderReader &reader, const QList<WorkingCopyItem> &items,
-                                     const IgnoreRules &rules, ExpandUnversioned expand) {
-    Rows rows;
-    for (const WorkingCopyItem &reported : items) {
-        const WorkingCopyItem item = normalized(reported);
-        if (isHidden(item, rules.decision(item.path, reader.isDirectory(item.path))))
+QList<WorkingCopyItem> filteredItems(FolderReader &reader, std::vector<LocatedItem> items, const IgnoreRules &rules,
+                                     ExpandUnversioned expand) {
+    Rows rows(items.size());
+    for (LocatedItem &located : items) {
+        WorkingCopyItem &item = located.item;
+        if (isHidden(item, rules.decision(item.path, located.isDirectory)))
             continue;
-        const bool expands = expand == ExpandUnversioned::yes && isUnversionedFolder(reader, item, item.path);
+        const bool expands = expand == ExpandUnversioned::yes && isUnversionedFolder(located);
         if (!expands || reader.entries(item.path).empty()) {
-            rows.append(item);
+            rows.append(std::move(item));
             continue;
         }
         for (WorkingCopyItem &row : displayableRows(reader, item.path, rules))
@@ -104,19 +121,21 @@ QList<WorkingCopyItem> filteredItems(FolderReader &reader, const QList<WorkingCo
 QList<WorkingCopyItem> displayedStatusItems(const QList<WorkingCopyItem> &items, const QString &root,
                                             ExpandUnversioned expand) {
     FolderReader reader(root);
-    return filteredItems(reader, items, rulesForItems(reader, items, expand), expand);
+    std::vector<LocatedItem> located = locatedItems(items, root);
+    const IgnoreRules rules = rulesForItems(reader, located, expand);
+    return filteredItems(reader, std::move(located), rules, expand);
 }
 
 IgnoreRules ignoreRulesForStatusItems(const QList<WorkingCopyItem> &items, const QString &root,
                                       ExpandUnversioned expand) {
     FolderReader reader(root);
-    return rulesForItems(reader, items, expand);
+    return rulesForItems(reader, locatedItems(items, root), expand);
 }
 
 QList<WorkingCopyItem> statusItemsByApplyingIgnoreRules(const QList<WorkingCopyItem> &items, const QString &root,
                                                         const IgnoreRules &rules, ExpandUnversioned expand) {
     FolderReader reader(root);
-    return filteredItems(reader, items, rules, expand);
+    return filteredItems(reader, locatedItems(items, root), rules, expand);
 }
 
 } // namespace kestor
