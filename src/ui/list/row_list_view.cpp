@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QContextMenuEvent>
+#include <QHash>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -45,11 +46,19 @@ void RowListView::setCurrentId(const QString &id) {
         return;
     settled.stop();
     current = id;
+    showCurrent();
+}
+
+/// Announces nothing and scrolls nothing.
+void RowListView::showCurrent() {
     const QScopedValueRollback silence(pace, Pace::silent);
-    if (const int row = id.isEmpty() ? -1 : rows.rowOf(id); row >= 0)
-        setCurrentIndex(rows.index(row));
+    const int row = current.isEmpty() ? -1 : rows.rowOf(current);
+    setAutoScroll(false);
+    if (row >= 0)
+        selectionModel()->setCurrentIndex(rows.index(row), QItemSelectionModel::ClearAndSelect);
     else
         selectionModel()->clear();
+    setAutoScroll(true);
 }
 
 void RowListView::setTickAccess(TickAccess wanted) {
@@ -240,18 +249,25 @@ QList<RowListView::Anchor> RowListView::visibleAnchors() const {
     return visible;
 }
 
+/// Moves the first of the anchors that is still there to where it was. One pass over the rows for all anchors.
 void RowListView::restore() {
-    const QScopedValueRollback silence(pace, Pace::silent);
     doItemsLayout();
-    if (const int row = current.isEmpty() ? -1 : rows.rowOf(current); row >= 0)
-        selectionModel()->setCurrentIndex(rows.index(row), QItemSelectionModel::ClearAndSelect);
-    for (const Anchor &anchor : std::exchange(anchors, {})) {
-        const int row = rows.rowOf(anchor.id);
-        if (row < 0)
+    showCurrent();
+    const QList<Anchor> wanted = std::exchange(anchors, {});
+    QHash<QString, qsizetype> places;
+    for (qsizetype place = 0; place < wanted.size(); ++place)
+        places.insert(wanted.at(place).id, place);
+    qsizetype best = wanted.size();
+    int bestRow = 0;
+    for (int row = 0; best > 0 && row < rows.rowCount(); ++row) {
+        const qsizetype place = places.value(rows.idAt(row), best);
+        if (place >= best)
             continue;
-        verticalScrollBar()->setValue(row * rowHeight(font()) - anchor.top);
-        return;
+        best = place;
+        bestRow = row;
     }
+    if (best < wanted.size())
+        verticalScrollBar()->setValue(bestRow * rowHeight(font()) - wanted.at(best).top);
 }
 
 } // namespace kestor

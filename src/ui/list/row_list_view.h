@@ -24,7 +24,7 @@ public:
     /// `shownModel` must outlive the view.
     explicit RowListView(RowModel &shownModel, QWidget *parent = nullptr);
 
-    /// Makes the row current without announcing it; "" for none.
+    /// Makes the row current without announcing it or scrolling to it; "" for none.
     void setCurrentId(const QString &id);
     /// The identity last chosen or set, also while the filter hides its row.
     const QString &currentId() const { return current; }
@@ -72,6 +72,7 @@ private:
     void tickUpTo(int row);
     void requestTicks(int firstRow, int lastRow, Tick wanted);
     QList<Anchor> visibleAnchors() const;
+    void showCurrent();
     void restore();
     void applyTheme();
 

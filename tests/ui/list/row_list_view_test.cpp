@@ -84,6 +84,8 @@ TEST_F(RowListViewTest, APublishKeepsCurrentRowAndPlaceAndAnnouncesNothing) {
     rows.publish(hundredFiles());
     EXPECT_EQ(view.indexAt(QPoint(0, 0)).data().toString(), atTop);
     EXPECT_EQ(topOf(atTop), offset);
+    view.setCurrentId(u"f00"_s);
+    EXPECT_EQ(topOf(atTop), offset) << "a row that a publish makes current is not scrolled to";
     EXPECT_EQ(chosen.size(), 0);
 }
 
