@@ -16,8 +16,8 @@ struct FolderEntry {
     bool isDirectory = false; ///< links to folders are no folders
 };
 
-/// What the folders below a root hold. Each is read once and remembered, so several passes over a working copy
-/// cost one and see the same state. Paths are normalised; one thread.
+/// What the folders below a root hold. Each is read once and remembered, so several passes over a working copy cost one
+/// and see the same state. Paths are normalised; one thread.
 class FolderReader {
 public:
     explicit FolderReader(const QString &rootPath);

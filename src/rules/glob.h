@@ -74,7 +74,7 @@ private:
     std::size_t middleEnd = 0;
 };
 
-/// Whether a "$" of the expressions stands for an end before this character.
+/// LF, VT, FF, CR, NEL, LS or PS: what "." of the expressions does not match and "$" may stand before.
 bool isLineBreak(char16_t character);
 
 } // namespace kestor

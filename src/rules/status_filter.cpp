@@ -53,7 +53,7 @@ FolderSet foldersOfItems(const std::vector<LocatedItem> &items) {
 /// the rules are loaded again.
 IgnoreRules rulesForItems(FolderReader &reader, const std::vector<LocatedItem> &items, ExpandUnversioned expand) {
     FolderSet folders = foldersOfItems(items);
-    const IgnoreRules outerRules = loadIgnoreRules(reader, folders);
+    IgnoreRules outerRules = loadIgnoreRules(reader, folders);
     if (expand == ExpandUnversioned::no)
         return outerRules;
     for (const LocatedItem &located : items) {
