@@ -1,8 +1,8 @@
 #include "ui/frame/first_run.h"
 
-#include "ui/look/accent_button.h"
 #include "ui/frame/commands.h"
 #include "ui/frame/icon_label.h"
+#include "ui/look/accent_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 

@@ -1,7 +1,7 @@
 #include "ui/frame/message_dialog.h"
 
-#include "ui/look/accent_button.h"
 #include "ui/frame/icon_label.h"
+#include "ui/look/accent_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 

@@ -1,7 +1,7 @@
 #include "ui/frame/prompt_dialog.h"
 
-#include "ui/look/accent_button.h"
 #include "ui/frame/tone_label.h"
+#include "ui/look/accent_button.h"
 #include "ui/look/metrics.h"
 
 #include <QDialogButtonBox>

@@ -23,7 +23,8 @@ using Texts = std::optional<QMap<QString, QString>>;
 
 template <typename Value>
 QCoro::Task<> keep(QCoro::Task<Value> task, std::optional<Value> *answer) {
-    answer->emplace(co_await task);
+    const Value value = co_await task;
+    answer->emplace(value);
 }
 
 /// A window, the interaction through it, and its dialog once one is open.
