@@ -19,7 +19,7 @@ namespace {
 constexpr qsizetype longestSpoken = 1000;
 
 QString spokenLine(const DiffLine &line) {
-    const QString text = line.text.first(std::min(line.text.size(), longestSpoken)).toString();
+    QString text = line.text.first(std::min(line.text.size(), longestSpoken)).toString();
     switch (line.kind) {
     case DiffLineKind::addition:
         return u"added, line %1, %2"_s.arg(line.newLineNumber.value_or(0)).arg(text);

@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype firstLines = 2000;
-constexpr qsizetype firstCharacters = 256 * 1024;
-constexpr qsizetype releasedAtOnce = 1024 * 1024;
+constexpr qsizetype firstCharacters = 262'144;
+constexpr qsizetype releasedAtOnce = 1'048'576;
 
 void release(const DiffDocument *document) {
     if (document->printed.size() <= releasedAtOnce)
@@ -101,12 +101,6 @@ QStringView DiffDocument::lineText(qint64 line) const {
         return QStringView(plainText).sliced(starts[index], starts[index + 1] - starts[index] - 1);
     const DiffSource &source = *diff.files.constFirst().source;
     return QStringView(source.text).sliced(source.lines[index].start, source.lines[index].length);
-}
-
-DiffLineKind DiffDocument::lineKind(qint64 line) const {
-    if (isPlain())
-        return DiffLineKind::context;
-    return diff.files.constFirst().source->lines[static_cast<std::size_t>(line)].kind;
 }
 
 DiffDocumentPtr diffDocument(QString text) {

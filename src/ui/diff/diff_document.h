@@ -39,8 +39,6 @@ struct DiffDocument {
     bool hasSeveralFiles() const { return diff.files.size() > 1; }
     /// Valid as long as the document.
     QStringView lineText(qint64 line) const;
-    /// Of a diff's line; a plain one is context.
-    DiffLineKind lineKind(qint64 line) const;
 };
 
 /// A shared document whose last owner, on whichever thread, never waits for the release of a large one.

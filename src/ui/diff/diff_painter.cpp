@@ -64,10 +64,11 @@ private:
             paintHunkHead(scene.rows.hunk(row.hunk), area);
             break;
         case DiffRowKind::line:
-            if (metrics.hasGutters())
+            if (metrics.hasGutters()) {
                 paintDiffLine(row, area);
-            else
+            } else {
                 paintPlainLine(row.line, area);
+            }
             break;
         }
         if (row.hunk >= 0 && row.hunk == scene.currentHunk)

@@ -25,7 +25,7 @@ namespace {
 
 constexpr int smallestDelta = -4;
 constexpr int largestDelta = 16;
-constexpr qsizetype mostCompared = 1024 * 1024;
+constexpr qsizetype mostCompared = 1'000'000;
 
 /// Published texts that stand for a diff.
 bool isPlaceholderText(const QString &text) {
@@ -196,10 +196,11 @@ StepResult DiffPane::stepFile(CaretDirection direction) {
 void DiffPane::stepByButton(CaretDirection direction) {
     if (stepHunk(direction) != StepResult::outside)
         return;
-    if (direction == CaretDirection::ahead)
+    if (direction == CaretDirection::ahead) {
         emit pastLastHunk();
-    else
+    } else {
         emit beforeFirstHunk();
+    }
 }
 
 void DiffPane::takeFocus() {
@@ -207,10 +208,11 @@ void DiffPane::takeFocus() {
 }
 
 void DiffPane::keyPressEvent(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Escape)
+    if (event->key() == Qt::Key_Escape) {
         emit leaveRequested();
-    else
+    } else {
         QWidget::keyPressEvent(event);
+    }
 }
 
 void DiffPane::setTextSizeDelta(int delta) {

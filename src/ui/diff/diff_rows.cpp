@@ -32,8 +32,7 @@ DiffRows::DiffRows(DiffDocumentPtr shownDocument, RowHeights rowHeights, const Q
 DiffRows::FileStart DiffRows::after(const FileStart &start, const DiffFile &file) const {
     const qint64 lines = linesOf(file.hunks);
     const qint64 hunks = file.hunks.size();
-    FileStart next{start.row + headRows(), start.top + headRows() * heights.fileHead, start.line + lines,
-                   start.hunk + hunks};
+    FileStart next{start.row + headRows(), start.top + headHeight(), start.line + lines, start.hunk + hunks};
     if (start.folded)
         return next;
     const qint64 textRows = hunks == 0 ? headRows() : lines;
@@ -87,7 +86,7 @@ qint64 DiffRows::top(qint64 row) const {
     const FileStart &start = starts[static_cast<std::size_t>(shown.file)];
     if (shown.kind == DiffRowKind::fileHead)
         return start.top;
-    const qint64 below = start.top + headRows() * heights.fileHead;
+    const qint64 below = start.top + headHeight();
     const qint64 hunkHeads = shown.hunk - start.hunk + (shown.kind == DiffRowKind::line ? 1 : 0);
     const qint64 lines = row - start.row - headRows() - hunkHeads;
     return shown.kind == DiffRowKind::noText ? below : below + hunkHeads * heights.hunkHead + lines * heights.line;

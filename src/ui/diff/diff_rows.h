@@ -82,6 +82,7 @@ private:
     const QList<DiffHunk> &hunksOf(qint64 file) const { return document->diff.files[file].hunks; }
     qint64 rowInFile(qint64 file, qint64 hunkInFile) const;
     int headRows() const { return hasFileHeads() ? 1 : 0; }
+    int headHeight() const { return hasFileHeads() ? heights.fileHead : 0; }
     template <typename Member>
     qint64 fileWith(Member member, qint64 value) const;
 

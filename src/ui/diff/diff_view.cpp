@@ -44,10 +44,11 @@ void DiffView::setDocument(DiffDocumentPtr newDocument, DocumentChange change) {
     shown = std::move(newDocument);
     forgetFor(change);
     rebuildRows();
-    if (change == DocumentChange::otherSubject)
+    if (change == DocumentChange::otherSubject) {
         showBeginning();
-    else if (change == DocumentChange::completed && scrollTop() > 0 && line >= 0)
+    } else if (change == DocumentChange::completed && scrollTop() > 0 && line >= 0) {
         scrollTo(rowIndex.top(rowIndex.rowOfLine(line)) + offset);
+    }
     if (hunk < 0)
         hunk = rowIndex.hunkNear(0);
     followScroll();
@@ -212,10 +213,11 @@ void DiffView::copySelection() {
     const auto toClipboard = [](const QString &text) {
         QGuiApplication::clipboard()->setText(text);
     };
-    if (selected->end().line - selected->begin().line <= linesCopiedAtOnce)
+    if (selected->end().line - selected->begin().line <= linesCopiedAtOnce) {
         toClipboard(copied());
-    else
+    } else {
         QtConcurrent::run(copied).then(this, toClipboard);
+    }
 }
 
 void DiffView::copyPrinted() const {

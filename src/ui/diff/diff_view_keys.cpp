@@ -102,10 +102,11 @@ void DiffView::extendSelection(CaretStep step, CaretDirection direction) {
     if (shown->lineCount == 0)
         return;
     TextSelection selection;
-    if (selected)
+    if (selected) {
         selection = *selected;
-    else
+    } else {
         selection.anchor = selection.caret = positionAt(QPoint(measures.textLeft, coveredHeight()));
+    }
     const qint64 pageLines = std::max(1, viewport()->height() / measures.rows.line - 1);
     selection.caret = stepped(*shown, selection.caret, step, direction, pageLines);
     setSelection(selection);

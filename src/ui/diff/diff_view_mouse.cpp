@@ -75,10 +75,11 @@ void DiffView::mouseMoveEvent(QMouseEvent *event) {
         return;
     }
     dragTo(point);
-    if (viewport()->rect().contains(point))
+    if (viewport()->rect().contains(point)) {
         autoScroll.stop();
-    else if (!autoScroll.isActive())
+    } else if (!autoScroll.isActive()) {
         autoScroll.start(autoScrollMilliseconds, this);
+    }
 }
 
 void DiffView::dragTo(const QPoint &point) {
@@ -116,18 +117,20 @@ void DiffView::mouseDoubleClickEvent(QMouseEvent *event) {
     const QPoint point = event->position().toPoint();
     if (event->button() != Qt::LeftButton || shown->lineCount == 0)
         return;
-    if (fileHeadAt(point))
+    if (fileHeadAt(point)) {
         mousePressEvent(event);
-    else
+    } else {
         setSelection(wordAt(*shown, positionAt(point)));
+    }
 }
 
 void DiffView::setPointerShape(const QPoint &point) {
-    if (fileHeadAt(point))
+    if (fileHeadAt(point)) {
         viewport()->setCursor(Qt::PointingHandCursor);
-    else
+    } else {
         viewport()->setCursor(point.x() < measures.textLeft && measures.hasGutters() ? Qt::ArrowCursor
                                                                                      : Qt::IBeamCursor);
+    }
 }
 
 } // namespace kestor

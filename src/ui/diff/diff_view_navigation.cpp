@@ -96,10 +96,11 @@ StepResult DiffView::stepFile(CaretDirection direction) {
 void DiffView::stepHunkByKey(CaretDirection direction) {
     if (stepHunk(direction) != StepResult::outside)
         return;
-    if (direction == CaretDirection::ahead)
+    if (direction == CaretDirection::ahead) {
         emit pastLastHunk();
-    else
+    } else {
         emit beforeFirstHunk();
+    }
 }
 
 void DiffView::toggleFold(qint64 file) {
@@ -118,18 +119,20 @@ void DiffView::showCaret() {
     const TextPosition caret = selected->caret;
     const qint64 row = rowIndex.rowOfLine(caret.line);
     const qint64 top = rowIndex.top(row);
-    if (top < scrollTop() + coveredHeight())
+    if (top < scrollTop() + coveredHeight()) {
         scrollTo(top - coveredHeight());
-    else if (top + rowIndex.rowHeight(row) > scrollTop() + viewport()->height())
+    } else if (top + rowIndex.rowHeight(row) > scrollTop() + viewport()->height()) {
         scrollTo(top + rowIndex.rowHeight(row) - viewport()->height());
+    }
     const auto column = static_cast<double>(shown->longLines.columnOf(shown->lineText(caret.line), caret.index));
     const auto x = static_cast<int>(column * measures.advance);
     const auto margin = static_cast<int>(measures.advance);
     QScrollBar *const bar = horizontalScrollBar();
-    if (x < bar->value())
+    if (x < bar->value()) {
         bar->setValue(x - margin);
-    else if (x > bar->value() + viewport()->width() - measures.textLeft - margin)
+    } else if (x > bar->value() + viewport()->width() - measures.textLeft - margin) {
         bar->setValue(x - viewport()->width() + measures.textLeft + 2 * margin);
+    }
 }
 
 } // namespace kestor

@@ -32,10 +32,11 @@ bool isMissingSide(QStringView headerLine) {
 }
 
 void readHeaderLine(FileHeading &heading, QStringView line) {
-    if (line.startsWith("--- "_L1) && isMissingSide(line))
+    if (line.startsWith("--- "_L1) && isMissingSide(line)) {
         heading.kind = SVNStatusKind::added;
-    else if (line.startsWith("+++ "_L1) && isMissingSide(line))
+    } else if (line.startsWith("+++ "_L1) && isMissingSide(line)) {
         heading.kind = SVNStatusKind::deleted;
+    }
     if ((line.startsWith("+++ "_L1) || line.startsWith("--- "_L1)) && heading.path.isEmpty() &&
         pathOf(line) != "/dev/null"_L1)
         heading.path = pathOf(line).toString();
@@ -59,12 +60,13 @@ FileHeading headingAbove(const DiffHunk &hunk) {
 
 FileHeading headingOfPaths(const DiffFile &file) {
     FileHeading heading{file.displayPath()};
-    if (file.oldPath == "/dev/null"_L1)
+    if (file.oldPath == "/dev/null"_L1) {
         heading.kind = SVNStatusKind::added;
-    else if (file.newPath == "/dev/null"_L1)
+    } else if (file.newPath == "/dev/null"_L1) {
         heading.kind = SVNStatusKind::deleted;
-    else if (!file.oldPath.isEmpty() && file.oldPath != heading.path)
+    } else if (!file.oldPath.isEmpty() && file.oldPath != heading.path) {
         heading.oldPath = file.oldPath;
+    }
     return heading;
 }
 

@@ -42,10 +42,11 @@ std::vector<RulerMark> rulerMarks(const DiffDocument &document, const DiffRows &
         const std::uint8_t flags = pixels[static_cast<std::size_t>(y)];
         if (flags == 0)
             continue;
-        if (!marks.empty() && marks.back().flags == flags && marks.back().top + marks.back().height == y)
+        if (!marks.empty() && marks.back().flags == flags && marks.back().top + marks.back().height == y) {
             ++marks.back().height;
-        else
+        } else {
             marks.push_back({y, 1, flags});
+        }
     }
     return marks;
 }
