@@ -106,7 +106,7 @@ TEST_F(Clients, GitPrintsNamesUnquotedEvenAgainstTheConfiguration) {
     runTool(u"git"_s, args("init", "-q"), tree.path());
     runTool(u"git"_s, args("config", "core.quotePath", "true"), tree.path());
     tree.write(u"größe ä.txt"_s);
-    const QStringList status = args("status", "--porcelain", "--", "*.txt");
+    const QStringList status = args("status", "--porcelain", "--", u"größe ä.txt");
     EXPECT_EQ(awaited(git.run(status, tree.path(), CheckStatus::yes)).stdoutText(), u"?? \"größe ä.txt\"\n"_s);
 }
 
