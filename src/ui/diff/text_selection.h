@@ -14,7 +14,7 @@ struct TextPosition {
     qint64 line = 0;
     qsizetype index = 0; ///< in UTF-16 units
 
-    friend auto operator<=>(const TextPosition &, const TextPosition &) = default;
+    friend auto operator<=>(const TextPosition &, const TextPosition &) = default; // NOLINT(modernize-use-nullptr)
 };
 
 /// Text from where a selection began to where its caret stands, in either direction.

@@ -21,7 +21,8 @@ double drawPart(QPainter &painter, double x, const QRect &area, const QString &t
 }
 
 double drawBadge(QPainter &painter, const QRect &area, const WorkingCopyItem &item, const Theme &theme) {
-    const QRectF place(area.left(), area.top() + (area.height() - badgeSide) / 2, badgeSide, badgeSide);
+    const int top = area.top() + (area.height() - badgeSide) / 2;
+    const QRectF place(area.left(), top, badgeSide, badgeSide);
     paintBadge(painter, place, badgeFor(item, theme), theme);
     return place.right() + gap;
 }

@@ -25,7 +25,7 @@ enum class Command : std::uint8_t {
 };
 
 /// One item of the menu bar.
-struct CommandRow {
+struct CommandRow { // NOLINT(clang-analyzer-optin.performance.Padding)
     /// Whether a line stands above the item.
     enum class Place : std::uint8_t { follows, beginsGroup };
 

@@ -220,7 +220,7 @@ void RowListView::contextMenuEvent(QContextMenuEvent *event) {
 
 /// The base class would make the first row current when none is, for example while the filter hides the current one.
 void RowListView::focusInEvent(QFocusEvent *event) {
-    QAbstractScrollArea::focusInEvent(event);
+    QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
 }
 
