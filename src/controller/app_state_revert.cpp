@@ -53,10 +53,11 @@ QCoro::Task<> AppState::revertAfterConfirmation(Project project, QList<WorkingCo
     } catch (const SVNClientError &error) {
         failure = error;
     }
-    if (!closing)
-        co_await reloadAfterChange();
+    if (closing)
+        co_return;
     if (failure)
-        throw *failure;
+        showError(u"Revert Failed"_s, *failure);
+    co_await reloadAfterChange();
 }
 
 QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyItem> items) {
