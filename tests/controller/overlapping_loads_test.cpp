@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 namespace {
 
-using testing::awaited;
 using testing::HeldTool;
 using testing::ScriptedUser;
 using testing::TempTree;
