@@ -155,6 +155,8 @@ private:
     QCoro::Task<> loadLineSummary(Project project, quint64 generation);
     QCoro::Task<> loadDiffForSelectedChange();
     QCoro::Task<LoadedDiff> diffOf(Project project, WorkingCopyItem item);
+    QCoro::Task<LoadedDiff> printedDiffOf(Project project, WorkingCopyItem item);
+    QCoro::Task<std::optional<DiffPreview>> richDiffPreviewForWorkingChange(Project project, WorkingCopyItem item);
     void publishDiff(const std::optional<QString> &path, const LoadedDiff &diff);
     QCoro::Task<> commit(Project project, CommitRequest request);
     QCoro::Task<SVNCommandResult> commitToSubversion(Project project, CommitRequest request);

@@ -1,7 +1,10 @@
 #include "controller/app_state.h"
 #include "controller/commit_selection.h"
+#include "controller/file_versions.h"
+#include "controller/media_preview.h"
 #include "controller/tool_text.h"
 #include "controller/working_diff.h"
+#include "controller/working_preview.h"
 #include "parsers/line_changes.h"
 #include "parsers/unified_diff_parser.h"
 #include "tools/arguments.h"
@@ -15,7 +18,14 @@ namespace kestor {
 
 namespace {
 
-constexpr qsizetype largeText = qsizetype{1} << 20;
+constexpr qsizetype largeContents = qsizetype{2} << 20;
+
+qsizetype bytesOf(const LoadedDiff &diff) {
+    const auto bytes = [](const std::optional<QByteArray> &data) {
+        return data ? data->size() : 0;
+    };
+    return diff.text.size() * qsizetype{sizeof(QChar)} + bytes(diff.preview.oldData) + bytes(diff.preview.newData);
+}
 
 LineChangeSummary summaryOf(const QByteArray &diffOutput) {
     return lineChanges(UnifiedDiffParser::parse(withLineFeeds(toolText(diffOutput))));
@@ -75,16 +85,27 @@ QCoro::Task<> AppState::loadDiffForSelectedChange() {
 }
 
 void AppState::publishDiff(const std::optional<QString> &path, const LoadedDiff &diff) {
-    QString old = diffText;
+    LoadedDiff old{diffText, diffPreview};
     diffPreview = diff.preview;
     diffText = diff.text;
     diffPath = path;
-    // Giving back a large text takes milliseconds that the window does not have.
-    if (old.size() > largeText)
-        workers.start([text = std::move(old)]() mutable { text = QString(); });
+    // Giving back large contents takes milliseconds that the window does not have.
+    if (bytesOf(old) > largeContents)
+        workers.start([contents = std::move(old)]() mutable { contents = {}; });
 }
 
 QCoro::Task<LoadedDiff> AppState::diffOf(Project project, WorkingCopyItem item) {
+    const QCoro::Task<LoadedDiff> printing = printedDiffOf(project, item);
+    const std::optional<DiffPreview> media = co_await richDiffPreviewForWorkingChange(project, item);
+    LoadedDiff diff = co_await printing;
+    // Both tools call every picture binary, so a notice gives way to what can be shown.
+    if (media)
+        diff.preview = *media;
+    co_return diff;
+}
+
+QCoro::Task<LoadedDiff> AppState::printedDiffOf(Project project, WorkingCopyItem item) {
+    const RunningOperations::Scope running(operations);
     if (item.kind == SVNStatusKind::unversioned) {
         const auto read = [path = item.path, root = project.path] {
             return unversionedDiff(path, root);
@@ -96,6 +117,28 @@ QCoro::Task<LoadedDiff> AppState::diffOf(Project project, WorkingCopyItem item) 
         return loadedDiff(path, result.stdoutData, result.stderrData);
     };
     co_return co_await QtConcurrent::run(&workers, decode);
+}
+
+QCoro::Task<std::optional<DiffPreview>> AppState::richDiffPreviewForWorkingChange(Project project,
+                                                                                  WorkingCopyItem item) {
+    const PreviewSides sides = previewSides(item.kind);
+    const QString oldPath = gitOldNames.value(item.path, item.path);
+    const auto look = [root = project.path, path = item.path, sides] {
+        return workingMedia(root, path, sides);
+    };
+    const WorkingMedia media = co_await QtConcurrent::run(&workers, look);
+    if (!media.kind)
+        co_return std::nullopt;
+    if (media.size > largestPreviewedFile)
+        co_return tooLargePreview(item.path, media.size);
+    std::optional<QByteArray> base;
+    try {
+        if (sides != PreviewSides::newOnly)
+            base = co_await baseContent(toolFor(project.kind), project, oldPath);
+    } catch (const SVNClientError &) {
+        // The diff needs the same tool and tells what is wrong with it.
+    }
+    co_return mediaPreview(*media.kind, item.path, base, media.data);
 }
 
 QCoro::Task<> AppState::loadLineSummary(Project project, quint64 generation) {

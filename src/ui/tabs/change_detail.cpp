@@ -35,7 +35,7 @@ void ChangeDetail::show() {
     const DiffSubject subject{item->path, item};
     const DiffPreview &preview = app.diffPreview.value();
     // A text diff may well speak of binary files.
-    if (preview.kind == DiffPreviewKind::binary && !hasHunk(app.diffText.value()))
+    if (preview.kind != DiffPreviewKind::empty && !hasHunk(app.diffText.value()))
         pane.showNotice(subject, preview.message);
     else
         pane.showDiff(subject, app.diffText);
