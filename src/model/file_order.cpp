@@ -96,8 +96,7 @@ std::vector<qsizetype> sortedPositions(qsizetype count, IsBefore isBefore) {
     return positions;
 }
 
-std::vector<qsizetype> collatedOrder(const QStringList &texts) {
-    const QCollator collator = standardCollator();
+std::vector<qsizetype> collatedOrder(const QStringList &texts, const QCollator &collator) {
     std::vector<QCollatorSortKey> keys;
     keys.reserve(static_cast<std::size_t>(texts.size()));
     for (const QString &text : texts)
@@ -122,9 +121,15 @@ int localizedStandardCompare(QStringView left, QStringView right) {
 }
 
 std::vector<qsizetype> standardOrder(const QStringList &texts) {
+    return StandardOrder().positions(texts);
+}
+
+std::vector<qsizetype> StandardOrder::positions(const QStringList &texts) {
     if (const std::optional<AsciiKeys> keys = asciiKeys(texts))
         return sortedPositions(texts.size(), [&](qsizetype a, qsizetype b) { return keys->key(a) < keys->key(b); });
-    return collatedOrder(texts);
+    if (!collator)
+        collator = standardCollator();
+    return collatedOrder(texts, *collator);
 }
 
 } // namespace kestor

@@ -6,6 +6,7 @@
 #include <QStringView>
 
 #include <functional>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -21,6 +22,16 @@ int localizedStandardCompare(QStringView left, QStringView right);
 /// The positions of `texts` in ascending localised standard order; equal texts keep their order. Computes one sort key
 /// per text, so that long lists cost no collation per comparison.
 std::vector<qsizetype> standardOrder(const QStringList &texts);
+
+/// Puts many lists into that order, one after another, with the one collator that they need at most. One thread.
+class StandardOrder {
+public:
+    /// As standardOrder.
+    std::vector<qsizetype> positions(const QStringList &texts);
+
+private:
+    std::optional<QCollator> collator{};
+};
 
 /// Sorts `records` stably and ascending by the text that `textOf` gives, in the localised standard order.
 template <typename Record, typename TextOf>

@@ -17,6 +17,41 @@ qsizetype nextPair(QStringView text, qsizetype from) {
     return at;
 }
 
+/// Counts line by line, by the rules of UnifiedDiffParser in their order.
+class DiffLineCounter {
+public:
+    void count(QByteArrayView line) {
+        if (line.isEmpty())
+            return;
+        switch (line.front()) {
+        case '+':
+            summary.additions += inHunk && !line.startsWith("+++ ") ? 1 : 0;
+            break;
+        case '-':
+            summary.deletions += inHunk && !line.startsWith("--- ") ? 1 : 0;
+            break;
+        case '@':
+            inHunk = inHunk || (inFile && line.startsWith("@@ "));
+            break;
+        case 'I':
+        case 'd':
+            if (line.startsWith("Index: ") || line.startsWith("diff --git ")) {
+                inFile = true;
+                inHunk = false;
+            }
+            break;
+        default:
+            break;
+        }
+    }
+
+    LineChangeSummary summary{};
+
+private:
+    bool inFile = false;
+    bool inHunk = false;
+};
+
 /// Adds the number that `text` is; no number, or one that the total cannot hold, adds nothing.
 void addCount(qint64 &total, QStringView text) {
     qint64 sum = 0;
@@ -48,6 +83,16 @@ LineChangeSummary lineChanges(const ParsedDiff &diff) {
         summary.deletions += file.deletions;
     }
     return summary;
+}
+
+LineChangeSummary diffLineChanges(QByteArrayView diff) {
+    DiffLineCounter counter;
+    while (!diff.isEmpty()) {
+        const qsizetype lineFeed = diff.indexOf('\n');
+        counter.count(lineFeed < 0 ? diff : diff.first(lineFeed));
+        diff = diff.sliced(lineFeed < 0 ? diff.size() : lineFeed + 1);
+    }
+    return counter.summary;
 }
 
 LineChangeSummary numstatLineChanges(QStringView text) {

@@ -3,6 +3,7 @@
 #include "model/diff.h"
 #include "model/line_change_summary.h"
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 
@@ -13,6 +14,10 @@ QString withLineFeeds(QString text);
 
 /// Added and removed lines over all files of `diff`.
 LineChangeSummary lineChanges(const ParsedDiff &diff);
+
+/// The same for the bytes of a printed diff, with line ends of either kind. Makes no records: for long diffs of which
+/// only the sum is shown.
+LineChangeSummary diffLineChanges(QByteArrayView diff);
 
 /// Adds up the rows of `git log --numstat --format=`; "-" of a binary file counts nothing.
 LineChangeSummary numstatLineChanges(QStringView text);
