@@ -3,6 +3,7 @@
 #include "model/command_output.h"
 #include "model/custom_language_rule.h"
 #include "model/diff_preview.h"
+#include "model/file_history.h"
 #include "model/line_change_summary.h"
 #include "model/log_entry.h"
 #include "model/project.h"
@@ -19,6 +20,14 @@
 #include <optional>
 
 namespace kestor {
+
+/// One revision of one file, by the identities of both.
+struct FileRevisionID {
+    QString path{};
+    qint64 revision = 0;
+
+    friend bool operator==(const FileRevisionID &, const FileRevisionID &) = default;
+};
 
 /// Everything the window shows. Setting an equal value publishes nothing. Main thread only. Views observe; they write
 /// the selections (`selectedProjectID`, `selectedTab`, `selectedChangeID`, ...), the ticks and the text fields, and
@@ -38,15 +47,22 @@ struct AppProperties {
     /// Path of the row that `diffText` and `diffPreview` belong to; published after them.
     QProperty<std::optional<QString>> diffPath{};
 
-    QProperty<QList<LogEntry>> logEntries{};
+    QProperty<QList<LogEntry>> logEntries{}; ///< newest first
+    /// The files of `logEntries`, grouped on a worker and published before `logEntries`; grouped afresh when the
+    /// relative URL of `repositoryInfo` changes.
+    QProperty<FileHistory> fileHistoryItems{};
+    QProperty<bool> historyLoaded{false}; ///< a load has succeeded: no `logEntries` means an empty log
     QProperty<std::optional<QString>> selectedHistoryPath{};
     QProperty<std::optional<qint64>> selectedRevision{};
-    QProperty<LineChangeSummary> historyLineSummary{};
-    QProperty<QString> historyDiffText{};
-    QProperty<DiffPreview> historyDiffPreview{};
+    QProperty<LineChangeSummary> historyLineSummary{}; ///< follows the list later; zero until it is known
+    QProperty<QString> historyDiffText{};              ///< as printed; "" when no revision is selected
+    QProperty<DiffPreview> historyDiffPreview{};       ///< kind `empty`: the diff text alone is shown
+    /// The revision that `historyDiffText` and `historyDiffPreview` belong to; published after them.
+    QProperty<std::optional<FileRevisionID>> historyDiffID{};
 
-    QProperty<QList<LogEntry>> archiveEntries{};
-    QProperty<std::optional<qint64>> selectedArchiveEntryID{};
+    QProperty<QList<LogEntry>> archiveEntries{}; ///< newest first
+    QProperty<bool> archivesLoaded{false};       ///< a load has succeeded: no `archiveEntries` means an empty log
+    QProperty<std::optional<qint64>> selectedArchiveEntryID{}; ///< a revision number
 
     QProperty<QList<LogEntry>> incomingEntries{};
     QProperty<std::optional<qint64>> selectedIncomingRevision{};

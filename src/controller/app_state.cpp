@@ -41,6 +41,7 @@ AppState::~AppState() {
     closing = true;
     for (const std::shared_ptr<Tool> &tool : {tools.svn, tools.svnAdmin, tools.git})
         tool->stop();
+    archiveZipClient.stop();
     // What reads on a worker, or waits for an answer, still holds on to this object.
     const QDeadlineTimer deadline(10000);
     while (!operations.isIdle() && !deadline.hasExpired())

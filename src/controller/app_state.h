@@ -3,6 +3,7 @@
 #include "controller/app_properties.h"
 #include "controller/busy_scope.h"
 #include "controller/commit_plan.h"
+#include "controller/log_loading.h"
 #include "controller/repository_detection.h"
 #include "controller/revert_plan.h"
 #include "controller/running_operations.h"
@@ -11,6 +12,7 @@
 #include "controller/working_diff.h"
 #include "model/language_configuration_store.h"
 #include "model/project_store.h"
+#include "tools/archive_zip_client.h"
 #include "tools/tool.h"
 
 #include <QCoroTask>
@@ -111,6 +113,43 @@ public:
     /// Asks for a path and adds a rule that brings it back to the project's ignore file.
     QCoro::Task<> includeIgnoredPath();
 
+    // History: app_state_history.cpp
+    /// Loads `logEntries`, `fileHistoryItems` and the selection, then, with the list shown already, the sum of lines
+    /// and the diff of the selected revision.
+    QCoro::Task<> loadHistory();
+    /// Verifies the project's kind and loads `repositoryInfo` and the history.
+    QCoro::Task<> refreshHistory();
+    /// To be called whenever the user selects another file: selects one of its revisions and loads its diff.
+    QCoro::Task<> selectedHistoryPathChanged();
+    /// To be called whenever the user selects another revision: loads its diff.
+    QCoro::Task<> selectedHistoryRevisionChanged();
+    /// The file of `fileHistoryItems` whose path is `selectedHistoryPath`.
+    std::optional<FileHistoryItem> selectedFileHistoryItem() const;
+    /// The revision of that file whose number is `selectedRevision`.
+    std::optional<FileHistoryRevision> selectedFileHistoryRevision() const;
+    /// What names the selected revision in a command: a number, for Git the full hash; "" when there is none.
+    QString selectedRevisionToken() const;
+
+    // History commands: app_state_history_commands.cpp
+    /// Takes the selected revision back in the working copy after a confirmation. Commits nothing.
+    QCoro::Task<> rollbackSelectedRevision();
+    QCoro::Task<> showDiffAgainstRevision();
+    QCoro::Task<> pullFileAtRevision();
+    QCoro::Task<> catTarget();
+    QCoro::Task<> listTarget();
+    /// Asks for a file and a revision and saves its content, byte by byte, where the user chooses.
+    QCoro::Task<> exportFileAtRevision();
+
+    // Archives: app_state_archives.cpp
+    QCoro::Task<> loadArchives();
+    /// Verifies the project's kind and loads `repositoryInfo` and the archives.
+    QCoro::Task<> refreshArchives();
+    /// The entry of `archiveEntries` whose revision is `selectedArchiveEntryID`.
+    std::optional<LogEntry> selectedArchiveEntry() const;
+    /// Writes the tree of the selected archive entry, on the History tab of the selected revision, to a zip file where
+    /// the user chooses.
+    QCoro::Task<> createArchiveZip();
+
     // Commands: app_state_commands.cpp
     /// Runs `svn` in `workingDirectory` ("" for this process's own) under a busy message and shows what it printed.
     QCoro::Task<> runCommand(QString title, QStringList arguments, QString workingDirectory, RefreshAfter refreshAfter,
@@ -134,6 +173,8 @@ private:
     std::optional<Project> requiredProject();
     /// The rows that row actions act on: the ticked ones in list order, else the selected one.
     QList<WorkingCopyItem> actionItems() const;
+    /// The path that prompts offer: the selected file on the History tab, else the first of actionItems(), else "".
+    QString selectedActionPath() const;
     /// The folder of the selected project; nothing after an alert when there is none or it is gone.
     std::optional<QString> selectedProjectDirectory();
     std::shared_ptr<Tool> toolFor(RepositoryKind kind) const;
@@ -161,11 +202,48 @@ private:
     QCoro::Task<> commit(Project project, CommitRequest request);
     QCoro::Task<SVNCommandResult> commitToSubversion(Project project, CommitRequest request);
     QCoro::Task<SVNCommandResult> commitToGit(Project project, CommitRequest request);
+    /// To be called when a command may have changed the repository: loads everything that is shown and remembers to
+    /// load the rest when it is.
     QCoro::Task<> reloadAfterChange();
+    /// Loads the log of the tab that is shown, if it shows one.
+    QCoro::Task<> loadShownLog();
+    bool historyNeedsReload() const { return historyLoadedAt != repositoryChanges; }
+    bool archivesNeedsReload() const { return archivesLoadedAt != repositoryChanges; }
     QCoro::Task<> revert(QList<WorkingCopyItem> items, QString emptyMessage, RevertScope scope);
     QCoro::Task<> revertAfterConfirmation(Project project, QList<WorkingCopyItem> items, RevertScope scope);
     QCoro::Task<RevertPlan> revertPlan(Project project, QList<WorkingCopyItem> items);
     QCoro::Task<CommandOutput> runRevert(Project project, RevertPlan plan);
+    void resetHistory();
+    void resetArchives();
+    QCoro::Task<> loadHistoryOf(Project project, quint64 generation);
+    void publishHistory(const LoadedHistory &loaded);
+    /// Groups the history anew when its paths are relative to another folder than `repositoryInfo` says.
+    QCoro::Task<> regroupHistory();
+    QCoro::Task<> loadHistorySummary(Project project);
+    QCoro::Task<LineChangeSummary> historySummaryOf(Project project, QList<LogEntry> entries);
+    QCoro::Task<> loadDiffForSelectedHistoryRevision();
+    QCoro::Task<LoadedDiff> historyDiffOf(Project project, QString path, FileHistoryRevision revision);
+    void publishHistoryDiff(const std::optional<FileRevisionID> &id, const LoadedDiff &diff);
+    /// `text` as a target for svn: one that is exactly a path of the working copy as such, anything else as typed.
+    QString typedTarget(const Project &project, const QString &text) const;
+    /// Runs a command whose arguments the user was asked for.
+    QCoro::Task<> runAskedCommand(Project project, QString title, QStringList arguments, RefreshAfter refreshAfter);
+    QCoro::Task<> exportFile(Project project, QStringList arguments, QString destination);
+    QCoro::Task<> loadArchivesOf(Project project, quint64 generation);
+    std::optional<LogEntry> entryToArchive() const;
+    void publishArchives(const QList<LogEntry> &entries);
+    QCoro::Task<> writeArchive(Project project, LogEntry entry, QString chosenPath);
+    /// Writes the zip to `path`, then gives it its name.
+    QCoro::Task<SVNCommandResult> writeArchiveBeside(Project project, LogEntry entry, QString path,
+                                                     QString destination);
+    QCoro::Task<> exportTree(Project project, QString revision, QString tree);
+    QCoro::Task<SVNCommandResult> archiveFromGit(Project project, LogEntry entry, QString path);
+    QCoro::Task<SVNCommandResult> archiveFromSubversion(Project project, LogEntry entry, QString path);
+    /// Lets a worker give back what a replaced value held, if nobody else has it.
+    template <typename Value>
+    void release(Value value) {
+        workers.start([held = std::move(value)]() mutable { held = Value(); });
+    }
     QCoro::Task<> addIgnoreLines(Project project, QStringList lines);
     QCoro::Task<> runToolCommand(RepositoryKind kind, QString title, QStringList arguments, QString workingDirectory,
                                  RefreshAfter refreshAfter, ShowOutput showOutput);
@@ -177,6 +255,7 @@ private:
 
     UserInteraction &user;
     Tools tools;
+    ArchiveZipClient archiveZipClient{};
     ProjectStore projectStore;
     LanguageConfigurationStore languageConfigurationStore;
     BusyState busy{busyMessage};
@@ -187,6 +266,13 @@ private:
     quint64 statusGeneration = 0;
     quint64 diffGeneration = 0;
     quint64 infoGeneration = 0;
+    quint64 historyGeneration = 0;
+    quint64 historyDiffGeneration = 0;
+    quint64 archivesGeneration = 0;
+    quint64 repositoryChanges = 0; ///< counts what may have changed the log
+    quint64 historyLoadedAt = 0;   ///< `repositoryChanges` when the load that is shown began
+    quint64 archivesLoadedAt = 0;
+    bool historySummaryAsked = false; ///< for the entries that are shown
 };
 
 } // namespace kestor

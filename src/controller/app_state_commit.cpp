@@ -112,9 +112,10 @@ QCoro::Task<SVNCommandResult> AppState::commitToGit(Project project, CommitReque
 }
 
 QCoro::Task<> AppState::reloadAfterChange() {
+    ++repositoryChanges;
     co_await loadStatus(RunPurpose::userCommand);
     co_await loadInfo();
-    co_await tabChanged();
+    co_await loadShownLog();
 }
 
 } // namespace kestor

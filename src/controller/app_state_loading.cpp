@@ -19,6 +19,10 @@ namespace kestor {
 
 namespace {
 
+QCoro::Task<> nothing() {
+    co_return;
+}
+
 LoadedChanges loadedChanges(const StatusRows &rows, const TickedRows &before) {
     return {rows, ticksAfterLoad(rows.items, before.items, before.ticked)};
 }
@@ -26,8 +30,12 @@ LoadedChanges loadedChanges(const StatusRows &rows, const TickedRows &before) {
 } // namespace
 
 QCoro::Task<> AppState::tabChanged() {
-    // Changes and Configuration load nothing when shown.
-    co_return;
+    const WorkflowTab tab = selectedTab;
+    if (tab == WorkflowTab::history && (historyNeedsReload() || logEntries.value().isEmpty()))
+        return loadHistory();
+    if (tab == WorkflowTab::archives && (archivesNeedsReload() || archiveEntries.value().isEmpty()))
+        return loadArchives();
+    return nothing();
 }
 
 QCoro::Task<> AppState::refreshAll() {
@@ -44,6 +52,21 @@ QCoro::Task<> AppState::refresh(RunPurpose purpose) {
     const QCoro::Task<> info = loadInfo();
     co_await loadStatus(purpose);
     co_await info;
+    co_await loadShownLog();
+}
+
+QCoro::Task<> AppState::loadShownLog() {
+    switch (selectedTab) {
+    case WorkflowTab::history:
+        return loadHistory();
+    case WorkflowTab::archives:
+        return loadArchives();
+    case WorkflowTab::changes:
+    case WorkflowTab::incoming:
+    case WorkflowTab::configuration:
+        break;
+    }
+    return nothing();
 }
 
 QCoro::Task<> AppState::refreshSelectedProjectKind() {
@@ -134,8 +157,10 @@ QCoro::Task<> AppState::loadInfo() {
                                                                RunPurpose::backgroundRead);
             info = parsedOutput<InfoParser>(result.stdoutData);
         }
-        if (isCurrent(*project, generation, infoGeneration))
-            repositoryInfo = info;
+        if (!isCurrent(*project, generation, infoGeneration))
+            co_return;
+        repositoryInfo = info;
+        co_await regroupHistory();
     } catch (const SVNClientError &) {
         // The header then shows what it knew; the status load reports what is wrong with the folder.
     }

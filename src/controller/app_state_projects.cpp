@@ -115,6 +115,8 @@ void AppState::resetProjectState() {
     ++statusGeneration;
     ++diffGeneration;
     ++infoGeneration;
+    ++historyGeneration;
+    ++archivesGeneration;
     changes = QList<WorkingCopyItem>();
     changesLoaded = false;
     selectedChangeID = std::nullopt;
@@ -122,14 +124,8 @@ void AppState::resetProjectState() {
     gitOldNames.clear();
     changesLineSummary = LineChangeSummary();
     publishDiff(std::nullopt, LoadedDiff());
-    logEntries = QList<LogEntry>();
-    selectedHistoryPath = std::nullopt;
-    selectedRevision = std::nullopt;
-    historyLineSummary = LineChangeSummary();
-    historyDiffText = QString();
-    historyDiffPreview = DiffPreview();
-    archiveEntries = QList<LogEntry>();
-    selectedArchiveEntryID = std::nullopt;
+    resetHistory();
+    resetArchives();
     incomingEntries = QList<LogEntry>();
     selectedIncomingRevision = std::nullopt;
     incomingLineSummary = LineChangeSummary();

@@ -25,6 +25,12 @@ QCoro::Task<std::optional<QString>> ScriptedUser::chooseDirectory(QString title)
     co_return answer;
 }
 
+QCoro::Task<std::optional<QString>> ScriptedUser::chooseSaveFile(QString title, QString button, QString name) {
+    asked.append(u"save "_s + title + u" ["_s + button + u"]: "_s + name);
+    const auto answer = chosenSaveFile;
+    co_return answer;
+}
+
 QCoro::Task<bool> ScriptedUser::openInFileManager(QString directory) {
     asked.append(u"file manager "_s + directory);
     co_return fileManagerWorks;

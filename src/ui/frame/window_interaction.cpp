@@ -7,6 +7,7 @@
 
 #include <QCoroFuture>
 #include <QFileDialog>
+#include <QFileInfo>
 
 namespace kestor {
 
@@ -30,15 +31,31 @@ QFuture<Texts> askTexts(const QString &title, const QList<PromptField> &fields, 
     return answerOf<Texts>(dialog, accepted, std::nullopt);
 }
 
-QFuture<std::optional<QString>> askDirectory(const QString &title, QWidget *window) {
-    auto *dialog = new QFileDialog(window, title);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly);
+QFuture<std::optional<QString>> chosenFile(QFileDialog *dialog) {
     const auto accepted = [dialog]() -> std::optional<QString> {
         const QStringList chosen = dialog->selectedFiles();
         return chosen.isEmpty() ? std::nullopt : std::optional(chosen.first());
     };
     return answerOf<std::optional<QString>>(dialog, accepted, std::nullopt);
+}
+
+QFuture<std::optional<QString>> askDirectory(const QString &title, QWidget *window) {
+    auto *dialog = new QFileDialog(window, title);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    return chosenFile(dialog);
+}
+
+QFuture<std::optional<QString>> askSaveFile(const QString &title, const QString &button, const QString &name,
+                                            QWidget *window) {
+    auto *dialog = new QFileDialog(window, title);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    dialog->setLabelText(QFileDialog::Accept, button);
+    // The suffix is then part of what the dialog asks to replace.
+    dialog->setDefaultSuffix(QFileInfo(name).suffix());
+    dialog->selectFile(name);
+    return chosenFile(dialog);
 }
 
 } // namespace
@@ -73,6 +90,13 @@ QCoro::Task<std::optional<QString>> WindowInteraction::chooseDirectory(QString t
     if (!window)
         co_return std::nullopt;
     const QFuture<std::optional<QString>> answer = askDirectory(title, window);
+    co_return co_await answer;
+}
+
+QCoro::Task<std::optional<QString>> WindowInteraction::chooseSaveFile(QString title, QString button, QString name) {
+    if (!window)
+        co_return std::nullopt;
+    const QFuture<std::optional<QString>> answer = askSaveFile(title, button, name, window);
     co_return co_await answer;
 }
 

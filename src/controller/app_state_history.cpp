@@ -1,0 +1,200 @@
+#include "controller/app_state.h"
+#include "controller/file_grouping.h"
+#include "controller/history_diff.h"
+
+#include <QCoroFuture>
+#include <QtConcurrent>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+QCoro::Task<> AppState::refreshHistory() {
+    const RunningOperations::Scope running(operations);
+    co_await refreshSelectedProjectKind();
+    co_await loadInfo();
+    co_await loadHistory();
+}
+
+QCoro::Task<> AppState::loadHistory() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = selectedProject();
+    if (!project)
+        co_return;
+    const quint64 generation = ++historyGeneration;
+    const std::function<bool()> isRelevant = [this, project, generation] {
+        return isCurrent(*project, generation, historyGeneration);
+    };
+    co_await reporting(u"History Failed"_s, loadHistoryOf(*project, generation), isRelevant);
+}
+
+QCoro::Task<> AppState::loadHistoryOf(Project project, quint64 generation) {
+    const quint64 changesBefore = repositoryChanges;
+    {
+        const BusyScope loading(busy, u"Loading history"_s);
+        // Without it the paths of a working copy of a branch could not be told apart.
+        if (repositoryInfo.value() == RepositoryInfo())
+            co_await loadInfo();
+        const QByteArray output = co_await printedLog(toolFor(project.kind), project);
+        const LoadedHistory before{logEntries, fileHistoryItems};
+        const QString relativeURL = repositoryInfo.value().relativeURL.value_or(QString());
+        const QList<QList<LogEntry>> known{before.entries, archiveEntries};
+        const auto read = [kind = project.kind, output, relativeURL, before, known] {
+            return loadedHistory(loadedLog(kind, output, known), relativeURL, before);
+        };
+        const LoadedHistory loaded = co_await QtConcurrent::run(&workers, read);
+        if (!isCurrent(project, generation, historyGeneration))
+            co_return;
+        publishHistory(loaded);
+        historyLoadedAt = changesBefore;
+    }
+    const QCoro::Task<> summary = loadHistorySummary(project);
+    co_await regroupHistory();
+    co_await loadDiffForSelectedHistoryRevision();
+    co_await summary;
+}
+
+void AppState::publishHistory(const LoadedHistory &loaded) {
+    const LoadedHistory before{logEntries, fileHistoryItems};
+    const std::optional<qint64> revision = revisionAfterLoad(selectedRevision, before.entries, loaded.entries);
+    const HistorySelection selection = selectionAfterLoad(loaded, {selectedHistoryPath, revision});
+    if (!loaded.entries.isSharedWith(before.entries))
+        historySummaryAsked = false;
+    fileHistoryItems = loaded.files;
+    logEntries = loaded.entries;
+    historyLoaded = true;
+    selectedHistoryPath = selection.path;
+    selectedRevision = selection.revision;
+    release(before);
+}
+
+QCoro::Task<> AppState::regroupHistory() {
+    const QString relativeURL = repositoryInfo.value().relativeURL.value_or(QString());
+    const FileHistory before = fileHistoryItems;
+    if (!historyLoaded || before.relativeURL() == relativeURL)
+        co_return;
+    const QList<LogEntry> entries = logEntries;
+    const auto group = [entries, relativeURL] {
+        return groupedByFile(entries, relativeURL);
+    };
+    const FileHistory files = co_await QtConcurrent::run(&workers, group);
+    if (fileHistoryItems.value() != before)
+        co_return;
+    publishHistory({entries, files});
+    co_await loadDiffForSelectedHistoryRevision();
+}
+
+void AppState::resetHistory() {
+    ++historyGeneration;
+    ++historyDiffGeneration;
+    const LoadedHistory before{logEntries, fileHistoryItems};
+    logEntries = QList<LogEntry>();
+    fileHistoryItems = FileHistory();
+    historyLoaded = false;
+    historyLoadedAt = repositoryChanges;
+    historySummaryAsked = false;
+    selectedHistoryPath = std::nullopt;
+    selectedRevision = std::nullopt;
+    historyLineSummary = LineChangeSummary();
+    publishHistoryDiff(std::nullopt, LoadedDiff());
+    release(before);
+}
+
+QCoro::Task<> AppState::loadHistorySummary(Project project) {
+    const RunningOperations::Scope running(operations);
+    if (historySummaryAsked)
+        co_return;
+    historySummaryAsked = true;
+    const QList<LogEntry> entries = logEntries;
+    LineChangeSummary summary;
+    try {
+        if (!entries.isEmpty())
+            summary = co_await historySummaryOf(project, entries);
+    } catch (const SVNClientError &) {
+        // The zero summary says that nothing is known.
+    }
+    if (selectedProjectID.value() == project.id && logEntries.value().isSharedWith(entries))
+        historyLineSummary = summary;
+}
+
+QCoro::Task<LineChangeSummary> AppState::historySummaryOf(Project project, QList<LogEntry> entries) {
+    const QStringList arguments = historySummaryArguments(project.kind, repositoryInfo, entries);
+    const std::shared_ptr<Tool> tool = toolFor(project.kind);
+    const SVNCommandResult result =
+        co_await tool->run(arguments, project.path, CheckStatus::yes, RunPurpose::backgroundRead);
+    const auto count = [kind = project.kind, output = result.stdoutData] {
+        return historyLineChanges(kind, output);
+    };
+    co_return co_await QtConcurrent::run(&workers, count);
+}
+
+std::optional<FileHistoryItem> AppState::selectedFileHistoryItem() const {
+    const FileHistory &files = fileHistoryItems.value();
+    const std::optional<QString> &path = selectedHistoryPath.value();
+    const std::optional<qsizetype> index = path ? files.indexOf(*path) : std::nullopt;
+    return index ? std::optional(files[*index]) : std::nullopt;
+}
+
+std::optional<FileHistoryRevision> AppState::selectedFileHistoryRevision() const {
+    const std::optional<FileHistoryItem> item = selectedFileHistoryItem();
+    const std::optional<qint64> &revision = selectedRevision.value();
+    const std::optional<qsizetype> index = item && revision ? item->revisions.indexOf(*revision) : std::nullopt;
+    return index ? std::optional(item->revisions[*index]) : std::nullopt;
+}
+
+QString AppState::selectedRevisionToken() const {
+    const std::optional<Project> project = selectedProject();
+    if (project && project->kind == RepositoryKind::git) {
+        const std::optional<FileHistoryRevision> revision = selectedFileHistoryRevision();
+        return revision ? revision->commitHash.value_or(QString()) : QString();
+    }
+    const bool isIncoming = selectedTab.value() == WorkflowTab::incoming;
+    const std::optional<qint64> revision = isIncoming ? selectedIncomingRevision : selectedRevision;
+    return revision ? QString::number(*revision) : QString();
+}
+
+QCoro::Task<> AppState::selectedHistoryPathChanged() {
+    const std::optional<FileHistoryItem> item = selectedFileHistoryItem();
+    selectedRevision = revisionToSelect(item ? item->revisions : FileHistoryRevisions(), selectedRevision);
+    return selectedHistoryRevisionChanged();
+}
+
+QCoro::Task<> AppState::selectedHistoryRevisionChanged() {
+    return reporting(u"Diff Failed"_s, loadDiffForSelectedHistoryRevision());
+}
+
+QCoro::Task<> AppState::loadDiffForSelectedHistoryRevision() {
+    const quint64 generation = ++historyDiffGeneration;
+    const std::optional<Project> project = selectedProject();
+    const std::optional<QString> path = selectedHistoryPath;
+    const std::optional<FileHistoryRevision> revision = selectedFileHistoryRevision();
+    LoadedDiff diff;
+    std::optional<FileRevisionID> id;
+    if (project && revision) {
+        id = FileRevisionID{*path, revision->revision};
+        diff = co_await historyDiffOf(*project, *path, *revision);
+    }
+    if (generation == historyDiffGeneration)
+        publishHistoryDiff(id, diff);
+}
+
+QCoro::Task<LoadedDiff> AppState::historyDiffOf(Project project, QString path, FileHistoryRevision revision) {
+    const QStringList arguments = historyDiffArguments(project, repositoryInfo, path, revision);
+    const std::shared_ptr<Tool> tool = toolFor(project.kind);
+    const SVNCommandResult result =
+        co_await tool->run(arguments, project.path, CheckStatus::no, RunPurpose::backgroundRead);
+    const auto decode = [path, result] {
+        return loadedDiff(path, result.stdoutData, result.stderrData);
+    };
+    co_return co_await QtConcurrent::run(&workers, decode);
+}
+
+void AppState::publishHistoryDiff(const std::optional<FileRevisionID> &id, const LoadedDiff &diff) {
+    const QString old = historyDiffText;
+    historyDiffPreview = diff.preview;
+    historyDiffText = diff.text;
+    historyDiffID = id;
+    release(old);
+}
+
+} // namespace kestor

@@ -1,0 +1,170 @@
+#include "controller/app_state.h"
+#include "controller/combined_output.h"
+#include "controller/history_commands.h"
+#include "controller/svn_target.h"
+#include "controller/written_file.h"
+#include "rules/working_copy_paths.h"
+
+#include <QCoroFuture>
+#include <QFileInfo>
+#include <QtConcurrent>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+namespace {
+
+using Answer = std::optional<QMap<QString, QString>>;
+
+QString rollbackQuestion(RepositoryKind kind, const QString &revision) {
+    const QString what =
+        kind == RepositoryKind::svn ? u"Reverse-merge r"_s + revision : u"Revert "_s + revision.left(7);
+    return what + u" into the working copy? Review the resulting changes before committing."_s;
+}
+
+} // namespace
+
+QCoro::Task<> AppState::rollbackSelectedRevision() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    const bool isGit = project->kind == RepositoryKind::git;
+    const std::optional<qint64> number = selectedRevision;
+    const QString revision = isGit ? selectedRevisionToken() : number ? QString::number(*number) : QString();
+    if (revision.isEmpty()) {
+        showAlert(isGit ? u"No Commit Selected"_s : u"No Revision Selected"_s,
+                  isGit ? u"Select a Git commit in History first."_s : u"Select a revision in History first."_s);
+        co_return;
+    }
+    const QString title = isGit ? u"Rollback Commit"_s : u"Rollback Revision"_s;
+    const bool confirmed = co_await user.confirm(title, rollbackQuestion(project->kind, revision));
+    if (confirmed)
+        co_await runAskedCommand(*project, u"Rollback"_s, rollbackArguments(project->kind, revision),
+                                 RefreshAfter::yes);
+}
+
+QCoro::Task<> AppState::showDiffAgainstRevision() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    const QString token = selectedRevisionToken();
+    const QList<PromptField> fields{{u"revision"_s, u"Revision Or Range"_s, token.isEmpty() ? u"BASE"_s : token},
+                                    {u"path"_s, u"Path"_s, selectedActionPath()}};
+    const Answer answer = co_await user.prompt(u"Diff"_s, fields);
+    if (!answer || answer->value(u"revision"_s).isEmpty())
+        co_return;
+    const QString path = typedTarget(*project, answer->value(u"path"_s));
+    const QStringList arguments = diffAgainstArguments(project->kind, answer->value(u"revision"_s), path);
+    co_await runAskedCommand(*project, u"Diff"_s, arguments, RefreshAfter::no);
+}
+
+QCoro::Task<> AppState::pullFileAtRevision() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    const QList<PromptField> fields = pathAndRevisionFields(selectedActionPath(), selectedRevisionToken());
+    const Answer answer = co_await user.prompt(u"Pull File"_s, fields);
+    if (!answer || answer->value(u"path"_s).isEmpty() || answer->value(u"revision"_s).isEmpty())
+        co_return;
+    const QString path = typedTarget(*project, answer->value(u"path"_s));
+    const QStringList arguments = pullFileArguments(project->kind, answer->value(u"revision"_s), path);
+    co_await runAskedCommand(*project, u"Pull File"_s, arguments, RefreshAfter::yes);
+}
+
+QCoro::Task<> AppState::catTarget() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    const QList<PromptField> fields{{u"target"_s, u"URL Or Path"_s, selectedActionPath()},
+                                    {u"revision"_s, u"Revision"_s, selectedRevisionToken()}};
+    const Answer answer = co_await user.prompt(u"Cat"_s, fields);
+    if (!answer || answer->value(u"target"_s).isEmpty())
+        co_return;
+    const QString target = typedTarget(*project, answer->value(u"target"_s));
+    const QStringList arguments = catArguments(project->kind, answer->value(u"revision"_s), target);
+    co_await runAskedCommand(*project, u"Cat"_s, arguments, RefreshAfter::no);
+}
+
+QCoro::Task<> AppState::listTarget() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    const QList<PromptField> fields{{u"target"_s, u"URL Or Path"_s, repositoryInfo.value().url.value_or(QString())}};
+    const Answer answer = co_await user.prompt(u"List"_s, fields);
+    if (!answer || answer->value(u"target"_s).isEmpty())
+        co_return;
+    const QStringList arguments{u"list"_s, typedTarget(*project, answer->value(u"target"_s))};
+    co_await runSelectedProjectCommand(u"List"_s, arguments, RefreshAfter::no, ShowOutput::always);
+}
+
+QCoro::Task<> AppState::exportFileAtRevision() {
+    const RunningOperations::Scope running(operations);
+    const std::optional<Project> project = requiredProject();
+    if (!project)
+        co_return;
+    const QList<PromptField> fields = pathAndRevisionFields(selectedActionPath(), selectedRevisionToken());
+    const Answer answer = co_await user.prompt(u"Export File"_s, fields);
+    if (!answer || answer->value(u"path"_s).isEmpty() || answer->value(u"revision"_s).isEmpty())
+        co_return;
+    const QString path = answer->value(u"path"_s);
+    const std::optional<QString> destination =
+        co_await user.chooseSaveFile(u"Save File At Revision"_s, u"Save"_s, path.section(u'/', -1));
+    if (!destination)
+        co_return;
+    const QStringList arguments =
+        catArguments(project->kind, answer->value(u"revision"_s), typedTarget(*project, path));
+    co_await reporting(u"Export File Failed"_s, exportFile(*project, arguments, *destination));
+}
+
+QCoro::Task<> AppState::exportFile(Project project, QStringList arguments, QString destination) {
+    SVNCommandResult result;
+    {
+        const BusyScope exporting(busy, u"Exporting file"_s);
+        const std::shared_ptr<Tool> tool = toolFor(project.kind);
+        result = co_await tool->run(arguments, project.path, CheckStatus::yes);
+        const auto save = [content = result.stdoutData, destination] {
+            return writeFile(destination, content);
+        };
+        const QString failure = co_await QtConcurrent::run(&workers, save);
+        if (!failure.isEmpty())
+            throw SVNClientError::launchFailed(failure);
+    }
+    commandOutput = combinedOutput(u"Export File"_s, result.commandLine, result.status,
+                                   QStringList(u"Saved "_s + destination), QStringList());
+}
+
+QCoro::Task<> AppState::runAskedCommand(Project project, QString title, QStringList arguments,
+                                        RefreshAfter refreshAfter) {
+    if (project.kind == RepositoryKind::git)
+        return runGitCommand(title, arguments, project.path, refreshAfter, ShowOutput::always);
+    return runCommand(title, arguments, project.path, refreshAfter, ShowOutput::always);
+}
+
+QString AppState::selectedActionPath() const {
+    if (selectedTab.value() == WorkflowTab::history && selectedHistoryPath.value())
+        return *selectedHistoryPath.value();
+    const QList<WorkingCopyItem> items = actionItems();
+    return items.isEmpty() ? QString() : items.first().path;
+}
+
+QString AppState::typedTarget(const Project &project, const QString &text) const {
+    if (project.kind == RepositoryKind::git)
+        return text;
+    const auto hasPath = [&text](const WorkingCopyItem &item) {
+        return item.path == text;
+    };
+    const QList<WorkingCopyItem> &rows = changes.value();
+    const bool known = fileHistoryItems.value().indexOf(text) || std::any_of(rows.begin(), rows.end(), hasPath) ||
+                       QFileInfo::exists(absolutePath(text, project.path));
+    return known ? svnTarget(text) : text;
+}
+
+} // namespace kestor

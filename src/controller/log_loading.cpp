@@ -1,0 +1,88 @@
+#include "controller/log_loading.h"
+
+#include "controller/file_grouping.h"
+#include "controller/tool_text.h"
+#include "parsers/git_parsers.h"
+#include "parsers/svn_xml_parsers.h"
+#include "tools/arguments.h"
+
+#include <algorithm>
+
+namespace kestor {
+
+namespace {
+
+QCoro::Task<bool> isBeforeFirstCommit(std::shared_ptr<Tool> git, QString directory) {
+    const SVNCommandResult head = co_await git->run(args(u"rev-parse", u"--verify", u"--quiet", u"HEAD"), directory,
+                                                    CheckStatus::no, RunPurpose::backgroundRead);
+    // Outside of a repository the status is another one.
+    co_return head.status == 1;
+}
+
+const LogEntry *entryOf(const QList<LogEntry> &entries, qint64 revision) {
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [revision](const LogEntry &entry) { return entry.revision == revision; });
+    return found == entries.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+QStringList logArguments(RepositoryKind kind) {
+    if (kind == RepositoryKind::svn)
+        return args(u"log", u"--xml", u"--verbose");
+    return args(u"log", u"--date=iso-strict", u"--name-status",
+                u"--format=--KESTOR-GIT-COMMIT--%H%x09%an%x09%aI%x09%s");
+}
+
+QCoro::Task<QByteArray> printedLog(std::shared_ptr<Tool> tool, Project project) {
+    const SVNCommandResult result =
+        co_await tool->run(logArguments(project.kind), project.path, CheckStatus::no, RunPurpose::backgroundRead);
+    if (result.status == 0)
+        co_return result.stdoutData;
+    bool isEmpty = false;
+    if (project.kind == RepositoryKind::git)
+        isEmpty = co_await isBeforeFirstCommit(tool, project.path);
+    if (!isEmpty)
+        throw SVNClientError::commandFailed(result);
+    co_return QByteArray();
+}
+
+QList<LogEntry> loadedLog(RepositoryKind kind, const QByteArray &output, const QList<QList<LogEntry>> &known) {
+    const QList<LogEntry> entries =
+        kind == RepositoryKind::svn ? parsedOutput<LogParser>(output) : GitParsers::parseLog(toolText(output));
+    const qsizetype same = known.indexOf(entries);
+    return same < 0 ? entries : known[same];
+}
+
+LoadedHistory loadedHistory(const QList<LogEntry> &entries, const QString &relativeURL, const LoadedHistory &before) {
+    const bool asBefore = entries.isSharedWith(before.entries) && relativeURL == before.files.relativeURL();
+    return {entries, asBefore ? before.files : groupedByFile(entries, relativeURL)};
+}
+
+std::optional<qint64> revisionAfterLoad(std::optional<qint64> revision, const QList<LogEntry> &before,
+                                        const QList<LogEntry> &after) {
+    const LogEntry *const entry = revision ? entryOf(before, *revision) : nullptr;
+    if (entry == nullptr || !entry->commitHash)
+        return revision;
+    const auto moved = std::find_if(after.begin(), after.end(),
+                                    [entry](const LogEntry &other) { return other.commitHash == entry->commitHash; });
+    return moved == after.end() ? revision : moved->revision;
+}
+
+std::optional<qint64> revisionToSelect(const FileHistoryRevisions &revisions, std::optional<qint64> revision) {
+    if (revision && revisions.indexOf(*revision))
+        return revision;
+    return revisions.isEmpty() ? std::nullopt : std::optional(revisions.revisionAt(0));
+}
+
+HistorySelection selectionAfterLoad(const LoadedHistory &loaded, const HistorySelection &before) {
+    if (loaded.files.isEmpty()) {
+        const QList<LogEntry> &entries = loaded.entries;
+        return {std::nullopt, entries.isEmpty() ? std::nullopt : std::optional(entries.first().revision)};
+    }
+    const std::optional<qsizetype> known = before.path ? loaded.files.indexOf(*before.path) : std::nullopt;
+    const FileHistoryItem item = loaded.files[known.value_or(0)];
+    return {item.path, revisionToSelect(item.revisions, before.revision)};
+}
+
+} // namespace kestor
