@@ -113,9 +113,7 @@ QCoro::Task<SVNCommandResult> AppState::commitToGit(Project project, CommitReque
 
 QCoro::Task<> AppState::reloadAfterChange() {
     ++repositoryChanges;
-    co_await loadStatus(RunPurpose::userCommand);
-    co_await loadInfo();
-    co_await loadShownLog();
+    return reloadEverything(RunPurpose::userCommand);
 }
 
 } // namespace kestor

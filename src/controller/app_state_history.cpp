@@ -1,6 +1,5 @@
 #include "controller/app_state.h"
 #include "controller/file_grouping.h"
-#include "controller/history_diff.h"
 
 #include <QCoroFuture>
 #include <QtConcurrent>
@@ -100,34 +99,6 @@ void AppState::resetHistory() {
     release(before);
 }
 
-QCoro::Task<> AppState::loadHistorySummary(Project project) {
-    const RunningOperations::Scope running(operations);
-    if (historySummaryAsked)
-        co_return;
-    historySummaryAsked = true;
-    const QList<LogEntry> entries = logEntries;
-    LineChangeSummary summary;
-    try {
-        if (!entries.isEmpty())
-            summary = co_await historySummaryOf(project, entries);
-    } catch (const SVNClientError &) {
-        // The zero summary says that nothing is known.
-    }
-    if (selectedProjectID.value() == project.id && logEntries.value().isSharedWith(entries))
-        historyLineSummary = summary;
-}
-
-QCoro::Task<LineChangeSummary> AppState::historySummaryOf(Project project, QList<LogEntry> entries) {
-    const QStringList arguments = historySummaryArguments(project.kind, repositoryInfo, entries);
-    const std::shared_ptr<Tool> tool = toolFor(project.kind);
-    const SVNCommandResult result =
-        co_await tool->run(arguments, project.path, CheckStatus::yes, RunPurpose::backgroundRead);
-    const auto count = [kind = project.kind, output = result.stdoutData] {
-        return historyLineChanges(kind, output);
-    };
-    co_return co_await QtConcurrent::run(&workers, count);
-}
-
 std::optional<FileHistoryItem> AppState::selectedFileHistoryItem() const {
     const FileHistory &files = fileHistoryItems.value();
     const std::optional<QString> &path = selectedHistoryPath.value();
@@ -151,50 +122,6 @@ QString AppState::selectedRevisionToken() const {
     const bool isIncoming = selectedTab.value() == WorkflowTab::incoming;
     const std::optional<qint64> revision = isIncoming ? selectedIncomingRevision : selectedRevision;
     return revision ? QString::number(*revision) : QString();
-}
-
-QCoro::Task<> AppState::selectedHistoryPathChanged() {
-    const std::optional<FileHistoryItem> item = selectedFileHistoryItem();
-    selectedRevision = revisionToSelect(item ? item->revisions : FileHistoryRevisions(), selectedRevision);
-    return selectedHistoryRevisionChanged();
-}
-
-QCoro::Task<> AppState::selectedHistoryRevisionChanged() {
-    return reporting(u"Diff Failed"_s, loadDiffForSelectedHistoryRevision());
-}
-
-QCoro::Task<> AppState::loadDiffForSelectedHistoryRevision() {
-    const quint64 generation = ++historyDiffGeneration;
-    const std::optional<Project> project = selectedProject();
-    const std::optional<QString> path = selectedHistoryPath;
-    const std::optional<FileHistoryRevision> revision = selectedFileHistoryRevision();
-    LoadedDiff diff;
-    std::optional<FileRevisionID> id;
-    if (project && revision) {
-        id = FileRevisionID{*path, revision->revision};
-        diff = co_await historyDiffOf(*project, *path, *revision);
-    }
-    if (generation == historyDiffGeneration)
-        publishHistoryDiff(id, diff);
-}
-
-QCoro::Task<LoadedDiff> AppState::historyDiffOf(Project project, QString path, FileHistoryRevision revision) {
-    const QStringList arguments = historyDiffArguments(project, repositoryInfo, path, revision);
-    const std::shared_ptr<Tool> tool = toolFor(project.kind);
-    const SVNCommandResult result =
-        co_await tool->run(arguments, project.path, CheckStatus::no, RunPurpose::backgroundRead);
-    const auto decode = [path, result] {
-        return loadedDiff(path, result.stdoutData, result.stderrData);
-    };
-    co_return co_await QtConcurrent::run(&workers, decode);
-}
-
-void AppState::publishHistoryDiff(const std::optional<FileRevisionID> &id, const LoadedDiff &diff) {
-    const QString old = historyDiffText;
-    historyDiffPreview = diff.preview;
-    historyDiffText = diff.text;
-    historyDiffID = id;
-    release(old);
 }
 
 } // namespace kestor

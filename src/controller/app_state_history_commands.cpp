@@ -58,8 +58,11 @@ QCoro::Task<> AppState::showDiffAgainstRevision() {
     const Answer answer = co_await user.prompt(u"Diff"_s, fields);
     if (!answer || answer->value(u"revision"_s).isEmpty())
         co_return;
-    const QString path = typedTarget(*project, answer->value(u"path"_s));
-    const QStringList arguments = diffAgainstArguments(project->kind, answer->value(u"revision"_s), path);
+    const QString revision = answer->value(u"revision"_s);
+    const QString path = answer->value(u"path"_s);
+    const bool isKnown = isKnownSvnPath(*project, path);
+    const QString target = isKnown ? svnDiffTarget(path, revision) : path;
+    const QStringList arguments = diffAgainstArguments(project->kind, revision, target);
     co_await runAskedCommand(*project, u"Diff"_s, arguments, RefreshAfter::no);
 }
 
@@ -156,15 +159,18 @@ QString AppState::selectedActionPath() const {
 }
 
 QString AppState::typedTarget(const Project &project, const QString &text) const {
-    if (project.kind == RepositoryKind::git)
-        return text;
+    return isKnownSvnPath(project, text) ? svnTarget(text) : text;
+}
+
+bool AppState::isKnownSvnPath(const Project &project, const QString &text) const {
+    if (project.kind == RepositoryKind::git || text.isEmpty())
+        return false;
     const auto hasPath = [&text](const WorkingCopyItem &item) {
         return item.path == text;
     };
     const QList<WorkingCopyItem> &rows = changes.value();
-    const bool known = fileHistoryItems.value().indexOf(text) || std::any_of(rows.begin(), rows.end(), hasPath) ||
-                       QFileInfo::exists(absolutePath(text, project.path));
-    return known ? svnTarget(text) : text;
+    return fileHistoryItems.value().indexOf(text) || std::any_of(rows.begin(), rows.end(), hasPath) ||
+           QFileInfo::exists(absolutePath(text, project.path));
 }
 
 } // namespace kestor

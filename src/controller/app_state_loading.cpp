@@ -49,10 +49,16 @@ QCoro::Task<> AppState::refreshStatus() {
 QCoro::Task<> AppState::refresh(RunPurpose purpose) {
     const RunningOperations::Scope running(operations);
     co_await refreshSelectedProjectKind();
-    const QCoro::Task<> info = loadInfo();
-    co_await loadStatus(purpose);
-    co_await info;
+    co_await reloadEverything(purpose);
+}
+
+QCoro::Task<> AppState::reloadEverything(RunPurpose purpose) {
+    const RunningOperations::Scope running(operations);
+    // The log does not wait for the diffs of the Changes tab. Its busy message is the later one and stays.
+    const QCoro::Task<> status = loadStatus(purpose);
+    co_await loadInfo();
     co_await loadShownLog();
+    co_await status;
 }
 
 QCoro::Task<> AppState::loadShownLog() {

@@ -4,7 +4,6 @@
 #include "model/file_order.h"
 
 #include <QHash>
-#include <QUrl>
 
 #include <algorithm>
 #include <limits>
@@ -24,9 +23,7 @@ constexpr quint32 noFile = std::numeric_limits<quint32>::max();
 class Grouping {
 public:
     Grouping(const QList<LogEntry> &entries, const QString &relativeURL)
-        : source(std::make_shared<FileHistorySource>()),
-          // The log's paths are not escaped.
-          folder(repositoryFolder(QUrl::fromPercentEncoding(relativeURL.toUtf8()))) {
+        : source(std::make_shared<FileHistorySource>()), folder(repositoryFolder(relativeURL)) {
         source->entries = entries;
         source->relativeURL = relativeURL;
     }

@@ -15,10 +15,6 @@
 
 namespace kestor {
 
-/// The change of the file at `path` (relative to the working copy) in a revision of it; nothing when none is its own.
-std::optional<SVNPathChange> changeOf(const QString &path, const FileHistoryRevision &revision,
-                                      const QString &relativeURL);
-
 /// What `svn diff -c` of one revision of a file names: the changed path's URL as of that revision, as of the one before
 /// for a deletion, so that it does not matter what became of the file since; else the working-copy path.
 QString svnHistoryTarget(const RepositoryInfo &info, const QString &path, const FileHistoryRevision &revision);
@@ -26,6 +22,35 @@ QString svnHistoryTarget(const RepositoryInfo &info, const QString &path, const 
 /// The vector that prints what a revision changed in a file.
 QStringList historyDiffArguments(const Project &project, const RepositoryInfo &info, const QString &path,
                                  const FileHistoryRevision &revision);
+
+/// One version of a file as svnContent takes it.
+struct SvnVersion {
+    QString source{};
+    qint64 revision = 0;
+
+    friend bool operator==(const SvnVersion &, const SvnVersion &) = default;
+};
+
+/// The versions of a file before and after a revision, as far as there are such.
+struct SvnVersions {
+    std::optional<SvnVersion> before{};
+    std::optional<SvnVersion> after{};
+
+    friend bool operator==(const SvnVersions &, const SvnVersions &) = default;
+};
+
+/// A file that `action` adds has no version before it, one that it deletes none after it.
+SvnVersions svnVersions(const RepositoryInfo &info, const QString &path, const FileHistoryRevision &revision);
+
+/// The same for Git as what gitContent takes for a revision: the first parent, which the first commit lacks, and the
+/// commit.
+struct GitVersions {
+    std::optional<QString> before{};
+    std::optional<QString> after{};
+
+    friend bool operator==(const GitVersions &, const GitVersions &) = default;
+};
+GitVersions gitVersions(const FileHistoryRevision &revision);
 
 /// The vector that prints what the line summary of `entries` (newest first, not empty) is counted from.
 QStringList historySummaryArguments(RepositoryKind kind, const RepositoryInfo &info, const QList<LogEntry> &entries);

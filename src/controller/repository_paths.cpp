@@ -33,7 +33,7 @@ std::optional<QString> urlBelow(const std::optional<QString> &url, const QString
 } // namespace
 
 QString repositoryFolder(const QString &relativeURL) {
-    QString path = relativeURL;
+    QString path = QUrl::fromPercentEncoding(relativeURL.toUtf8());
     path.remove(u'^');
     return withoutOuterSlashes(path).toString();
 }

@@ -9,7 +9,8 @@
 
 namespace kestor {
 
-/// What a working copy's folder is called in the repository: `relativeURL` ("^/trunk") without "^" and outer slashes.
+/// What a working copy's folder is called in the repository, as the log prints it: `relativeURL` ("^/my%20trunk")
+/// without escapes, "^" and outer slashes.
 QString repositoryFolder(const QString &relativeURL);
 
 /// The path below `folder` (as repositoryFolder gives it) of a path of the repository: "." for the folder itself, and

@@ -12,4 +12,7 @@ QString svnTarget(const QString &path);
 /// one follows.
 QString svnDiffTarget(const QString &path);
 
+/// The target for `svn diff -r REVISION`, which with "BASE" compares working files alone.
+QString svnDiffTarget(const QString &path, const QString &revision);
+
 } // namespace kestor

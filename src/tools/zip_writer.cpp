@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
 #include <cerrno>
@@ -137,17 +138,33 @@ void ZipWriter::addContent(const fs::path &path) {
         throw cannotRead(path, lastError());
 }
 
+/// What is in a folder, by the bytes of the names, so that the same tree always gives the same zip.
+std::vector<fs::directory_entry> sortedEntries(const fs::path &folder) {
+    std::error_code error;
+    std::vector<fs::directory_entry> entries;
+    for (fs::directory_iterator walk(folder, error), end; !error && walk != end; walk.increment(error))
+        entries.push_back(*walk);
+    if (error)
+        throw cannotRead(folder, error);
+    const auto path = [](const fs::directory_entry &entry) -> const std::string & {
+        return entry.path().native();
+    };
+    std::ranges::sort(entries, {}, path);
+    return entries;
+}
+
+void addContents(ZipWriter &zip, const fs::path &folder, std::size_t nameStart) {
+    for (const fs::directory_entry &entry : sortedEntries(folder)) {
+        zip.add(entry.path(), entry.path().native().substr(nameStart));
+        if (entry.symlink_status().type() == fs::file_type::directory)
+            addContents(zip, entry.path(), nameStart);
+    }
+}
+
 void addTree(ZipWriter &zip, const fs::path &root) {
     const std::size_t nameStart = root.native().rfind('/') + 1;
     zip.add(root / "", root.native().substr(nameStart)); // with "/" at the end: the folder even if the path is a link
-    std::error_code error;
-    fs::path current = root;
-    for (fs::recursive_directory_iterator walk(root, error), end; !error && walk != end; walk.increment(error)) {
-        current = walk->path();
-        zip.add(current, current.native().substr(nameStart));
-    }
-    if (error)
-        throw cannotRead(current, error);
+    addContents(zip, root, nameStart);
 }
 
 fs::path nativePath(const QString &path) {
