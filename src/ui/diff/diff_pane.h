@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/working_copy_item.h"
+#include "ui/diff/diff_bar.h"
 #include "ui/diff/diff_view.h"
 #include "ui/diff/document_loader.h"
 #include "ui/diff/title_painter.h"
@@ -16,7 +17,6 @@ class QStackedLayout;
 
 namespace kestor {
 
-class DiffBar;
 class Placeholder;
 
 /// Whose diff a pane shows. A text for the path that is shown already keeps the scroll position.
@@ -42,6 +42,13 @@ public:
     /// The file's name and `message` in the middle, for a file that is not shown as text.
     void showNotice(const DiffSubject &newSubject, const QString &message);
 
+    /// Gives the pane a widget that can stand in for the diff beneath the same bar.
+    void setPreview(QWidget *widget);
+    /// Shows that widget under the subject's title.
+    void showPreview(const DiffSubject &newSubject);
+    /// Which form the switch in the bar says is shown; absent: there is no switch.
+    void setForm(std::optional<DetailForm> form);
+
     /// From any place of the window; `outside` when the next row of the list is due.
     StepResult stepHunk(CaretDirection direction);
     StepResult stepFile(CaretDirection direction);
@@ -60,6 +67,8 @@ signals:
     /// The keys N and P, or a button, asked for a hunk that the diff does not have.
     void pastLastHunk();
     void beforeFirstHunk();
+    /// By the switch or the key V.
+    void formChosen(kestor::DetailForm form);
     /// From the pane's own menu too, so that all panes can follow.
     void textSizeDeltaChanged(int delta);
 
@@ -70,6 +79,8 @@ private:
     void makeActions();
     void showDocument(const DiffDocumentPtr &document);
     void showMessage(const QString &heading, const QString &explanation);
+    void leaveDiff(QWidget *shown);
+    bool hasFocusInStack() const;
     void updateTitle();
     void updateHunks();
     void copyPath() const;
@@ -84,6 +95,8 @@ private:
     QStackedLayout *stack;
     DiffView *view;
     Placeholder *placeholder;
+    QWidget *preview = nullptr;
+    std::optional<DetailForm> shownForm{};
     QAction *copy = nullptr;
     QAction *copyPrinted = nullptr;
     DocumentLoader loader;

@@ -181,6 +181,7 @@ void MainWindow::setSidebarHidden(bool hidden) {
 void MainWindow::restore(const WindowState &saved) {
     setSidebarHidden(saved.sidebarHidden);
     changes->diffPane().setTextSizeDelta(saved.textSize);
+    changes->detailPane().setFormChoices(saved.forms);
     columns->setSizes({saved.sidebarWidth, defaultSize.width() - saved.sidebarWidth});
     listWidth = saved.listWidth;
     changes->splitter().setSizes({listWidth, defaultSize.width() - saved.sidebarWidth - listWidth});
@@ -199,6 +200,7 @@ WindowState MainWindow::currentState() const {
     current.sidebarWidth = sidebar->width();
     current.listWidth = content->currentWidget() == firstRun ? listWidth : changes->splitter().sizes().value(0);
     current.textSize = changes->diffPane().textSizeDelta();
+    current.forms = changes->detailPane().formChoices();
     return current;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/preview/detail_pane.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QRect>
@@ -18,6 +20,7 @@ struct WindowState {
     bool sidebarHidden = false;
     int listWidth = 400;
     int textSize = 0; ///< pixels that diffs and output are larger than the system's fixed font
+    FormChoices forms{};
 
     friend bool operator==(const WindowState &, const WindowState &) = default;
 };

@@ -133,6 +133,13 @@ Drawing drawingOf(Icon icon) {
         break;
     case Icon::warning:
         return warningDrawing();
+    case Icon::play:
+        drawing.areas.addPolygon(QPolygonF({{4.5, 2.5}, {13, 8}, {4.5, 13.5}}));
+        break;
+    case Icon::pause:
+        drawing.areas.addRect(4, 3, 2.75, 10);
+        drawing.areas.addRect(9.25, 3, 2.75, 10);
+        break;
     }
     return drawing;
 }

@@ -27,6 +27,8 @@ enum class Icon : std::uint8_t {
     close,
     check,
     warning,
+    play,
+    pause,
 };
 
 QIcon icon(Icon icon);

@@ -4,6 +4,7 @@
 #include "ui/list/filter_field.h"
 #include "ui/list/row_list_view.h"
 #include "ui/look/line_splitter.h"
+#include "ui/preview/detail_pane.h"
 #include "ui/tabs/change_detail.h"
 #include "ui/tabs/change_row_menu.h"
 #include "ui/tabs/changes_column.h"
@@ -29,16 +30,16 @@ constexpr std::chrono::milliseconds holdTime{400};
 } // namespace
 
 ChangesTab::ChangesTab(AppState &state, QWidget *parent)
-    : QWidget(parent), app(state), column(new ChangesColumn(rows)), pane(new DiffPane),
-      parts(new LineSplitter(Qt::Horizontal, this)), detail(new ChangeDetail(state, *pane, this)),
+    : QWidget(parent), app(state), column(new ChangesColumn(rows)), details(new DetailPane), pane(&details->diffPane()),
+      parts(new LineSplitter(Qt::Horizontal, this)), detail(new ChangeDetail(state, *details, this)),
       rowActions(new QActionGroup(this)), revertPath(rowActions->addAction(tr("Revert This Path..."))) {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(parts);
     parts->addWidget(column);
-    parts->addWidget(pane);
+    parts->addWidget(details);
     parts->setStretchFactor(1, 1);
-    pane->setMinimumWidth(smallestDetail);
+    details->setMinimumWidth(smallestDetail);
     parts->setSizes({listWidth, smallestDetail});
     holding.setSingleShot(true);
     holding.setInterval(holdTime);

@@ -22,6 +22,7 @@ namespace kestor {
 
 class ChangeDetail;
 class ChangesColumn;
+class DetailPane;
 class DiffPane;
 class LineSplitter;
 
@@ -35,6 +36,7 @@ public:
 
     /// List column and detail; its state is the frame's to save and share.
     QSplitter &splitter();
+    DetailPane &detailPane() { return *details; }
     DiffPane &diffPane() { return *pane; }
     /// What the row menu offers for the ticked rows; the actions must outlive the tab.
     void setRowActions(const QList<QAction *> &actions) { tickedActions = actions; }
@@ -79,7 +81,8 @@ private:
     AppState &app;
     ChangeRows rows{};
     ChangesColumn *column;
-    DiffPane *pane;
+    DetailPane *details;
+    DiffPane *pane; ///< of `details`
     LineSplitter *parts;
     ChangeDetail *detail;
     QList<QAction *> tickedActions{};
