@@ -114,7 +114,7 @@ TEST(MediaPreview, OfASubversionProjectHasTheVersionsThatExist) {
     };
     const Row rows[] = {
         {"modified.png", "before after"}, {"icon@2x.png", "before after"},    {"-dash.png", "before after"},
-        {"emptied.png", "before empty"},  {"replaced.png", "- after"},   {"added.png", "- after"},
+        {"emptied.png", "before empty"},  {"replaced.png", "- after"},        {"added.png", "- after"},
         {"new.png", "- after"},           {"deleted.png", "before -"},        {"missing.png", "before -"},
         {"linked.png", "before -"},       {"link.png", "Unknown file type."}, {"data.bin", "Unknown file type."},
     };

@@ -20,6 +20,9 @@ public:
     QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
                                       RunPurpose purpose = RunPurpose::userCommand) override;
 
+    /// Fails every unfinished run and all later ones.
+    void stop() override;
+
     /// Ends the first unfinished run with these arguments; false when there is none.
     bool finish(const QStringList &arguments, const QByteArray &output, qint32 status = 0,
                 const QByteArray &errors = {});
@@ -27,6 +30,9 @@ public:
     QList<QStringList> vectors() const;
 
     QList<Run> runs{};
+
+private:
+    bool stopped = false;
 };
 
 } // namespace kestor::testing
