@@ -1,5 +1,6 @@
 #include "ui/diff/diff_pane.h"
 
+#include "ui/diff/diff_bar.h"
 #include "ui/diff/file_heading.h"
 #include "ui/look/elided_path.h"
 #include "ui/look/placeholder.h"
@@ -15,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestor {
 
@@ -84,7 +86,6 @@ DiffPane::DiffPane(QWidget *parent)
     connect(view, &DiffView::beforeFirstHunk, this, &DiffPane::beforeFirstHunk);
     connect(view, &DiffView::customContextMenuRequested, this, &DiffPane::showContextMenu);
     connect(bar, &DiffBar::previousHunkRequested, this, [this] { stepByButton(CaretDirection::back); });
-    connect(bar, &DiffBar::formChosen, this, &DiffPane::formChosen);
     connect(bar, &DiffBar::nextHunkRequested, this, [this] { stepByButton(CaretDirection::ahead); });
 }
 
@@ -119,19 +120,19 @@ bool DiffPane::isShown(const QString &text) const {
 }
 
 void DiffPane::showDiff(const DiffSubject &newSubject, const QString &text) {
-    const bool samePath = newSubject.path == subject.path;
+    const bool sameSubject = newSubject.path == subject.path && newSubject.revision == subject.revision;
     subject = newSubject;
     if (isPlaceholderText(text)) {
         bar->setTitle({subject.item, subject.path, {}});
         showMessage({}, text);
         return;
     }
-    if (samePath && isShown(text)) {
+    if (sameSubject && isShown(text)) {
         loader.cancel();
         updateTitle();
         return;
     }
-    nextChange = samePath && showsDiff() ? DocumentChange::sameSubject : DocumentChange::otherSubject;
+    nextChange = sameSubject && showsDiff() ? DocumentChange::sameSubject : DocumentChange::otherSubject;
     const bool keepsPlace = nextChange == DocumentChange::sameSubject && view->verticalScrollBar()->value() > 0;
     loader.loadDiff(text, keepsPlace ? EarlyView::none : EarlyView::firstPart);
 }
@@ -148,55 +149,30 @@ void DiffPane::showNotice(const DiffSubject &newSubject, const QString &message)
     showMessage(subject.path.sliced(fileNameStart(subject.path)), message);
 }
 
-void DiffPane::setPreview(QWidget *widget) {
-    preview = widget;
-    stack->addWidget(widget);
-}
-
-void DiffPane::showPreview(const DiffSubject &newSubject) {
-    subject = newSubject;
-    bar->setTitle({subject.item, subject.path, {}});
-    leaveDiff(preview);
-}
-
-void DiffPane::setForm(std::optional<DetailForm> form) {
-    shownForm = form;
-    bar->setForm(form);
-}
-
 void DiffPane::showMessage(const QString &heading, const QString &explanation) {
-    placeholder->setText({.heading = heading, .explanation = explanation});
-    leaveDiff(placeholder);
-}
-
-void DiffPane::leaveDiff(QWidget *shown) {
-    const bool hadFocus = hasFocusInStack();
+    const bool hadFocus = view->hasFocus();
     loader.cancel();
-    stack->setCurrentWidget(shown);
+    placeholder->setText({.heading = heading, .explanation = explanation});
+    stack->setCurrentWidget(placeholder);
     view->setDocument(std::make_shared<const DiffDocument>(), DocumentChange::otherSubject);
     bar->setHunks({});
     copyPrinted->setEnabled(false);
     if (hadFocus)
-        takeFocus();
-}
-
-/// Also when a part of what is shown has it.
-bool DiffPane::hasFocusInStack() const {
-    const QWidget *const focused = focusWidget();
-    const QWidget *const shown = stack->currentWidget();
-    return focused != nullptr && focused->hasFocus() && (focused == shown || shown->isAncestorOf(focused));
+        placeholder->setFocus();
 }
 
 void DiffPane::showDocument(const DiffDocumentPtr &document) {
-    const bool hadFocus = hasFocusInStack();
+    const bool hadFocus = placeholder->hasFocus();
     view->setDocument(document, nextChange);
     nextChange = DocumentChange::completed;
     stack->setCurrentWidget(view);
     copyPrinted->setEnabled(true);
     updateTitle();
     updateHunks();
+    if (document->part != DocumentPart::first && std::exchange(beginning, DiffBeginning::firstHunk) == DiffBeginning::lastHunk)
+        view->showLastHunk();
     if (hadFocus)
-        takeFocus();
+        view->setFocus();
 }
 
 void DiffPane::updateTitle() {
@@ -237,8 +213,6 @@ void DiffPane::takeFocus() {
 void DiffPane::keyPressEvent(QKeyEvent *event) {
     if (event->key() == Qt::Key_Escape) {
         emit leaveRequested();
-    } else if (event->key() == Qt::Key_V && event->modifiers() == Qt::NoModifier && shownForm) {
-        emit formChosen(*shownForm == DetailForm::text ? DetailForm::preview : DetailForm::text);
     } else {
         QWidget::keyPressEvent(event);
     }

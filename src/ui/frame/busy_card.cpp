@@ -1,6 +1,6 @@
 #include "ui/frame/busy_card.h"
 
-#include "ui/frame/tone_label.h"
+#include "ui/look/tone_label.h"
 #include "ui/look/metrics.h"
 
 #include <QAccessible>

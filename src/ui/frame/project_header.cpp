@@ -1,7 +1,7 @@
 #include "ui/frame/project_header.h"
 
 #include "ui/frame/commands.h"
-#include "ui/frame/flat_button.h"
+#include "ui/look/flat_button.h"
 #include "ui/frame/header_text.h"
 #include "ui/frame/icon_label.h"
 #include "ui/frame/kind_tag.h"

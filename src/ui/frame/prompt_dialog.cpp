@@ -1,6 +1,6 @@
 #include "ui/frame/prompt_dialog.h"
 
-#include "ui/frame/tone_label.h"
+#include "ui/look/tone_label.h"
 #include "ui/look/accent_button.h"
 #include "ui/look/metrics.h"
 

@@ -27,8 +27,7 @@ enum class Icon : std::uint8_t {
     close,
     check,
     warning,
-    play,
-    pause,
+    archive,
 };
 
 QIcon icon(Icon icon);

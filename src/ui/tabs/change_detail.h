@@ -10,7 +10,7 @@
 
 namespace kestor {
 
-class DetailPane;
+class DiffPane;
 
 /// Brings the diff of the selected change into the detail pane. The old diff stays until the new one is there.
 class ChangeDetail final : public QObject {
@@ -18,7 +18,7 @@ class ChangeDetail final : public QObject {
 
 public:
     /// Both must outlive the detail.
-    ChangeDetail(AppState &state, DetailPane &shownPane, QObject *parent);
+    ChangeDetail(AppState &state, DiffPane &shownPane, QObject *parent);
 
     /// Loads the change that the user has just selected.
     void loadSelected() { app.selectedChangeChanged(); }
@@ -32,7 +32,7 @@ private:
     void show();
 
     AppState &app;
-    DetailPane &pane;
+    DiffPane &pane;
     QTimer showing{};
     std::optional<QString> shownPath{};
 };
