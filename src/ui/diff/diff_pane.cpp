@@ -169,7 +169,8 @@ void DiffPane::showDocument(const DiffDocumentPtr &document) {
     copyPrinted->setEnabled(true);
     updateTitle();
     updateHunks();
-    if (document->part != DocumentPart::first && std::exchange(beginning, DiffBeginning::firstHunk) == DiffBeginning::lastHunk)
+    if (document->part != DocumentPart::first &&
+        std::exchange(beginning, DiffBeginning::firstHunk) == DiffBeginning::lastHunk)
         view->showLastHunk();
     if (hadFocus)
         view->setFocus();

@@ -12,15 +12,15 @@ constexpr QStringView history = u"History";
 constexpr QStringView remote = u"Remote";
 
 template <auto operation>
-QCoro::Task<> call(AppState &state) {
-    return (state.*operation)();
+QCoro::Task<> call(AppState *state) {
+    return (state->*operation)();
 }
 
 /// As a click on the tab does.
 template <WorkflowTab tab>
-QCoro::Task<> show(AppState &state) {
-    state.selectedTab = tab;
-    return state.tabChanged();
+QCoro::Task<> show(AppState *state) {
+    state->selectedTab = tab;
+    return state->tabChanged();
 }
 
 constexpr CommandRow rows[] = {
@@ -35,7 +35,8 @@ constexpr CommandRow rows[] = {
     {Command::info, repository, u"Info", u"", beginsGroup, call<&AppState::showRepositoryInfo>},
     {Command::revertSelected, workingCopy, u"Revert Selected", u"", follows, call<&AppState::revertSelectedPaths>},
     {Command::ignoreSelected, workingCopy, u"Ignore Selected", u"", follows, call<&AppState::ignoreSelectedPaths>},
-    {Command::includeIgnoredPath, workingCopy, u"Include Ignored Path...", u"", follows, call<&AppState::includeIgnoredPath>},
+    {Command::includeIgnoredPath, workingCopy, u"Include Ignored Path...", u"", follows,
+     call<&AppState::includeIgnoredPath>},
     {Command::showLog, history, u"Show Log", u"", follows, show<WorkflowTab::history>},
     {Command::showArchives, history, u"Show Archives", u"", follows, show<WorkflowTab::archives>},
     {Command::diffAgainstRevision, history, u"Diff Against Revision...", u"", beginsGroup,

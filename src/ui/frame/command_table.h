@@ -43,7 +43,7 @@ struct CommandRow { // NOLINT(clang-analyzer-optin.performance.Padding)
     QStringView label;
     QStringView shortcut; ///< "" for none; the menu shows the first of several
     Place place;
-    QCoro::Task<> (*operation)(AppState &);
+    QCoro::Task<> (*operation)(AppState *);
 };
 
 /// All items, by menu and in the order shown.

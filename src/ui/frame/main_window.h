@@ -2,9 +2,9 @@
 
 #include "controller/app_state.h"
 #include "ui/frame/busy_clock.h"
-#include "ui/tabs/observers.h"
 #include "ui/frame/pane_cycle.h"
 #include "ui/frame/window_state.h"
+#include "ui/tabs/observers.h"
 
 #include <QMainWindow>
 #include <QPointer>

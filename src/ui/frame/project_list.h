@@ -73,7 +73,7 @@ private:
 
     ProjectListModel *listModel;
     class QTimer *settling; ///< while an arrow key repeats
-    QUuid selected{};          ///< the project last shown as the current one
+    QUuid selected{};       ///< the project last shown as the current one
     Moving moving = Moving::allowed;
     bool followsState = false; ///< a change of the current row does not come from the user
     bool keyRepeats = false;

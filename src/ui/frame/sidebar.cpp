@@ -1,11 +1,11 @@
 #include "ui/frame/sidebar.h"
 
 #include "ui/frame/commands.h"
-#include "ui/look/flat_button.h"
 #include "ui/frame/project_list.h"
-#include "ui/look/tone_label.h"
+#include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
+#include "ui/look/tone_label.h"
 
 #include <QAction>
 #include <QHBoxLayout>

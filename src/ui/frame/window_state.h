@@ -20,7 +20,7 @@ struct WindowState {
     int archivesWidth = 680;
     int messageHeight = 0;   ///< of the commit panel; 0 for what it asks for
     int revisionsHeight = 0; ///< of the revisions in History; 0 for five of them
-    int textSize = 0; ///< pixels that diffs and output are larger than the system's fixed font
+    int textSize = 0;        ///< pixels that diffs and output are larger than the system's fixed font
 
     friend bool operator==(const WindowState &, const WindowState &) = default;
 };

@@ -38,10 +38,10 @@ ArchiveCard::ArchiveCard(QAction *createZip, QWidget *parent)
     setBackgroundRole(QPalette::Base);
     constexpr int room = AccentButton::frameRoom;
     auto *layout = new QGridLayout(this);
-    layout->setContentsMargins(paneEdge, paneEdge, paneEdge, paneEdge + 1 - room);
+    layout->setContentsMargins(paneEdge - room, paneEdge, paneEdge, paneEdge + 1 - room);
     layout->setHorizontalSpacing(0);
     layout->setVerticalSpacing(0);
-    layout->setColumnMinimumWidth(0, tileSide + paneEdge);
+    layout->setColumnMinimumWidth(0, room + tileSide + paneEdge);
     layout->setColumnStretch(1, 1);
     layout->setRowMinimumHeight(0, tileSide / 2);
     layout->setRowMinimumHeight(1, tileSide / 2);
@@ -50,7 +50,7 @@ ArchiveCard::ArchiveCard(QAction *createZip, QWidget *parent)
     layout->addWidget(folder, 1, 1);
     layout->addWidget(button, 3, 0, 1, 2, Qt::AlignLeft);
     button->setFixedHeight(buttonHeight + 2 * room);
-    button->setContentsMargins({});
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + 2 * (paneEdge + room));
     connect(button, &QPushButton::clicked, createZip, &QAction::trigger);
     applyLook();
 }

@@ -22,9 +22,8 @@ ArchiveDetail::ArchiveDetail(QAction *createZip, QWidget *parent) : QWidget(pare
     connect(paths, &RowListView::rowMenuRequested, this, [this](int row, const QPoint &position) {
         auto *menu = new QMenu(this);
         menu->setAttribute(Qt::WA_DeleteOnClose);
-        menu->addAction(tr("Copy Path"), [path = rows.copiedText(rows.recordAt(row))] {
-            QGuiApplication::clipboard()->setText(path);
-        });
+        menu->addAction(tr("Copy Path"),
+                        [path = rows.copiedText(rows.recordAt(row))] { QGuiApplication::clipboard()->setText(path); });
         menu->popup(position);
     });
 }

@@ -16,7 +16,8 @@ namespace kestor {
 
 ChangesTab::ChangesTab(AppState &state, QWidget *parent)
     : ListTab(state, parent), column(new ChangesColumn(rows)), rowActions(new QActionGroup(this)),
-      revertPath(rowActions->addAction(tr("Revert This Path..."))), revertAll(rowActions->addAction(tr("Revert All..."))) {
+      revertPath(rowActions->addAction(tr("Revert This Path..."))),
+      revertAll(rowActions->addAction(tr("Revert All..."))) {
     auto *diffs = new DiffPane;
     detail = new ChangeDetail(state, *diffs, this);
     setParts(column, &column->filteredList(), diffs);
@@ -91,9 +92,9 @@ void ChangesTab::setAccess(TickAccess access) {
 }
 
 void ChangesTab::showEmptyText() {
-    column->filteredList().setEmptyText(app.changesLoaded
-                             ? PlaceholderText{tr("No Changes"), tr("The working copy matches its base."), {}}
-                             : PlaceholderText{});
+    column->filteredList().setEmptyText(
+        app.changesLoaded ? PlaceholderText{tr("No Changes"), tr("The working copy matches its base."), {}}
+                          : PlaceholderText{});
 }
 
 void ChangesTab::chooseRow(const QString &id) {

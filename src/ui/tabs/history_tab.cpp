@@ -83,8 +83,7 @@ void HistoryTab::resizeEvent(QResizeEvent *event) {
 }
 
 void HistoryTab::fitColumns() {
-    const HistoryColumns wanted =
-        window()->width() < wideWindow ? HistoryColumns::stacked : HistoryColumns::sideBySide;
+    const HistoryColumns wanted = window()->width() < wideWindow ? HistoryColumns::stacked : HistoryColumns::sideBySide;
     if (wanted == column->columns())
         return;
     const bool stacked = wanted == HistoryColumns::stacked;

@@ -89,7 +89,7 @@ private:
     DiffPane *pane = nullptr;
     QList<RowListView *> lists{};
     RowListView *lastList = nullptr; ///< from which the keyboard went to the detail
-    bool walking = false; ///< a row is being chosen by a key that walks through diffs
+    bool walking = false;            ///< a row is being chosen by a key that walks through diffs
     QTimer holding{};
     QHash<QUuid, QString> filterTexts{};
     std::optional<QUuid> shownProject{};

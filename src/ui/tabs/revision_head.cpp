@@ -75,7 +75,10 @@ RevisionHead::RevisionHead(QWidget *parent)
     layout->setContentsMargins(0, 0, 0, gap + smallGap + 1);
     layout->setSpacing(0);
     layout->addLayout(buttons);
-    layout->addWidget(message);
+    auto *messageRow = new QHBoxLayout;
+    messageRow->setContentsMargins(paneEdge, 0, smallGap, 0);
+    messageRow->addWidget(message);
+    layout->addLayout(messageRow);
     buttons->setContentsMargins(paneEdge, smallGap, gap, smallGap);
     buttons->setSpacing(gap);
     buttons->addWidget(revision);
@@ -129,6 +132,7 @@ void RevisionHead::fitMessage() {
 void RevisionHead::addButton(const QString &title, QAction *action) {
     auto *button = new HeldButton(title, this);
     button->setFixedHeight(firstRowHeight - 2 * smallGap);
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(title) + 2 * paneEdge);
     button->setToolTip(action->text());
     buttons->insertWidget(buttons->indexOf(more), button);
     connect(button, &QPushButton::clicked, action, &QAction::trigger);
