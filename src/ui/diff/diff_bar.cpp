@@ -2,6 +2,7 @@
 
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
+#include "ui/look/segmented_switch.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -35,7 +36,8 @@ QToolButton *barButton(Icon picture, const QString &name, const QString &toolTip
 } // namespace
 
 DiffBar::DiffBar(QMenu *menu, QWidget *parent)
-    : QWidget(parent), theme(themeFor(palette())), hunks(new QLabel(this)),
+    : QWidget(parent), theme(themeFor(palette())),
+      forms(new SegmentedSwitch({u"Preview"_s, u"Text"_s}, u"Show as"_s, this)), hunks(new QLabel(this)),
       previous(barButton(Icon::arrowUp, u"Previous Hunk"_s, u"Previous Hunk (Shift+F7)"_s, this)),
       next(barButton(Icon::arrowDown, u"Next Hunk"_s, u"Next Hunk (F7)"_s, this)),
       more(barButton(Icon::more, u"Diff Menu"_s, u"More"_s, this)) {
@@ -44,12 +46,17 @@ DiffBar::DiffBar(QMenu *menu, QWidget *parent)
     layout->setContentsMargins(0, 0, gap, 1);
     layout->setSpacing(0);
     layout->addStretch();
+    layout->addWidget(forms);
+    layout->addSpacing(gap);
     layout->addWidget(hunks);
     layout->addSpacing(gap);
     layout->addWidget(previous);
     layout->addWidget(next);
     layout->addSpacing(gap);
     layout->addWidget(more);
+    forms->setToolTip(u"Preview or Text (V)"_s);
+    connect(forms, &SegmentedSwitch::chosen, this,
+            [this](int index) { emit formChosen(static_cast<DetailForm>(index)); });
     connect(previous, &QToolButton::clicked, this, &DiffBar::previousHunkRequested);
     connect(next, &QToolButton::clicked, this, &DiffBar::nextHunkRequested);
     connect(more, &QToolButton::clicked, this,
@@ -72,8 +79,16 @@ void DiffBar::setHunks(const QString &text) {
     update();
 }
 
+void DiffBar::setForm(std::optional<DetailForm> form) {
+    forms->setVisible(form.has_value());
+    if (form)
+        forms->setCurrent(static_cast<int>(*form));
+    update();
+}
+
 void DiffBar::clear() {
     setTitle({});
+    setForm({});
     setHunks({});
     more->hide();
 }
@@ -96,7 +111,8 @@ void DiffBar::changeEvent(QEvent *event) {
 /// From the left edge to the first part that is shown at the right.
 QRect DiffBar::titleArea() const {
     int end = width() - gap;
-    for (const QWidget *const part : {static_cast<QWidget *>(more), static_cast<QWidget *>(hunks)}) {
+    for (const QWidget *const part :
+         {static_cast<QWidget *>(more), static_cast<QWidget *>(hunks), static_cast<QWidget *>(forms)}) {
         if (!part->isHidden())
             end = part->x() - gap;
     }

@@ -6,13 +6,22 @@
 #include <QString>
 #include <QWidget>
 
+#include <cstdint>
+#include <optional>
+
 class QLabel;
 class QMenu;
 class QToolButton;
 
 namespace kestor {
 
-/// The bar above a diff: title, "Hunk 1 of 2" with buttons, and a menu. It decides nothing.
+class SegmentedSwitch;
+
+/// How a changed file is shown when there are both.
+enum class DetailForm : std::uint8_t { preview, text };
+
+/// The bar above a diff: title, a switch between preview and text, "Hunk 1 of 2" with buttons, and a menu. It decides
+/// nothing.
 class DiffBar final : public QWidget {
     Q_OBJECT
 
@@ -23,12 +32,15 @@ public:
     void setTitle(const DiffTitle &newTitle);
     /// An empty `text` hides the label and both buttons.
     void setHunks(const QString &text);
+    /// Absent: there is no choice, and no switch.
+    void setForm(std::optional<DetailForm> form);
     /// Nothing is shown: only the empty strip remains.
     void clear();
 
 signals:
     void previousHunkRequested();
     void nextHunkRequested();
+    void formChosen(kestor::DetailForm form);
 
 protected:
     bool event(QEvent *event) override;
@@ -41,6 +53,7 @@ private:
 
     DiffTitle title;
     Theme theme;
+    SegmentedSwitch *forms;
     QLabel *hunks;
     QToolButton *previous;
     QToolButton *next;

@@ -1,6 +1,5 @@
 #include "ui/diff/diff_pane.h"
 
-#include "ui/diff/diff_bar.h"
 #include "ui/diff/file_heading.h"
 #include "ui/look/elided_path.h"
 #include "ui/look/placeholder.h"
@@ -16,7 +15,6 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <utility>
 
 namespace kestor {
 
@@ -86,6 +84,7 @@ DiffPane::DiffPane(QWidget *parent)
     connect(view, &DiffView::beforeFirstHunk, this, &DiffPane::beforeFirstHunk);
     connect(view, &DiffView::customContextMenuRequested, this, &DiffPane::showContextMenu);
     connect(bar, &DiffBar::previousHunkRequested, this, [this] { stepByButton(CaretDirection::back); });
+    connect(bar, &DiffBar::formChosen, this, &DiffPane::formChosen);
     connect(bar, &DiffBar::nextHunkRequested, this, [this] { stepByButton(CaretDirection::ahead); });
 }
 
@@ -120,19 +119,19 @@ bool DiffPane::isShown(const QString &text) const {
 }
 
 void DiffPane::showDiff(const DiffSubject &newSubject, const QString &text) {
-    const bool sameSubject = newSubject.path == subject.path && newSubject.revision == subject.revision;
+    const bool samePath = newSubject.path == subject.path;
     subject = newSubject;
     if (isPlaceholderText(text)) {
         bar->setTitle({subject.item, subject.path, {}});
         showMessage({}, text);
         return;
     }
-    if (sameSubject && isShown(text)) {
+    if (samePath && isShown(text)) {
         loader.cancel();
         updateTitle();
         return;
     }
-    nextChange = sameSubject && showsDiff() ? DocumentChange::sameSubject : DocumentChange::otherSubject;
+    nextChange = samePath && showsDiff() ? DocumentChange::sameSubject : DocumentChange::otherSubject;
     const bool keepsPlace = nextChange == DocumentChange::sameSubject && view->verticalScrollBar()->value() > 0;
     loader.loadDiff(text, keepsPlace ? EarlyView::none : EarlyView::firstPart);
 }
@@ -149,31 +148,55 @@ void DiffPane::showNotice(const DiffSubject &newSubject, const QString &message)
     showMessage(subject.path.sliced(fileNameStart(subject.path)), message);
 }
 
+void DiffPane::setPreview(QWidget *widget) {
+    preview = widget;
+    stack->addWidget(widget);
+}
+
+void DiffPane::showPreview(const DiffSubject &newSubject) {
+    subject = newSubject;
+    bar->setTitle({subject.item, subject.path, {}});
+    leaveDiff(preview);
+}
+
+void DiffPane::setForm(std::optional<DetailForm> form) {
+    shownForm = form;
+    bar->setForm(form);
+}
+
 void DiffPane::showMessage(const QString &heading, const QString &explanation) {
-    const bool hadFocus = view->hasFocus();
-    loader.cancel();
     placeholder->setText({.heading = heading, .explanation = explanation});
-    stack->setCurrentWidget(placeholder);
+    leaveDiff(placeholder);
+}
+
+void DiffPane::leaveDiff(QWidget *shown) {
+    const bool hadFocus = hasFocusInStack();
+    loader.cancel();
+    stack->setCurrentWidget(shown);
     view->setDocument(std::make_shared<const DiffDocument>(), DocumentChange::otherSubject);
     bar->setHunks({});
     copyPrinted->setEnabled(false);
     if (hadFocus)
-        placeholder->setFocus();
+        takeFocus();
+}
+
+/// Also when a part of what is shown has it.
+bool DiffPane::hasFocusInStack() const {
+    const QWidget *const focused = focusWidget();
+    const QWidget *const shown = stack->currentWidget();
+    return focused != nullptr && focused->hasFocus() && (focused == shown || shown->isAncestorOf(focused));
 }
 
 void DiffPane::showDocument(const DiffDocumentPtr &document) {
-    const bool hadFocus = placeholder->hasFocus();
+    const bool hadFocus = hasFocusInStack();
     view->setDocument(document, nextChange);
     nextChange = DocumentChange::completed;
     stack->setCurrentWidget(view);
     copyPrinted->setEnabled(true);
     updateTitle();
     updateHunks();
-    if (document->part != DocumentPart::first &&
-        std::exchange(beginning, DiffBeginning::firstHunk) == DiffBeginning::lastHunk)
-        view->showLastHunk();
     if (hadFocus)
-        view->setFocus();
+        takeFocus();
 }
 
 void DiffPane::updateTitle() {
@@ -214,6 +237,8 @@ void DiffPane::takeFocus() {
 void DiffPane::keyPressEvent(QKeyEvent *event) {
     if (event->key() == Qt::Key_Escape) {
         emit leaveRequested();
+    } else if (event->key() == Qt::Key_V && event->modifiers() == Qt::NoModifier && shownForm) {
+        emit formChosen(*shownForm == DetailForm::text ? DetailForm::preview : DetailForm::text);
     } else {
         QWidget::keyPressEvent(event);
     }

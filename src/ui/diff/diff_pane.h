@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/working_copy_item.h"
+#include "ui/diff/diff_bar.h"
 #include "ui/diff/diff_view.h"
 #include "ui/diff/document_loader.h"
 #include "ui/diff/title_painter.h"
@@ -8,7 +9,6 @@
 #include <QString>
 #include <QWidget>
 
-#include <cstdint>
 #include <optional>
 
 class QAction;
@@ -17,20 +17,15 @@ class QStackedLayout;
 
 namespace kestor {
 
-class DiffBar;
 class Placeholder;
 
-/// Whose diff a pane shows. A text for what is shown already keeps the scroll position.
+/// Whose diff a pane shows. A text for the path that is shown already keeps the scroll position.
 struct DiffSubject {
     QString path{};                        ///< "" when the diff is that of a whole revision
     std::optional<WorkingCopyItem> item{}; ///< for the badge; without it the diff's header lines decide
-    QString revision{};                    ///< "" for the working copy
 
     friend bool operator==(const DiffSubject &, const DiffSubject &) = default;
 };
-
-/// The hunk at which the diff of another subject begins.
-enum class DiffBeginning : std::uint8_t { firstHunk, lastHunk };
 
 /// The detail of a tab: a bar and beneath it a diff, or what there is to say instead. Texts of any size are taken
 /// without holding up the main thread; the last one wins. Main thread only.
@@ -47,8 +42,12 @@ public:
     /// The file's name and `message` in the middle, for a file that is not shown as text.
     void showNotice(const DiffSubject &newSubject, const QString &message);
 
-    /// Where the next diff of another subject begins; the one after it begins at its first hunk again.
-    void setNextBeginning(DiffBeginning wanted) { beginning = wanted; }
+    /// Gives the pane a widget that can stand in for the diff beneath the same bar.
+    void setPreview(QWidget *widget);
+    /// Shows that widget under the subject's title.
+    void showPreview(const DiffSubject &newSubject);
+    /// Which form the switch in the bar says is shown; absent: there is no switch.
+    void setForm(std::optional<DetailForm> form);
 
     /// From any place of the window; `outside` when the next row of the list is due.
     StepResult stepHunk(CaretDirection direction);
@@ -68,6 +67,8 @@ signals:
     /// The keys N and P, or a button, asked for a hunk that the diff does not have.
     void pastLastHunk();
     void beforeFirstHunk();
+    /// By the switch or the key V.
+    void formChosen(kestor::DetailForm form);
     /// From the pane's own menu too, so that all panes can follow.
     void textSizeDeltaChanged(int delta);
 
@@ -78,6 +79,8 @@ private:
     void makeActions();
     void showDocument(const DiffDocumentPtr &document);
     void showMessage(const QString &heading, const QString &explanation);
+    void leaveDiff(QWidget *shown);
+    bool hasFocusInStack() const;
     void updateTitle();
     void updateHunks();
     void copyPath() const;
@@ -92,12 +95,13 @@ private:
     QStackedLayout *stack;
     DiffView *view;
     Placeholder *placeholder;
+    QWidget *preview = nullptr;
+    std::optional<DetailForm> shownForm{};
     QAction *copy = nullptr;
     QAction *copyPrinted = nullptr;
     DocumentLoader loader;
     DiffSubject subject;
     DocumentChange nextChange = DocumentChange::otherSubject; ///< of the document that the loader hands over next
-    DiffBeginning beginning = DiffBeginning::firstHunk;
     int sizeDelta = 0;
 };
 

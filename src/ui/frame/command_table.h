@@ -22,15 +22,6 @@ enum class Command : std::uint8_t {
     revertSelected,
     ignoreSelected,
     includeIgnoredPath,
-    showLog,
-    showArchives,
-    diffAgainstRevision,
-    pullFileAtRevision,
-    exportFileAtRevision,
-    createArchiveZip,
-    rollbackRevision,
-    listTarget,
-    catTarget,
 };
 
 /// One item of the menu bar.
@@ -43,7 +34,7 @@ struct CommandRow { // NOLINT(clang-analyzer-optin.performance.Padding)
     QStringView label;
     QStringView shortcut; ///< "" for none; the menu shows the first of several
     Place place;
-    QCoro::Task<> (*operation)(AppState *);
+    QCoro::Task<> (AppState::*operation)();
 };
 
 /// All items, by menu and in the order shown.

@@ -6,6 +6,7 @@
 #include <QSettings>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestor {
 
@@ -15,6 +16,38 @@ namespace {
 
 constexpr QStringView stateKey = u"KestorSVN.window";
 constexpr int leastVisible = 64;
+
+constexpr std::pair<DiffPreviewKind, QLatin1StringView> kindNames[] = {
+    {DiffPreviewKind::image, "image"_L1},
+    {DiffPreviewKind::font, "font"_L1},
+    {DiffPreviewKind::audio, "audio"_L1},
+};
+constexpr std::pair<DetailForm, QLatin1StringView> formNames[] = {
+    {DetailForm::preview, "preview"_L1},
+    {DetailForm::text, "text"_L1},
+};
+
+QJsonObject toJson(const FormChoices &choices) {
+    QJsonObject object;
+    for (const auto &[kind, kindName] : kindNames) {
+        for (const auto &[form, formName] : formNames) {
+            if (choices.contains(kind) && choices.value(kind) == form)
+                object.insert(kindName, formName);
+        }
+    }
+    return object;
+}
+
+FormChoices choicesFrom(const QJsonObject &object) {
+    FormChoices choices;
+    for (const auto &[kind, kindName] : kindNames) {
+        for (const auto &[form, formName] : formNames) {
+            if (object.value(kindName).toString() == formName)
+                choices.insert(kind, form);
+        }
+    }
+    return choices;
+}
 
 QJsonArray toJson(const QRect &rect) {
     return {rect.x(), rect.y(), rect.width(), rect.height()};
@@ -40,10 +73,8 @@ WindowState loadWindowState(const QSettings &settings) {
     state.sidebarWidth = boundedInt(object.value("sidebarWidth"_L1), 160, 360, state.sidebarWidth);
     state.sidebarHidden = object.value("sidebarHidden"_L1).toBool();
     state.listWidth = boundedInt(object.value("listWidth"_L1), 280, 10000, state.listWidth);
-    state.archivesWidth = boundedInt(object.value("archivesWidth"_L1), 280, 10000, state.archivesWidth);
-    state.messageHeight = boundedInt(object.value("messageHeight"_L1), 0, 10000, state.messageHeight);
-    state.revisionsHeight = boundedInt(object.value("revisionsHeight"_L1), 0, 10000, state.revisionsHeight);
     state.textSize = boundedInt(object.value("textSize"_L1), -4, 20, state.textSize);
+    state.forms = choicesFrom(object.value("forms"_L1).toObject());
     return state;
 }
 
@@ -54,10 +85,8 @@ void saveWindowState(QSettings &settings, const WindowState &state) {
         {u"sidebarWidth"_s, state.sidebarWidth},
         {u"sidebarHidden"_s, state.sidebarHidden},
         {u"listWidth"_s, state.listWidth},
-        {u"archivesWidth"_s, state.archivesWidth},
-        {u"messageHeight"_s, state.messageHeight},
-        {u"revisionsHeight"_s, state.revisionsHeight},
         {u"textSize"_s, state.textSize},
+        {u"forms"_s, toJson(state.forms)},
     };
     settings.setValue(stateKey.toString(), QJsonDocument(object).toJson(QJsonDocument::Compact));
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/preview/detail_pane.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QRect>
@@ -17,10 +19,8 @@ struct WindowState {
     int sidebarWidth = 208;
     bool sidebarHidden = false;
     int listWidth = 400;
-    int archivesWidth = 680;
-    int messageHeight = 0;   ///< of the commit panel; 0 for what it asks for
-    int revisionsHeight = 0; ///< of the revisions in History; 0 for five of them
-    int textSize = 0;        ///< pixels that diffs and output are larger than the system's fixed font
+    int textSize = 0; ///< pixels that diffs and output are larger than the system's fixed font
+    FormChoices forms{};
 
     friend bool operator==(const WindowState &, const WindowState &) = default;
 };

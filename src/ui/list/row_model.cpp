@@ -1,7 +1,5 @@
 #include "ui/list/row_model.h"
 
-#include "ui/look/elided_path.h"
-
 #include <algorithm>
 
 namespace kestor {
@@ -13,14 +11,12 @@ int RowModel::rowCount(const QModelIndex &parent) const {
 QVariant RowModel::data(const QModelIndex &index, int role) const {
     if (!index.isValid())
         return {};
-    const int record = recordAt(index.row());
     switch (role) {
     case Qt::DisplayRole:
-        return copiedText(record);
     case Qt::ToolTipRole:
-        return toolTip(record);
+        return idAt(index.row());
     case Qt::AccessibleTextRole:
-        return std::visit([](const auto &row) { return accessibleText(row); }, content(record, Theme()));
+        return accessibleText(pathRow(recordAt(index.row()), Theme()));
     default:
         return {};
     }
@@ -30,7 +26,7 @@ void RowModel::setFilter(const ListFilter &wanted) {
     if (wanted == currentFilter)
         return;
     const auto text = [this](int record) {
-        return filterText(record);
+        return recordId(record);
     };
     std::vector<int> matching = wanted.narrows(currentFilter) ? matchingRecords(wanted, shown, text)
                                                               : matchingRecords(wanted, recordCount(), text);
@@ -50,21 +46,10 @@ int RowModel::rowOf(const QString &id) const {
     return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
 }
 
-Tick RowModel::tickOf(int record) const {
-    const RowContent shownContent = content(record, Theme());
-    const auto *path = std::get_if<PathRow>(&shownContent);
-    return path ? path->tick : Tick::noColumn;
-}
-
-QString RowModel::searchText(int record) const {
-    const QString id = recordId(record);
-    return id.sliced(fileNameStart(id));
-}
-
 void RowModel::replaceRecords(const std::function<void()> &replace) {
     beginResetModel();
     replace();
-    shown = matchingRecords(currentFilter, recordCount(), [this](int record) { return filterText(record); });
+    shown = matchingRecords(currentFilter, recordCount(), [this](int record) { return recordId(record); });
     endResetModel();
 }
 

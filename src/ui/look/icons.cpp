@@ -133,11 +133,12 @@ Drawing drawingOf(Icon icon) {
         break;
     case Icon::warning:
         return warningDrawing();
-    case Icon::archive:
-        drawing.closed({{3, 1.75}, {9.5, 1.75}, {13, 5.25}, {13, 14.25}, {3, 14.25}});
-        drawing.polyline({{7.25, 2}, {7.25, 3.75}});
-        drawing.polyline({{7.25, 6}, {7.25, 7.25}});
-        drawing.box({6.25, 9.25, 2, 2.5}, 0.5);
+    case Icon::play:
+        drawing.areas.addPolygon(QPolygonF({{4.5, 2.5}, {13, 8}, {4.5, 13.5}}));
+        break;
+    case Icon::pause:
+        drawing.areas.addRect(4, 3, 2.75, 10);
+        drawing.areas.addRect(9.25, 3, 2.75, 10);
         break;
     }
     return drawing;

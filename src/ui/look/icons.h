@@ -27,7 +27,8 @@ enum class Icon : std::uint8_t {
     close,
     check,
     warning,
-    archive,
+    play,
+    pause,
 };
 
 QIcon icon(Icon icon);

@@ -10,7 +10,7 @@
 
 namespace kestor {
 
-class DiffPane;
+class DetailPane;
 
 /// Brings the diff of the selected change into the detail pane. The old diff stays until the new one is there.
 class ChangeDetail final : public QObject {
@@ -18,7 +18,7 @@ class ChangeDetail final : public QObject {
 
 public:
     /// Both must outlive the detail.
-    ChangeDetail(AppState &state, DiffPane &shownPane, QObject *parent);
+    ChangeDetail(AppState &state, DetailPane &shownPane, QObject *parent);
 
     /// Loads the change that the user has just selected.
     void loadSelected() { app.selectedChangeChanged(); }
@@ -32,7 +32,7 @@ private:
     void show();
 
     AppState &app;
-    DiffPane &pane;
+    DetailPane &pane;
     QTimer showing{};
     std::optional<QString> shownPath{};
 };

@@ -59,10 +59,8 @@ QMenu *changeRowMenu(const ChangeRowMenu &content, QWidget *parent) {
     menu->addActions(content.tickedActions);
     menu->addSeparator();
     addHeading(*menu, shortened(content.path, boldFont(menu->font())));
-    menu->addAction(content.rowAction);
+    menu->addActions(content.rowActions);
     addPathActions(*menu, content);
-    menu->addSeparator();
-    menu->addAction(content.listAction);
     return menu;
 }
 

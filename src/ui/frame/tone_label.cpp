@@ -1,0 +1,66 @@
+#include "ui/frame/tone_label.h"
+
+#include <QPainter>
+
+namespace kestor {
+
+QColor toneColor(Tone tone, const Theme &theme) {
+    switch (tone) {
+    case Tone::plain:
+        return theme.text;
+    case Tone::muted:
+        return theme.muted;
+    case Tone::success:
+        return theme.addText;
+    case Tone::failure:
+        return theme.delText;
+    }
+    return theme.text;
+}
+
+ToneLabel::ToneLabel(QWidget *parent) : QLabel(parent) {
+    setTextFormat(Qt::PlainText);
+}
+
+ToneLabel::ToneLabel(const QString &text, Tone tone, QWidget *parent) : ToneLabel(parent) {
+    setText(text);
+    setTone(tone);
+}
+
+void ToneLabel::setTone(Tone tone) {
+    shownTone = tone;
+    update();
+}
+
+void ToneLabel::setElideMode(Qt::TextElideMode mode) {
+    elideMode = mode;
+    setMinimumWidth(0);
+    updateGeometry();
+}
+
+int ToneLabel::wantedWidth() const {
+    return fontMetrics().horizontalAdvance(text()) + 1;
+}
+
+QSize ToneLabel::sizeHint() const {
+    return {wantedWidth(), fontMetrics().height()};
+}
+
+QSize ToneLabel::minimumSizeHint() const {
+    return {elideMode == Qt::ElideNone ? wantedWidth() : 0, fontMetrics().height()};
+}
+
+void ToneLabel::paintEvent(QPaintEvent *) {
+    const Theme theme = themeFor(palette());
+    QPainter painter(this);
+    painter.setPen(isEnabled() ? toneColor(shownTone, theme) : theme.disabled);
+    const QString shown = fontMetrics().elidedText(text(), elideMode, width());
+    painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
+}
+
+void ToneLabel::resizeEvent(QResizeEvent *event) {
+    QLabel::resizeEvent(event);
+    setToolTip(wantedWidth() > width() ? text() : QString());
+}
+
+} // namespace kestor

@@ -1,0 +1,119 @@
+#include "support/awaited.h"
+#include "support/printers.h"
+#include "ui/preview/audio_view.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QSlider>
+#include <QTest>
+#include <QThread>
+
+#include <atomic>
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::waitUntil;
+
+/// Plays sounds of four seconds, as far as the test lets it.
+class ScriptedBackend final : public AudioBackend {
+public:
+    explicit ScriptedBackend(AudioReport statusReport) : report(std::move(statusReport)) {}
+
+    void open(const QByteArray &data, const QString &) override {
+        status.length = 4000;
+        become(data == "no device" ? AudioState::noDevice : data == "broken" ? AudioState::failed : AudioState::ready);
+    }
+    void play() override {
+        become(AudioState::playing);
+        status.position += 1000;
+        report(status);
+        if (status.position < status.length)
+            return;
+        status.position = 0;
+        become(AudioState::ready);
+    }
+    void pause() override { become(AudioState::ready); }
+    void seek(qint64 position) override {
+        status.position = position;
+        report(status);
+    }
+
+private:
+    void become(AudioState state) {
+        status.state = state;
+        report(status);
+    }
+
+    AudioReport report;
+    AudioStatus status{};
+};
+
+class AudioTest : public ::testing::Test {
+protected:
+    AudioTest() { view.show(); }
+
+    bool comesToSay(const QString &text) {
+        return waitUntil([&] {
+            const QList<QLabel *> labels = view.findChildren<QLabel *>();
+            return std::ranges::any_of(
+                labels, [&](const QLabel *label) { return label->isVisible() && label->text() == text; });
+        });
+    }
+    QAbstractButton &button() { return *view.findChild<QAbstractButton *>(); }
+    QSlider &slider() { return *view.findChild<QSlider *>(); }
+
+    std::atomic<QThread *> usedThread = nullptr;
+    AudioView view{nullptr, [this](AudioReport report) {
+                       usedThread = QThread::currentThread();
+                       return std::make_unique<ScriptedBackend>(std::move(report));
+                   }};
+};
+
+TEST_F(AudioTest, PlaysPausesAndEndsAtTheBeginning) {
+    view.open("sound", u"a.wav"_s);
+    ASSERT_TRUE(comesToSay(u"0:00 / 0:04"_s));
+    EXPECT_NE(usedThread, QThread::currentThread());
+    button().click();
+    ASSERT_TRUE(comesToSay(u"0:01 / 0:04"_s));
+    EXPECT_EQ(button().accessibleName(), u"Pause"_s);
+    EXPECT_EQ(slider().value(), 1000);
+    button().click();
+    ASSERT_TRUE(waitUntil([&] { return button().accessibleName() == u"Play"_s; }));
+    slider().setSliderPosition(3000);
+    slider().triggerAction(QAbstractSlider::SliderMove);
+    ASSERT_TRUE(comesToSay(u"0:03 / 0:04"_s));
+    button().click();
+    ASSERT_TRUE(comesToSay(u"0:00 / 0:04"_s));
+    EXPECT_EQ(button().accessibleName(), u"Play"_s);
+}
+
+TEST_F(AudioTest, SaysWhyNothingCanBeHeard) {
+    view.open("no device", u"a.wav"_s);
+    EXPECT_TRUE(comesToSay(u"No audio device."_s));
+    EXPECT_TRUE(comesToSay(u"0:00 / 0:04"_s));
+    EXPECT_FALSE(button().isEnabled());
+    view.open("broken", u"a.wav"_s);
+    EXPECT_TRUE(comesToSay(u"This file cannot be played."_s));
+    EXPECT_FALSE(slider().isVisible());
+    view.open("sound", u"b.wav"_s);
+    EXPECT_TRUE(waitUntil([&] { return button().isEnabled(); }));
+}
+
+TEST(Audio, WithoutAModuleEverySoundFails) {
+    AudioPlayer player([](const AudioReport &) { return std::unique_ptr<AudioBackend>(); });
+    player.open("sound", u"a.wav"_s);
+    EXPECT_TRUE(waitUntil([&] { return player.status().state == AudioState::failed; }));
+    player.play();
+}
+
+TEST(Audio, TimesAreShort) {
+    EXPECT_EQ(playingTimeText(0, 0), u"0:00 / 0:00"_s);
+    EXPECT_EQ(playingTimeText(61'999, 600'000), u"1:01 / 10:00"_s);
+    EXPECT_EQ(playingTimeText(3'600'000, 3'723'000), u"1:00:00 / 1:02:03"_s);
+}
+
+} // namespace
+} // namespace kestor
