@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <limits>

@@ -1,24 +1,10 @@
+#include "bare_expat.h"
 #include "parsers/svn_xml_parsers.h"
 #include "samples.h"
 #include "side_by_side.h"
 
-#include <expat.h>
-
 namespace kestor {
 namespace {
-
-void ignoreStart(void *, const XML_Char *, const XML_Char **) {}
-void ignoreEnd(void *, const XML_Char *) {}
-void ignoreText(void *, const XML_Char *, int) {}
-
-/// What expat alone needs with handlers that do nothing.
-void bareExpatPass(const QByteArray &xml) {
-    const XML_Parser parser = XML_ParserCreate("UTF-8");
-    XML_SetElementHandler(parser, ignoreStart, ignoreEnd);
-    XML_SetCharacterDataHandler(parser, ignoreText);
-    benchmark::DoNotOptimize(XML_Parse(parser, xml.constData(), static_cast<int>(xml.size()), 1));
-    XML_ParserFree(parser);
-}
 
 template <typename Parser>
 void compareWithExpat(benchmark::State &state, const QByteArray &xml) {

@@ -3,6 +3,7 @@
 #include "model/file_order.h"
 #include "parsers/iso_date.h"
 
+#include <QHash>
 #include <QStringTokenizer>
 
 #include <algorithm>
@@ -66,6 +67,39 @@ std::optional<LogEntry> startedEntry(QStringView line) {
                     .message = rest.toString()};
 }
 
+/// A line of --name-status, in slices of it.
+struct NameStatus {
+    QStringView action{};
+    QStringView path{}; ///< perhaps quoted
+};
+
+std::optional<NameStatus> nameStatus(QStringView line) {
+    const qsizetype tab = line.indexOf(u'\t');
+    if (tab < 0)
+        return std::nullopt;
+    const QStringView action = line.first(tab).left(1);
+    const QStringView paths = line.sliced(tab + 1);
+    const qsizetype secondTab = paths.indexOf(u'\t');
+    const bool movesPath = action == u"R" || action == u"C";
+    if (secondTab < 0 || !movesPath)
+        return NameStatus{action, secondTab < 0 ? paths : paths.first(secondTab)};
+    const QStringView newPath = paths.sliced(secondTab + 1);
+    return NameStatus{action, newPath.left(newPath.indexOf(u'\t'))};
+}
+
+/// Texts of which most come again; all repetitions share their characters. The keys are slices of the parsed text.
+class SharedTexts {
+public:
+    /// `text` without its quotes.
+    const QString &unquoted(QStringView text) {
+        const auto known = texts.constFind(text);
+        return known != texts.constEnd() ? *known : *texts.insert(text, GitParsers::unquotePath(text));
+    }
+
+private:
+    QHash<QStringView, QString> texts;
+};
+
 std::optional<GitBranch> branch(QStringView line) {
     const QList<QStringView> pieces = line.split(u'\t');
     // The reference that ends in HEAD is a remote's pointer to its default branch, no branch of its own.
@@ -123,6 +157,8 @@ QString unquotePath(QStringView text) {
 QList<LogEntry> parseLog(QStringView text) {
     QList<LogEntry> entries;
     std::optional<LogEntry> current;
+    SharedTexts actions;
+    SharedTexts paths;
     qint64 nextRevision = 1000000;
     const auto finish = [&] {
         if (!current)
@@ -135,8 +171,8 @@ QList<LogEntry> parseLog(QStringView text) {
             finish();
             current = startedEntry(line);
         } else if (current) {
-            if (std::optional<SVNPathChange> change = parseNameStatusLine(line))
-                current->paths.append(*std::move(change));
+            if (const std::optional<NameStatus> change = nameStatus(line))
+                current->paths.append({actions.unquoted(change->action), paths.unquoted(change->path), u"file"_s});
         }
     }
     finish();
@@ -144,13 +180,10 @@ QList<LogEntry> parseLog(QStringView text) {
 }
 
 std::optional<SVNPathChange> parseNameStatusLine(QStringView line) {
-    const QList<QStringView> pieces = line.split(u'\t');
-    if (pieces.size() < 2)
+    const std::optional<NameStatus> change = nameStatus(line);
+    if (!change)
         return std::nullopt;
-    const QStringView action = pieces[0].left(1);
-    const bool movesPath = action == u"R" || action == u"C";
-    const QStringView path = movesPath && pieces.size() > 2 ? pieces[2] : pieces[1];
-    return SVNPathChange{action.toString(), unquotePath(path), u"file"_s};
+    return SVNPathChange{change->action.toString(), unquotePath(change->path), u"file"_s};
 }
 
 std::optional<QDateTime> parseDate(QStringView text) {

@@ -54,7 +54,7 @@ private:
             entry.message = withoutOuterLineBreaks(fromUtf8(text)).toString();
             break;
         case Element::path:
-            entry.paths.append(SVNPathChange{pathAction, trimmedFromUtf8(text), pathKind});
+            entry.paths.append(SVNPathChange{pathAction, paths.fromUtf8(text).trimmed(), pathKind});
             break;
         case Element::logentry:
             endEntry();
@@ -77,6 +77,7 @@ private:
     RepeatedText actions;
     RepeatedText kinds;
     RepeatedText authors;
+    RepeatedTexts paths;
 };
 
 } // namespace

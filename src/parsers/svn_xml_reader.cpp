@@ -65,6 +65,11 @@ const QString &RepeatedText::fromUtf8(std::string_view utf8) {
     return last;
 }
 
+const QString &RepeatedTexts::fromUtf8(std::string_view utf8) {
+    const auto known = texts.find(utf8);
+    return known != texts.end() ? known->second : texts.emplace(utf8, kestor::fromUtf8(utf8)).first->second;
+}
+
 std::optional<std::string_view> XmlAttributes::value(std::string_view name) const {
     for (const char *const *pair = namesAndValues; *pair != nullptr; pair += 2) {
         if (name == *pair)

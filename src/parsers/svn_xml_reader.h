@@ -7,9 +7,11 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace kestor {
 
@@ -25,6 +27,21 @@ public:
 private:
     std::string lastUtf8;
     QString last;
+};
+
+/// Texts of which many come again somewhere in the output, such as paths of a log: all repetitions share their
+/// characters.
+class RepeatedTexts {
+public:
+    const QString &fromUtf8(std::string_view utf8);
+
+private:
+    struct Hash {
+        using is_transparent = void;
+        std::size_t operator()(std::string_view utf8) const { return std::hash<std::string_view>()(utf8); }
+    };
+
+    std::unordered_map<std::string, QString, Hash, std::equal_to<>> texts;
 };
 
 /// The attributes of one element. Valid during the call that gets them.

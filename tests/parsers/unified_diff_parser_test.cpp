@@ -52,6 +52,8 @@ TEST(UnifiedDiffParserTest, readsFilesHunksAndLines) {
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
         EXPECT_EQ(described(UnifiedDiffParser::parse(row.text)), row.expected);
+        const ParsedDiff parsed = UnifiedDiffParser::parse(withLineFeeds(row.text));
+        EXPECT_EQ(diffLineChanges(row.text.toUtf8()), lineChanges(parsed)) << "counted without records";
     }
 }
 

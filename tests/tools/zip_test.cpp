@@ -38,8 +38,8 @@ void PrintTo(const ZipEntry &entry, std::ostream *out) {
          << entry.link.toStdString() << " at " << entry.modified;
 }
 
-/// Everything in a zip, by name; two entries of one name fail.
-QMap<QString, ZipEntry> unzipped(const QString &path) {
+/// Everything in a zip, by name; two entries of one name fail. `order` gets the names as they stand in the zip.
+QMap<QString, ZipEntry> unzipped(const QString &path, QStringList *order = nullptr) {
     QMap<QString, ZipEntry> entries;
     const std::unique_ptr<archive, decltype(&archive_read_free)> zip(archive_read_new(), &archive_read_free);
     archive_read_support_format_zip_seekable(zip.get());
@@ -59,6 +59,8 @@ QMap<QString, ZipEntry> unzipped(const QString &path) {
         const QString name = QString::fromUtf8(archive_entry_pathname_utf8(entry));
         EXPECT_FALSE(entries.contains(name)) << name.toStdString();
         entries.insert(name, read);
+        if (order != nullptr)
+            order->append(name);
     }
     return entries;
 }
@@ -114,6 +116,20 @@ TEST(Zip, KeepsWhatAFolderIs) {
     };
     EXPECT_EQ(entries.keys(), expected.keys());
     EXPECT_EQ(entries, expected);
+}
+
+TEST(Zip, HasTheOrderOfTheNamesWhateverTheDisksIs) {
+    TempTree tree;
+    const QStringList sorted =
+        args("src/", "src/-", "src/B", "src/a/", "src/a/1", "src/a/2", "src/a-b", "src/z", "src/ä");
+    for (auto name = sorted.crbegin(); name != sorted.crend(); ++name) {
+        if (!name->endsWith(u'/'))
+            tree.write(*name);
+    }
+    QStringList order;
+    EXPECT_EQ(writeZip(tree.path(u"src"_s), tree.path(u"out.zip"_s), {}), QString());
+    unzipped(tree.path(u"out.zip"_s), &order);
+    EXPECT_EQ(order, sorted);
 }
 
 TEST(Zip, NeverHoldsItself) {
