@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestor {
 
@@ -119,19 +120,19 @@ bool DiffPane::isShown(const QString &text) const {
 }
 
 void DiffPane::showDiff(const DiffSubject &newSubject, const QString &text) {
-    const bool samePath = newSubject.path == subject.path;
+    const bool sameSubject = newSubject.path == subject.path && newSubject.revision == subject.revision;
     subject = newSubject;
     if (isPlaceholderText(text)) {
         bar->setTitle({subject.item, subject.path, {}});
         showMessage({}, text);
         return;
     }
-    if (samePath && isShown(text)) {
+    if (sameSubject && isShown(text)) {
         loader.cancel();
         updateTitle();
         return;
     }
-    nextChange = samePath && showsDiff() ? DocumentChange::sameSubject : DocumentChange::otherSubject;
+    nextChange = sameSubject && showsDiff() ? DocumentChange::sameSubject : DocumentChange::otherSubject;
     const bool keepsPlace = nextChange == DocumentChange::sameSubject && view->verticalScrollBar()->value() > 0;
     loader.loadDiff(text, keepsPlace ? EarlyView::none : EarlyView::firstPart);
 }
@@ -195,6 +196,9 @@ void DiffPane::showDocument(const DiffDocumentPtr &document) {
     copyPrinted->setEnabled(true);
     updateTitle();
     updateHunks();
+    if (document->part != DocumentPart::first &&
+        std::exchange(beginning, DiffBeginning::firstHunk) == DiffBeginning::lastHunk)
+        view->showLastHunk();
     if (hadFocus)
         takeFocus();
 }

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QWidget>
 
+#include <cstdint>
 #include <optional>
 
 class QAction;
@@ -19,13 +20,17 @@ namespace kestor {
 
 class Placeholder;
 
-/// Whose diff a pane shows. A text for the path that is shown already keeps the scroll position.
+/// Whose diff a pane shows. A text for what is shown already keeps the scroll position.
 struct DiffSubject {
     QString path{};                        ///< "" when the diff is that of a whole revision
     std::optional<WorkingCopyItem> item{}; ///< for the badge; without it the diff's header lines decide
+    QString revision{};                    ///< "" for the working copy
 
     friend bool operator==(const DiffSubject &, const DiffSubject &) = default;
 };
+
+/// The hunk at which the diff of another subject begins.
+enum class DiffBeginning : std::uint8_t { firstHunk, lastHunk };
 
 /// The detail of a tab: a bar and beneath it a diff, or what there is to say instead. Texts of any size are taken
 /// without holding up the main thread; the last one wins. Main thread only.
@@ -48,6 +53,9 @@ public:
     void showPreview(const DiffSubject &newSubject);
     /// Which form the switch in the bar says is shown; absent: there is no switch.
     void setForm(std::optional<DetailForm> form);
+
+    /// Where the next diff of another subject begins; the one after it begins at its first hunk again.
+    void setNextBeginning(DiffBeginning wanted) { beginning = wanted; }
 
     /// From any place of the window; `outside` when the next row of the list is due.
     StepResult stepHunk(CaretDirection direction);
@@ -102,6 +110,7 @@ private:
     DocumentLoader loader;
     DiffSubject subject;
     DocumentChange nextChange = DocumentChange::otherSubject; ///< of the document that the loader hands over next
+    DiffBeginning beginning = DiffBeginning::firstHunk;
     int sizeDelta = 0;
 };
 

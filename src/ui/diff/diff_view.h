@@ -53,6 +53,7 @@ public:
     /// The index over all files, or -1 without hunks.
     qint64 currentHunk() const { return hunk; }
     StepResult stepHunk(CaretDirection direction);
+    void showLastHunk();
     /// The file of the current hunk, or the one whose head was reached last; -1 without files.
     qint64 currentFile() const;
     /// Steps from file head to file head of a diff of several files.

@@ -82,6 +82,13 @@ StepResult DiffView::stepHunk(CaretDirection direction) {
     return StepResult::moved;
 }
 
+void DiffView::showLastHunk() {
+    if (shown->hunkCount == 0)
+        return;
+    showHunk(shown->hunkCount - 1);
+    setCurrentHunk(shown->hunkCount - 1);
+}
+
 StepResult DiffView::stepFile(CaretDirection direction) {
     const qint64 next = currentFile() + static_cast<qint64>(direction);
     if (!rowIndex.hasFileHeads() || next < 0)

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/command_output.h"
-#include "ui/frame/observers.h"
+#include "ui/tabs/observers.h"
 
 #include <QList>
 #include <QObject>

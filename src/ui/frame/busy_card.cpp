@@ -1,7 +1,7 @@
 #include "ui/frame/busy_card.h"
 
-#include "ui/frame/tone_label.h"
 #include "ui/look/metrics.h"
+#include "ui/look/tone_label.h"
 
 #include <QAccessible>
 #include <QEvent>

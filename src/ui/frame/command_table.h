@@ -22,6 +22,15 @@ enum class Command : std::uint8_t {
     revertSelected,
     ignoreSelected,
     includeIgnoredPath,
+    showLog,
+    showArchives,
+    diffAgainstRevision,
+    pullFileAtRevision,
+    exportFileAtRevision,
+    createArchiveZip,
+    rollbackRevision,
+    listTarget,
+    catTarget,
 };
 
 /// One item of the menu bar.
@@ -34,7 +43,7 @@ struct CommandRow { // NOLINT(clang-analyzer-optin.performance.Padding)
     QStringView label;
     QStringView shortcut; ///< "" for none; the menu shows the first of several
     Place place;
-    QCoro::Task<> (AppState::*operation)();
+    QCoro::Task<> (*operation)(AppState *);
 };
 
 /// All items, by menu and in the order shown.

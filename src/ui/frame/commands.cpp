@@ -23,7 +23,7 @@ QAction *Commands::newAction(const CommandRow &row) {
     action->setShortcuts(QKeySequence::listFromString(row.shortcut.toString(), QKeySequence::PortableText));
     // Platforms move items named like these to a menu of the program.
     action->setMenuRole(QAction::NoRole);
-    connect(action, &QAction::triggered, this, [this, operation = row.operation] { (state.*operation)(); });
+    connect(action, &QAction::triggered, this, [this, operation = row.operation] { operation(&state); });
     return action;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/frame/command_table.h"
-#include "ui/frame/observers.h"
+#include "ui/tabs/observers.h"
 
 #include <QHash>
 #include <QObject>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/frame/tone_label.h"
+#include "ui/look/tone_label.h"
 
 namespace kestor {
 

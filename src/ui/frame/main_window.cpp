@@ -1,6 +1,5 @@
 #include "ui/frame/main_window.h"
 
-#include "ui/diff/diff_pane.h"
 #include "ui/diff/plain_text_view.h"
 #include "ui/frame/alert_presenter.h"
 #include "ui/frame/busy_display.h"
@@ -10,9 +9,9 @@
 #include "ui/frame/output_sheet.h"
 #include "ui/frame/project_header.h"
 #include "ui/frame/sidebar.h"
+#include "ui/frame/tab_pages.h"
 #include "ui/frame/tab_strip.h"
 #include "ui/look/line_splitter.h"
-#include "ui/look/placeholder.h"
 #include "ui/tabs/changes_tab.h"
 
 #include <QApplication>
@@ -73,11 +72,7 @@ QWidget *MainWindow::projectView() {
     header = new ProjectHeader(state, *commands, view);
     tabs = new TabStrip(state, view);
     rows = new LineSplitter(Qt::Vertical, view);
-    pages = new QStackedWidget(rows);
-    changes = new ChangesTab(state, pages);
-    changes->setRowActions({commands->action(Command::revertSelected), commands->action(Command::ignoreSelected)});
-    pages->addWidget(changes);
-    tabPages.insert(WorkflowTab::changes, changes);
+    pages = new TabPages(state, *commands, rows);
     auto *layout = new QVBoxLayout(view);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -92,7 +87,6 @@ QWidget *MainWindow::projectView() {
 void MainWindow::observeState() {
     observers.watch(state.projects, [this] { showFirstRunOrProject(); });
     observers.watch(state.selectedProjectID, [this] { showTitle(); });
-    observers.watch(state.selectedTab, [this] { showPage(); });
     observers.watch(state.commandOutput, [this] { showOutput(); });
     new AlertPresenter(state, this);
     // What published the end of the work goes on first: it may report a failure or begin its next step.
@@ -115,18 +109,8 @@ void MainWindow::showFirstRunOrProject() {
     if (content->currentIndex() == shown && isVisible())
         return;
     content->setCurrentIndex(shown);
-    QWidget *first = empty ? firstRun : changes->focusPanes().first();
+    QWidget *first = empty ? firstRun : pages->changes().focusPanes().first();
     first->setFocus(Qt::OtherFocusReason);
-}
-
-void MainWindow::showPage() {
-    const WorkflowTab tab = state.selectedTab.value();
-    QWidget *&page = tabPages[tab];
-    if (page == nullptr) {
-        page = new Placeholder({rawValue(tab).toString(), u"Not available yet."_s, {}}, pages);
-        pages->addWidget(page);
-    }
-    pages->setCurrentWidget(page);
 }
 
 void MainWindow::showOutput() {
@@ -139,9 +123,8 @@ void MainWindow::showOutput() {
     }
     if (sheet == nullptr) {
         sheet = new OutputSheet(rows);
-        sheet->text().setTextSizeDelta(changes->diffPane().textSizeDelta());
-        connect(&changes->diffPane(), &DiffPane::textSizeDeltaChanged, &sheet->text(),
-                &PlainTextView::setTextSizeDelta);
+        sheet->text().setTextSizeDelta(pages->textSize());
+        connect(pages, &TabPages::textSizeChanged, &sheet->text(), &PlainTextView::setTextSizeDelta);
         connect(sheet, &OutputSheet::closeRequested, closeSheet, &QShortcut::activated);
         rows->setStretchFactor(0, 1);
     }
@@ -180,11 +163,8 @@ void MainWindow::setSidebarHidden(bool hidden) {
 
 void MainWindow::restore(const WindowState &saved) {
     setSidebarHidden(saved.sidebarHidden);
-    changes->diffPane().setTextSizeDelta(saved.textSize);
-    changes->detailPane().setFormChoices(saved.forms);
+    pages->restore(saved);
     columns->setSizes({saved.sidebarWidth, defaultSize.width() - saved.sidebarWidth});
-    listWidth = saved.listWidth;
-    changes->splitter().setSizes({listWidth, defaultSize.width() - saved.sidebarWidth - listWidth});
     const std::optional<QRect> recovered = recoveredFrame(saved.frame, screenAreas());
     if (recovered)
         setGeometry(*recovered);
@@ -198,9 +178,7 @@ WindowState MainWindow::currentState() const {
     current.frame = frameGeometry();
     current.sidebarHidden = sidebar->isHidden();
     current.sidebarWidth = sidebar->width();
-    current.listWidth = content->currentWidget() == firstRun ? listWidth : changes->splitter().sizes().value(0);
-    current.textSize = changes->diffPane().textSizeDelta();
-    current.forms = changes->detailPane().formChoices();
+    pages->save(current);
     return current;
 }
 

@@ -2,11 +2,10 @@
 
 #include "controller/app_state.h"
 #include "ui/frame/busy_clock.h"
-#include "ui/frame/observers.h"
 #include "ui/frame/pane_cycle.h"
 #include "ui/frame/window_state.h"
+#include "ui/tabs/observers.h"
 
-#include <QHash>
 #include <QMainWindow>
 #include <QPointer>
 
@@ -15,13 +14,13 @@ class QStackedWidget;
 
 namespace kestor {
 
-class ChangesTab;
 class Commands;
 class FirstRun;
 class LineSplitter;
 class OutputSheet;
 class ProjectHeader;
 class Sidebar;
+class TabPages;
 class TabStrip;
 
 /// The one window: sidebar, header, tabs with their pages, and the output sheet. It draws what the state publishes and
@@ -33,7 +32,7 @@ public:
     /// Both must outlive the window, which is not shown yet and has started nothing.
     MainWindow(AppState &state, QSettings &settings);
 
-    ChangesTab &changesTab() { return *changes; }
+    TabPages &tabPages() { return *pages; }
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -50,7 +49,6 @@ private:
 
     void showTitle();
     void showFirstRunOrProject();
-    void showPage();
     void showOutput();
     void fitOutputSheet();
     void showBusy(BusyPhase phase);
@@ -71,12 +69,9 @@ private:
     ProjectHeader *header = nullptr;
     TabStrip *tabs = nullptr;
     LineSplitter *rows = nullptr;
-    QStackedWidget *pages = nullptr;
-    ChangesTab *changes = nullptr;
-    QHash<WorkflowTab, QWidget *> tabPages{}; ///< made when first shown
+    TabPages *pages = nullptr;
     OutputSheet *sheet = nullptr;
     QShortcut *closeSheet = nullptr;
-    int listWidth = 0;             ///< of the Changes tab as it was saved, for a run in which that is never shown
     QPointer<QWidget> heldFocus{}; ///< had the focus when its part was drawn disabled
     bool closesWhenDone = false;   ///< hidden by the user while a command was running
     Observers observers{};

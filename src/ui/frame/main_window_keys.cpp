@@ -1,10 +1,10 @@
-#include "ui/diff/diff_pane.h"
 #include "ui/diff/plain_text_view.h"
 #include "ui/frame/commands.h"
 #include "ui/frame/main_window.h"
 #include "ui/frame/output_sheet.h"
 #include "ui/frame/pane_cycle.h"
 #include "ui/frame/sidebar.h"
+#include "ui/frame/tab_pages.h"
 #include "ui/frame/tab_strip.h"
 #include "ui/tabs/changes_tab.h"
 
@@ -50,11 +50,9 @@ void MainWindow::addShortcuts() {
     addShortcut(Qt::Key_F6, [this] { turnToPane(Turn::forward); });
     addShortcut(Qt::SHIFT | Qt::Key_F6, [this] { turnToPane(Turn::back); });
     for (const Qt::Key plus : {Qt::Key_Plus, Qt::Key_Equal})
-        addShortcut(Qt::CTRL | plus,
-                    [this] { changes->diffPane().setTextSizeDelta(changes->diffPane().textSizeDelta() + 1); });
-    addShortcut(Qt::CTRL | Qt::Key_Minus,
-                [this] { changes->diffPane().setTextSizeDelta(changes->diffPane().textSizeDelta() - 1); });
-    addShortcut(Qt::CTRL | Qt::Key_0, [this] { changes->diffPane().setTextSizeDelta(0); });
+        addShortcut(Qt::CTRL | plus, [this] { pages->setTextSize(pages->textSize() + 1); });
+    addShortcut(Qt::CTRL | Qt::Key_Minus, [this] { pages->setTextSize(pages->textSize() - 1); });
+    addShortcut(Qt::CTRL | Qt::Key_0, [this] { pages->setTextSize(0); });
     closeSheet = addShortcut(Qt::Key_Escape, [this] { state.commandOutput = std::nullopt; });
 }
 
@@ -66,18 +64,20 @@ void MainWindow::findProject() {
 }
 
 void MainWindow::focusFilter() {
-    if (changes->isVisible())
-        changes->focusFilter();
+    ListTab *page = pages->current();
+    if (page != nullptr && page->isVisible())
+        page->focusFilter();
 }
 
 void MainWindow::focusMessage() {
-    if (changes->isVisible())
-        changes->focusMessage();
+    if (pages->changes().isVisible())
+        pages->changes().focusMessage();
 }
 
 void MainWindow::turnToPane(Turn turn) {
     QList<QWidget *> panes{sidebar->list()};
-    panes += changes->focusPanes();
+    if (const ListTab *page = pages->current())
+        panes += page->focusPanes();
     if (sheet != nullptr)
         panes += &sheet->text();
     if (QWidget *pane = nextPane(panes, focusWidget(), turn))

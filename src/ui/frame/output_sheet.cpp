@@ -1,9 +1,9 @@
 #include "ui/frame/output_sheet.h"
 
 #include "ui/diff/plain_text_view.h"
-#include "ui/frame/flat_button.h"
 #include "ui/frame/icon_label.h"
 #include "ui/look/bar.h"
+#include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 

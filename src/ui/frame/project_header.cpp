@@ -1,11 +1,11 @@
 #include "ui/frame/project_header.h"
 
 #include "ui/frame/commands.h"
-#include "ui/frame/flat_button.h"
 #include "ui/frame/header_text.h"
 #include "ui/frame/icon_label.h"
 #include "ui/frame/kind_tag.h"
 #include "ui/frame/project_rows.h"
+#include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 

@@ -2,7 +2,7 @@
 
 #include "controller/app_state.h"
 #include "ui/frame/busy_clock.h"
-#include "ui/frame/observers.h"
+#include "ui/tabs/observers.h"
 
 #include <QWidget>
 

@@ -4,6 +4,7 @@
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
@@ -149,11 +150,22 @@ ProjectListView::ProjectListView(QWidget *parent)
 
 void ProjectListView::setMoving(Moving newMoving) {
     moving = newMoving;
+    if (moving == Moving::held && settling->isActive())
+        showCurrent(selected);
+}
+
+void ProjectListView::contextMenuEvent(QContextMenuEvent *event) {
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
+    if (!index.isValid() || index != currentIndex())
+        return;
+    emit menuRequested(byKey ? viewport()->mapToGlobal(visualRect(index).bottomLeft()) : event->globalPos());
 }
 
 void ProjectListView::showCurrent(const QUuid &id) {
     const QScopedValueRollback following(followsState, true);
     settling->stop();
+    selected = id;
     setCurrentIndex(listModel->index(listModel->rowOf(id)));
 }
 

@@ -47,7 +47,7 @@ class ProjectListView final : public QListView {
     Q_OBJECT
 
 public:
-    /// Whether the user can move to another row.
+    /// Whether the user can move to another row. A move by a repeated key that waits to be reported is dropped.
     enum class Moving : std::uint8_t { allowed, held };
 
     explicit ProjectListView(QWidget *parent);
@@ -59,8 +59,11 @@ public:
 
 signals:
     void projectChosen(const QUuid &id);
+    /// For the current row.
+    void menuRequested(const QPoint &globalPosition);
 
 protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void keyPressEvent(QKeyEvent *event) override;
     bool viewportEvent(QEvent *event) override;
@@ -70,6 +73,7 @@ private:
 
     ProjectListModel *listModel;
     class QTimer *settling; ///< while an arrow key repeats
+    QUuid selected{};       ///< the project last shown as the current one
     Moving moving = Moving::allowed;
     bool followsState = false; ///< a change of the current row does not come from the user
     bool keyRepeats = false;

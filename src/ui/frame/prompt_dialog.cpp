@@ -1,8 +1,8 @@
 #include "ui/frame/prompt_dialog.h"
 
-#include "ui/frame/tone_label.h"
 #include "ui/look/accent_button.h"
 #include "ui/look/metrics.h"
+#include "ui/look/tone_label.h"
 
 #include <QDialogButtonBox>
 #include <QHBoxLayout>

@@ -1,11 +1,11 @@
 #include "ui/frame/sidebar.h"
 
 #include "ui/frame/commands.h"
-#include "ui/frame/flat_button.h"
 #include "ui/frame/project_list.h"
-#include "ui/frame/tone_label.h"
+#include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
+#include "ui/look/tone_label.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -39,6 +39,7 @@ Sidebar::Sidebar(AppState &shownState, const Commands &commands, QWidget *parent
     layout->addWidget(head());
     layout->addWidget(view, 1);
     layout->addWidget(foot(commands));
+    makeMenu(commands);
     connect(view, &ProjectListView::projectChosen, this, &Sidebar::select);
     observers.watch(state.projects, [this] { showRows(); });
     observers.watch(state.selectedProjectID, [this] { showRows(); });
@@ -91,6 +92,20 @@ QWidget *Sidebar::foot(const Commands &commands) {
     connect(remove, &QToolButton::clicked, commands.action(Command::removeProject), &QAction::trigger);
     connect(hide, &QToolButton::clicked, this, &Sidebar::hideRequested);
     return bar;
+}
+
+void Sidebar::makeMenu(const Commands &commands) {
+    auto *menu = new QMenu(view);
+    const auto addGroup = [&](std::initializer_list<Command> group) {
+        for (const Command command : group)
+            menu->addAction(commands.action(command));
+    };
+    addGroup({Command::openTerminal, Command::openFinder, Command::openBoth});
+    menu->addSeparator();
+    addGroup({Command::refreshStatus, Command::info});
+    menu->addSeparator();
+    addGroup({Command::removeProject});
+    connect(view, &ProjectListView::menuRequested, menu, [menu](const QPoint &position) { menu->popup(position); });
 }
 
 void Sidebar::find() {

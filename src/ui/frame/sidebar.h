@@ -2,7 +2,7 @@
 
 #include "controller/app_state.h"
 #include "ui/frame/busy_clock.h"
-#include "ui/frame/observers.h"
+#include "ui/tabs/observers.h"
 
 #include <QWidget>
 
@@ -43,6 +43,8 @@ protected:
 private:
     QWidget *head();
     QWidget *foot(const Commands &commands);
+    /// Of a row.
+    void makeMenu(const Commands &commands);
     void showRows();
     void endFinding();
     void select(const QUuid &id);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controller/app_state.h"
-#include "ui/frame/observers.h"
+#include "ui/tabs/observers.h"
 
 #include <QTabBar>
 

@@ -73,6 +73,9 @@ WindowState loadWindowState(const QSettings &settings) {
     state.sidebarWidth = boundedInt(object.value("sidebarWidth"_L1), 160, 360, state.sidebarWidth);
     state.sidebarHidden = object.value("sidebarHidden"_L1).toBool();
     state.listWidth = boundedInt(object.value("listWidth"_L1), 280, 10000, state.listWidth);
+    state.archivesWidth = boundedInt(object.value("archivesWidth"_L1), 280, 10000, state.archivesWidth);
+    state.messageHeight = boundedInt(object.value("messageHeight"_L1), 0, 10000, state.messageHeight);
+    state.revisionsHeight = boundedInt(object.value("revisionsHeight"_L1), 0, 10000, state.revisionsHeight);
     state.textSize = boundedInt(object.value("textSize"_L1), -4, 20, state.textSize);
     state.forms = choicesFrom(object.value("forms"_L1).toObject());
     return state;
@@ -85,6 +88,9 @@ void saveWindowState(QSettings &settings, const WindowState &state) {
         {u"sidebarWidth"_s, state.sidebarWidth},
         {u"sidebarHidden"_s, state.sidebarHidden},
         {u"listWidth"_s, state.listWidth},
+        {u"archivesWidth"_s, state.archivesWidth},
+        {u"messageHeight"_s, state.messageHeight},
+        {u"revisionsHeight"_s, state.revisionsHeight},
         {u"textSize"_s, state.textSize},
         {u"forms"_s, toJson(state.forms)},
     };

@@ -19,7 +19,10 @@ struct WindowState {
     int sidebarWidth = 208;
     bool sidebarHidden = false;
     int listWidth = 400;
-    int textSize = 0; ///< pixels that diffs and output are larger than the system's fixed font
+    int archivesWidth = 680;
+    int messageHeight = 0;   ///< of the commit panel; 0 for what it asks for
+    int revisionsHeight = 0; ///< of the revisions in History; 0 for five of them
+    int textSize = 0;        ///< pixels that diffs and output are larger than the system's fixed font
     FormChoices forms{};
 
     friend bool operator==(const WindowState &, const WindowState &) = default;

@@ -1,5 +1,7 @@
 #include "ui/list/path_row.h"
 
+#include <QStringList>
+
 namespace kestor {
 
 using namespace Qt::StringLiterals;
@@ -8,12 +10,13 @@ namespace {
 
 QString spoken(Tick tick) {
     switch (tick) {
+    case Tick::noColumn:
     case Tick::none:
         break;
     case Tick::unticked:
-        return u", not ticked"_s;
+        return u"not ticked"_s;
     case Tick::ticked:
-        return u", ticked"_s;
+        return u"ticked"_s;
     }
     return {};
 }
@@ -21,7 +24,9 @@ QString spoken(Tick tick) {
 } // namespace
 
 QString accessibleText(const PathRow &row) {
-    return row.path + u", "_s + row.label + spoken(row.tick);
+    QStringList parts{row.path, row.status, row.label, spoken(row.tick)};
+    parts.removeAll(QString());
+    return parts.join(u", "_s);
 }
 
 } // namespace kestor

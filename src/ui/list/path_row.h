@@ -8,14 +8,20 @@
 
 namespace kestor {
 
-enum class Tick : std::uint8_t { none, unticked, ticked }; ///< `none`: the row has no tick box
+enum class Tick : std::uint8_t {
+    noColumn, ///< no row of the list has a tick box
+    none,     ///< the row has no tick box, others have
+    unticked,
+    ticked,
+};
 
-enum class LabelKind : std::uint8_t { plain, conflict };
+enum class LabelKind : std::uint8_t { plain, conflict, revision };
 
 /// What a row of paths says.
 struct PathRow {
-    Tick tick = Tick::none;
+    Tick tick = Tick::noColumn;
     Badge badge{};
+    QString status{}; ///< the badge in a word; "" where the label has it
     QString path{};
     QString label{}; ///< at the right edge, for example "Modified, Props M"
     LabelKind labelKind = LabelKind::plain;

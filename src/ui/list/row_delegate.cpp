@@ -1,39 +1,34 @@
 #include "ui/list/row_delegate.h"
 
-#include "ui/list/path_runs.h"
+#include "ui/list/revision_columns.h"
+#include "ui/list/row_text_painter.h"
 #include "ui/look/metrics.h"
 
+#include <QAbstractScrollArea>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionViewItem>
-#include <QWidget>
 
-#include <numeric>
+#include <variant>
 
 namespace kestor {
 
 namespace {
 
-constexpr int boxSide = 16;
 /// The label leaves rows that are narrower.
 constexpr int labelRowWidth = 340;
 
-/// The square at `x` in the vertical middle of `row`.
-QRect squareAt(int x, const QRect &row) {
-    return {row.left() + x, row.top() + (row.height() - boxSide) / 2, boxSide, boxSide};
+/// The square of a tick box or badge at `x` in the vertical middle of `line`.
+QRect squareAt(int x, const QRect &line) {
+    return {line.left() + x, line.top() + (line.height() - badgeSide) / 2, badgeSide, badgeSide};
 }
 
-const QColor &colorOf(RunRole role, const Theme &theme) {
-    switch (role) {
-    case RunRole::folder:
-        return theme.muted;
-    case RunRole::match:
-        return theme.accentInk;
-    case RunRole::name:
-        break;
-    }
-    return theme.text;
+/// What is left of a row behind what ends at `end`.
+QRect textArea(const QRect &row, int end) {
+    QRect area = row.adjusted(0, 0, -paneEdge, 0);
+    area.setLeft(end);
+    return area;
 }
 
 bool hasFocus(const QStyleOptionViewItem &option) {
@@ -45,26 +40,29 @@ bool hasFocus(const QStyleOptionViewItem &option) {
 RowDelegate::RowDelegate(const RowModel &model, QObject *parent) : QAbstractItemDelegate(parent), rows(model) {}
 
 bool RowDelegate::isAtTickBox(int x) {
-    return x < paneEdge + boxSide + smallGap;
+    return x < paneEdge + badgeSide + smallGap;
+}
+
+bool RowDelegate::hasColumns(int width) const {
+    return rows.shape() == RowShape::columns && hasRoomForColumns(width);
+}
+
+int RowDelegate::rowHeight(const QFont &font, int width) const {
+    const bool oneLine = rows.shape() == RowShape::oneLine || hasColumns(width);
+    return oneLine ? kestor::rowHeight(font) : twoLineRowHeight(font);
 }
 
 QSize RowDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const {
-    return {1, rowHeight(option.font)};
+    const auto *view = qobject_cast<const QAbstractScrollArea *>(option.widget);
+    return {1, rowHeight(option.font, view ? view->viewport()->width() : option.rect.width())};
 }
 
 void RowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
-    const PathRow row = rows.pathRow(rows.recordAt(index.row()), theme);
+    const RowContent content = rows.content(rows.recordAt(index.row()), theme);
     painter->save();
     painter->setFont(option.font);
     paintBackground(*painter, option);
-    paintTick(*painter, option, squareAt(paneEdge, option.rect), row.tick);
-    const QRect badge = squareAt(paneEdge + boxSide + gap, option.rect);
-    paintBadge(*painter, badge, row.badge, theme);
-    QRect text = option.rect.adjusted(0, 0, -paneEdge, 0);
-    text.setLeft(badge.right() + 1 + gap);
-    if (option.rect.width() >= labelRowWidth)
-        text.setRight(text.right() - paintLabel(*painter, option, text, row));
-    paintPath(*painter, option.font, text, row.path);
+    std::visit([&](const auto &row) { paintRow(*painter, option, row); }, content);
     painter->restore();
 }
 
@@ -80,8 +78,19 @@ void RowDelegate::paintBackground(QPainter &painter, const QStyleOptionViewItem 
     }
 }
 
+void RowDelegate::paintRow(QPainter &painter, const QStyleOptionViewItem &option, const PathRow &row) const {
+    paintTick(painter, option, squareAt(paneEdge, option.rect), row.tick);
+    const int boxRoom = row.tick == Tick::noColumn ? 0 : badgeSide + gap;
+    const QRect badge = squareAt(paneEdge + boxRoom, option.rect);
+    paintBadge(painter, badge, row.badge, theme);
+    QRect text = textArea(option.rect, badge.right() + 1 + gap);
+    if (option.rect.width() >= labelRowWidth)
+        text.setRight(text.right() - paintLabel(painter, option.font, text, row) - gap);
+    RowTextPainter(painter, theme, rows.filter()).paintPath(text, row.path, option.font);
+}
+
 void RowDelegate::paintTick(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect, Tick tick) const {
-    if (tick == Tick::none || !option.widget)
+    if (tick == Tick::noColumn || tick == Tick::none || !option.widget)
         return;
     QStyle &style = *option.widget->style();
     QStyleOptionButton box;
@@ -96,34 +105,49 @@ void RowDelegate::paintTick(QPainter &painter, const QStyleOptionViewItem &optio
     style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, option.widget);
 }
 
-int RowDelegate::paintLabel(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect,
-                            const PathRow &row) const {
+int RowDelegate::paintLabel(QPainter &painter, const QFont &rowFont, const QRect &rect, const PathRow &row) const {
     const bool conflict = row.labelKind == LabelKind::conflict;
-    const QFont font = conflict ? boldFont(smallFont(option.font)) : smallFont(option.font);
+    const QFont small = row.labelKind == LabelKind::revision ? fixedFont(rowFont) : smallFont(rowFont);
+    const QFont font = conflict ? boldFont(small) : small;
     painter.setFont(font);
     painter.setPen(conflict ? theme.delText : theme.muted);
     painter.drawText(rect, Qt::AlignRight | Qt::AlignVCenter, row.label);
-    return QFontMetrics(font).horizontalAdvance(row.label) + gap;
+    return QFontMetrics(font).horizontalAdvance(row.label);
 }
 
-void RowDelegate::paintPath(QPainter &painter, const QFont &font, const QRect &rect, const QString &path) const {
-    const QFontMetricsF plain(font);
-    const QFontMetricsF bold(boldFont(font));
-    const auto advance = [&](const TextRun &run) {
-        return (run.role == RunRole::match ? bold : plain).horizontalAdvance(run.text);
-    };
-    const auto width = [&](const QString &text) {
-        const QList<TextRun> runs = pathRuns({QString(), text}, rows.filter());
-        return std::accumulate(runs.begin(), runs.end(), 0.0,
-                               [&](double sum, const TextRun &run) { return sum + advance(run); });
-    };
-    QRectF place(rect);
-    for (const TextRun &run : pathRuns(elidedPath(path, rect.width(), width), rows.filter())) {
-        painter.setFont(run.role == RunRole::match ? boldFont(font) : font);
-        painter.setPen(colorOf(run.role, theme));
-        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, run.text);
-        place.setLeft(place.left() + advance(run));
+void RowDelegate::paintRow(QPainter &painter, const QStyleOptionViewItem &option, const RevisionRow &row) const {
+    RowTextPainter texts(painter, theme, rows.filter());
+    if (hasColumns(option.rect.width()))
+        return paintColumns(texts, option.font, option.rect, row);
+    const int margin = (option.rect.height() - twoLinesHeight(option.font)) / 2;
+    const QRect lines = option.rect.adjusted(0, margin, 0, -margin);
+    int end = paneEdge;
+    if (!row.badge.letter.isNull()) {
+        const QRect firstLine(lines.topLeft(), QSize(lines.width(), QFontMetrics(option.font).height()));
+        paintBadge(painter, squareAt(paneEdge, firstLine), row.badge, theme);
+        end += badgeSide + gap;
     }
+    paintTwoLines(texts, option.font, textArea(lines, end + lines.left()), row);
+}
+
+/// Message and revision, below them author and date.
+void RowDelegate::paintTwoLines(RowTextPainter &texts, const QFont &font, const QRect &rect, const RevisionRow &row) {
+    QRect line(rect.topLeft(), QSize(rect.width(), QFontMetrics(font).height()));
+    int taken = texts.paintAtRight(line, row.revision, fixedFont(font), RunRole::folder);
+    texts.paintText(line.adjusted(0, 0, -taken - gap, 0), row.message, font, RunRole::name);
+    line.setTop(line.bottom() + 1);
+    line.setBottom(rect.bottom());
+    const QFont small = smallFont(font);
+    taken = texts.paintAtRight(line, row.date, small, RunRole::folder);
+    texts.paintText(line.adjusted(0, 0, -taken - gap, 0), row.author, small, RunRole::folder);
+}
+
+void RowDelegate::paintColumns(RowTextPainter &texts, const QFont &font, const QRect &rect, const RevisionRow &row) {
+    const RevisionColumns columns = revisionColumns(rect);
+    texts.paintText(columns.revision, row.revision, fixedFont(font), RunRole::name);
+    texts.paintText(columns.message, row.message, font, RunRole::name);
+    texts.paintText(columns.author, row.author, font, RunRole::folder);
+    texts.paintText(columns.date, row.date, font, RunRole::folder);
 }
 
 } // namespace kestor

@@ -11,13 +11,15 @@ class QStyle;
 
 namespace kestor {
 
+class RowTextPainter;
+
 enum class TickAccess : std::uint8_t {
     editable,
     readOnly, ///< ticks stay as they are
     held,     ///< read-only, and drawn so
 };
 
-/// Paints the rows of a RowModel: tick box, badge, path and label on one line.
+/// Paints the rows of a RowModel: paths with tick box, badge and label, or revisions on one or two lines.
 class RowDelegate final : public QAbstractItemDelegate {
     Q_OBJECT
 
@@ -26,6 +28,8 @@ public:
 
     void setTheme(const Theme &wanted) { theme = wanted; }
     void setTickAccess(TickAccess wanted) { access = wanted; }
+    /// The height of every row of a list of that width.
+    int rowHeight(const QFont &font, int width) const;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
@@ -34,11 +38,15 @@ public:
     static bool isAtTickBox(int x);
 
 private:
+    bool hasColumns(int width) const;
     void paintBackground(QPainter &painter, const QStyleOptionViewItem &option) const;
+    void paintRow(QPainter &painter, const QStyleOptionViewItem &option, const PathRow &row) const;
+    void paintRow(QPainter &painter, const QStyleOptionViewItem &option, const RevisionRow &row) const;
     void paintTick(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect, Tick tick) const;
-    /// Paints the label at the right end of `rect` and returns its width with the gap before it.
-    int paintLabel(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect, const PathRow &row) const;
-    void paintPath(QPainter &painter, const QFont &font, const QRect &rect, const QString &path) const;
+    /// Paints the label at the right end of `rect` and returns its width.
+    int paintLabel(QPainter &painter, const QFont &font, const QRect &rect, const PathRow &row) const;
+    static void paintTwoLines(RowTextPainter &texts, const QFont &font, const QRect &rect, const RevisionRow &row);
+    static void paintColumns(RowTextPainter &texts, const QFont &font, const QRect &rect, const RevisionRow &row);
 
     const RowModel &rows;
     Theme theme{};

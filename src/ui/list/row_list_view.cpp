@@ -1,8 +1,5 @@
 #include "ui/list/row_list_view.h"
 
-#include "ui/look/elided_path.h"
-#include "ui/look/metrics.h"
-
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHash>
@@ -107,8 +104,7 @@ void RowListView::keyboardSearch(const QString &typed) {
     const int first = qMax(currentIndex().row(), 0) + (currentIndex().isValid() && searched.size() == 1 ? 1 : 0);
     for (int step = 0; step < count; ++step) {
         const int row = (first + step) % count;
-        const QString id = rows.idAt(row);
-        if (QStringView(id).sliced(fileNameStart(id)).startsWith(searched, Qt::CaseInsensitive))
+        if (rows.searchText(rows.recordAt(row)).startsWith(searched, Qt::CaseInsensitive))
             return setCurrentIndex(rows.index(row));
     }
 }
@@ -171,7 +167,8 @@ bool RowListView::pressedTickBox(const QMouseEvent &event) {
     if (event.button() != Qt::LeftButton || !index.isValid() ||
         !RowDelegate::isAtTickBox(event.position().toPoint().x()))
         return false;
-    if (rows.pathRow(rows.recordAt(index.row()), Theme()).tick == Tick::none)
+    const Tick tick = rows.tickOf(rows.recordAt(index.row()));
+    if (tick == Tick::noColumn || tick == Tick::none)
         return false;
     if (event.modifiers() & Qt::ShiftModifier)
         tickUpTo(index.row());
@@ -183,8 +180,8 @@ bool RowListView::pressedTickBox(const QMouseEvent &event) {
 void RowListView::toggleTick(int row) {
     if (row < 0)
         return;
-    const Tick tick = rows.pathRow(rows.recordAt(row), Theme()).tick;
-    if (tick == Tick::none)
+    const Tick tick = rows.tickOf(rows.recordAt(row));
+    if (tick == Tick::noColumn || tick == Tick::none)
         return;
     requestTicks(row, row, tick == Tick::ticked ? Tick::unticked : Tick::ticked);
     if (tick == Tick::unticked)
@@ -222,6 +219,17 @@ void RowListView::contextMenuEvent(QContextMenuEvent *event) {
 void RowListView::focusInEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
+}
+
+/// Another width may be another height of the rows.
+void RowListView::resizeEvent(QResizeEvent *event) {
+    const bool sameHeight =
+        delegate.rowHeight(font(), event->oldSize().width()) == delegate.rowHeight(font(), event->size().width());
+    if (!sameHeight)
+        anchors = visibleAnchors();
+    QListView::resizeEvent(event);
+    if (!sameHeight)
+        restore();
 }
 
 void RowListView::changeEvent(QEvent *event) {
@@ -267,7 +275,7 @@ void RowListView::restore() {
         bestRow = row;
     }
     if (best < wanted.size())
-        verticalScrollBar()->setValue(bestRow * rowHeight(font()) - wanted.at(best).top);
+        verticalScrollBar()->setValue(bestRow * delegate.rowHeight(font(), viewport()->width()) - wanted.at(best).top);
 }
 
 } // namespace kestor

@@ -1,5 +1,7 @@
 #include "ui/list/row_model.h"
 
+#include "ui/look/elided_path.h"
+
 #include <algorithm>
 
 namespace kestor {
@@ -11,12 +13,14 @@ int RowModel::rowCount(const QModelIndex &parent) const {
 QVariant RowModel::data(const QModelIndex &index, int role) const {
     if (!index.isValid())
         return {};
+    const int record = recordAt(index.row());
     switch (role) {
     case Qt::DisplayRole:
+        return copiedText(record);
     case Qt::ToolTipRole:
-        return idAt(index.row());
+        return toolTip(record);
     case Qt::AccessibleTextRole:
-        return accessibleText(pathRow(recordAt(index.row()), Theme()));
+        return std::visit([](const auto &row) { return accessibleText(row); }, content(record, Theme()));
     default:
         return {};
     }
@@ -26,7 +30,7 @@ void RowModel::setFilter(const ListFilter &wanted) {
     if (wanted == currentFilter)
         return;
     const auto text = [this](int record) {
-        return recordId(record);
+        return filterText(record);
     };
     std::vector<int> matching = wanted.narrows(currentFilter) ? matchingRecords(wanted, shown, text)
                                                               : matchingRecords(wanted, recordCount(), text);
@@ -46,10 +50,21 @@ int RowModel::rowOf(const QString &id) const {
     return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
 }
 
+Tick RowModel::tickOf(int record) const {
+    const RowContent shownContent = content(record, Theme());
+    const auto *path = std::get_if<PathRow>(&shownContent);
+    return path ? path->tick : Tick::noColumn;
+}
+
+QString RowModel::searchText(int record) const {
+    const QString id = recordId(record);
+    return id.sliced(fileNameStart(id));
+}
+
 void RowModel::replaceRecords(const std::function<void()> &replace) {
     beginResetModel();
     replace();
-    shown = matchingRecords(currentFilter, recordCount(), [this](int record) { return recordId(record); });
+    shown = matchingRecords(currentFilter, recordCount(), [this](int record) { return filterText(record); });
     endResetModel();
 }
 

@@ -14,20 +14,24 @@ Badge badgeFor(const WorkingCopyItem &item, const Theme &theme) {
     return {shortName(item.propertiesKind), badgeColors(item.kind, theme)};
 }
 
+SVNStatusKind statusKindOfAction(QStringView action) {
+    switch (action.isEmpty() ? u' ' : action.front().unicode()) {
+    case u'A':
+        return SVNStatusKind::added;
+    case u'M':
+        return SVNStatusKind::modified;
+    case u'D':
+        return SVNStatusKind::deleted;
+    case u'R':
+        return SVNStatusKind::replaced;
+    default:
+        return SVNStatusKind::unknown;
+    }
+}
+
 Badge badgeForAction(QStringView action, const Theme &theme) {
     const QChar letter = action.isEmpty() ? QChar(u' ') : action.front();
-    switch (letter.unicode()) {
-    case u'A':
-        return {letter, badgeColors(SVNStatusKind::added, theme)};
-    case u'M':
-        return {letter, badgeColors(SVNStatusKind::modified, theme)};
-    case u'D':
-        return {letter, badgeColors(SVNStatusKind::deleted, theme)};
-    case u'R':
-        return {letter, badgeColors(SVNStatusKind::replaced, theme)};
-    default:
-        return {letter, badgeColors(SVNStatusKind::unknown, theme)};
-    }
+    return {letter, badgeColors(statusKindOfAction(action), theme)};
 }
 
 void paintBadge(QPainter &painter, const QRectF &rect, const Badge &badge, const Theme &theme) {

@@ -24,6 +24,9 @@ struct Badge {
 /// conflict reads as a conflict.
 Badge badgeFor(const WorkingCopyItem &item, const Theme &theme);
 
+/// What a changed path's action ("A", "M", "D", "R") says; `unknown` for other letters.
+SVNStatusKind statusKindOfAction(QStringView action);
+
 /// The badge of a changed path's action ("A", "M", "D", "R"); other letters stand on the neutral tile.
 Badge badgeForAction(QStringView action, const Theme &theme);
 

@@ -9,7 +9,7 @@ namespace kestor {
 enum class BarLine : std::uint8_t { above, below };
 
 /// A strip beside a list or a diff, set off from it by a line.
-class Bar final : public QWidget {
+class Bar : public QWidget {
     Q_OBJECT
 
 public:

@@ -140,6 +140,12 @@ Drawing drawingOf(Icon icon) {
         drawing.areas.addRect(4, 3, 2.75, 10);
         drawing.areas.addRect(9.25, 3, 2.75, 10);
         break;
+    case Icon::archive:
+        drawing.closed({{3, 1.75}, {9.5, 1.75}, {13, 5.25}, {13, 14.25}, {3, 14.25}});
+        drawing.polyline({{7.25, 2}, {7.25, 3.75}});
+        drawing.polyline({{7.25, 6}, {7.25, 7.25}});
+        drawing.box({6.25, 9.25, 2, 2.5}, 0.5);
+        break;
     }
     return drawing;
 }

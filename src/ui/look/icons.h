@@ -29,6 +29,7 @@ enum class Icon : std::uint8_t {
     warning,
     play,
     pause,
+    archive,
 };
 
 QIcon icon(Icon icon);

@@ -1,5 +1,6 @@
 #include "ui/look/metrics.h"
 
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QFontMetrics>
 
@@ -19,6 +20,14 @@ int rowHeight(const QFont &font) {
     return qMax(24, QFontMetrics(font).height() + 6);
 }
 
+int twoLinesHeight(const QFont &font) {
+    return QFontMetrics(font).height() + QFontMetrics(smallFont(font)).height();
+}
+
+int twoLineRowHeight(const QFont &font) {
+    return qMax(44, twoLinesHeight(font) + 12);
+}
+
 QFont smallFont(const QFont &font) {
     return resized(font, -1);
 }
@@ -30,6 +39,12 @@ QFont headingFont(const QFont &font) {
 QFont boldFont(const QFont &font) {
     QFont result = font;
     result.setBold(true);
+    return result;
+}
+
+QFont fixedFont(const QFont &font) {
+    QFont result = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    result.setPixelSize(QFontInfo(smallFont(font)).pixelSize());
     return result;
 }
 

@@ -13,10 +13,16 @@ inline constexpr int barHeight = 40;
 
 /// The height of a list row of one line: 24 px, more for large fonts.
 int rowHeight(const QFont &font);
+/// A line in `font` and one in the small font below it.
+int twoLinesHeight(const QFont &font);
+/// The height of a list row of two lines: 44 px, more for large fonts.
+int twoLineRowHeight(const QFont &font);
 /// One pixel smaller, never below 10 px.
 QFont smallFont(const QFont &font);
 /// Two pixels larger and bold.
 QFont headingFont(const QFont &font);
 QFont boldFont(const QFont &font);
+/// The platform's fixed font, as large as the small font.
+QFont fixedFont(const QFont &font);
 
 } // namespace kestor

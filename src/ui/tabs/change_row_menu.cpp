@@ -59,8 +59,10 @@ QMenu *changeRowMenu(const ChangeRowMenu &content, QWidget *parent) {
     menu->addActions(content.tickedActions);
     menu->addSeparator();
     addHeading(*menu, shortened(content.path, boldFont(menu->font())));
-    menu->addActions(content.rowActions);
+    menu->addAction(content.rowAction);
     addPathActions(*menu, content);
+    menu->addSeparator();
+    menu->addAction(content.listAction);
     return menu;
 }
 

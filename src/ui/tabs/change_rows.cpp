@@ -64,7 +64,7 @@ void ChangeRows::lookUpTicks() {
     }
 }
 
-PathRow ChangeRows::pathRow(int record, const Theme &theme) const {
+RowContent ChangeRows::content(int record, const Theme &theme) const {
     return changeRow(items.at(record), ticks[static_cast<std::size_t>(record)], theme);
 }
 

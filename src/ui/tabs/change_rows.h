@@ -48,7 +48,7 @@ public:
 
     int recordCount() const override { return static_cast<int>(items.size()); }
     QString recordId(int record) const override { return items.at(record).path; }
-    PathRow pathRow(int record, const Theme &theme) const override;
+    RowContent content(int record, const Theme &theme) const override;
 
 private:
     void lookUpTicks();

@@ -6,6 +6,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -19,6 +20,7 @@ constexpr int messageHeight = 92;
 constexpr int smallestMessage = 60;
 constexpr int messageMargin = 7;
 constexpr int buttonHeight = 28;
+constexpr double cornerRadius = 4;
 
 class MessageEditor final : public QPlainTextEdit {
 public:
@@ -26,9 +28,22 @@ public:
         setMinimumHeight(smallestMessage);
         setTabChangesFocus(true);
         document()->setDocumentMargin(messageMargin);
+        viewport()->setAutoFillBackground(false);
     }
 
     QSize sizeHint() const override { return {QPlainTextEdit::sizeHint().width(), messageHeight}; }
+
+protected:
+    /// The ground is as round as the frame, which a filled viewport would cover.
+    void paintEvent(QPaintEvent *event) override {
+        QPainter painter(viewport());
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().base());
+        painter.drawRoundedRect(viewport()->rect(), cornerRadius, cornerRadius);
+        painter.end();
+        QPlainTextEdit::paintEvent(event);
+    }
 };
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "ui/frame/message_dialog.h"
 #include "ui/frame/output_sheet.h"
 #include "ui/frame/project_list.h"
+#include "ui/frame/tab_pages.h"
 #include "ui/frame/tab_strip.h"
 #include "ui/tabs/changes_tab.h"
 
@@ -103,7 +104,20 @@ TEST_F(Window, HasTheMenusAndNoDeadItem) {
                                u"&Working Copy"_s,
                                u"Revert Selected|"_s,
                                u"Ignore Selected|"_s,
-                               u"Include Ignored Path...|"_s};
+                               u"Include Ignored Path...|"_s,
+                               u"&History"_s,
+                               u"Show Log|"_s,
+                               u"Show Archives|"_s,
+                               u"-"_s,
+                               u"Diff Against Revision...|"_s,
+                               u"Pull File At Revision...|"_s,
+                               u"Export File At Revision...|"_s,
+                               u"Create Archive Zip...|"_s,
+                               u"-"_s,
+                               u"Rollback Selected Revision|"_s,
+                               u"&Remote"_s,
+                               u"List URL Or Path...|"_s,
+                               u"Cat URL Or Path...|"_s};
     EXPECT_EQ(menuTexts(*window->menuBar()), expected);
     app.busyMessage = u"Working"_s;
     for (const QAction *menu : window->menuBar()->actions()) {
@@ -126,7 +140,7 @@ TEST_F(Window, OffersTheFirstProjectAndThenShowsIt) {
     app.selectedProjectID = project.id;
     EXPECT_TRUE(part<TabStrip>()->isVisible());
     EXPECT_EQ(window->windowTitle(), u"a"_s);
-    EXPECT_EQ(window->changesTab().splitter().sizes().first(), 400);
+    EXPECT_EQ(window->tabPages().changes().findChild<QSplitter *>()->sizes().first(), 400);
 }
 
 TEST_F(Window, ARowChosenByTheUserSelectsItsProject) {

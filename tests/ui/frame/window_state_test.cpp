@@ -14,7 +14,8 @@ using testing::TempTree;
 TEST(WindowState, ComesBackAsItWasSaved) {
     const TempTree tree;
     const QString file = tree.path(u"window.conf"_s);
-    const WindowState state{QByteArray("\0\xff geometry", 11), QRect(-1900, 20, 1000, 700), 300, true, 500, 3};
+    const WindowState state{
+        QByteArray("\0\xff geometry", 11), QRect(-1900, 20, 1000, 700), 300, true, 500, 700, 130, 300, 3};
     {
         QSettings settings(file, QSettings::IniFormat);
         saveWindowState(settings, state);

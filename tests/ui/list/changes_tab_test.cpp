@@ -38,9 +38,9 @@ public:
 
     RowListView &list() { return *tab.findChild<RowListView *>(); }
     FilterField &filter() { return *tab.findChild<FilterField *>(); }
-    QString printed() { return tab.diffPane().diffView().document().printed; }
+    QString printed() { return tab.diffPane()->diffView().document().printed; }
     QString pathInBar() {
-        for (QAction *action : tab.diffPane().findChildren<QAction *>()) {
+        for (QAction *action : tab.diffPane()->findChildren<QAction *>()) {
             if (action->text() == u"Copy Path"_s)
                 action->trigger();
         }

@@ -1,4 +1,4 @@
-#include "ui/frame/flat_button.h"
+#include "ui/look/flat_button.h"
 
 #include "ui/look/icons.h"
 

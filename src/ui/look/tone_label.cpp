@@ -1,4 +1,4 @@
-#include "ui/frame/tone_label.h"
+#include "ui/look/tone_label.h"
 
 #include <QPainter>
 

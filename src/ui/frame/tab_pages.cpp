@@ -1,0 +1,141 @@
+#include "ui/frame/tab_pages.h"
+
+#include "ui/frame/commands.h"
+#include "ui/look/placeholder.h"
+#include "ui/preview/detail_pane.h"
+#include "ui/tabs/archives_tab.h"
+#include "ui/tabs/changes_tab.h"
+#include "ui/tabs/history_tab.h"
+
+namespace kestor {
+
+using namespace Qt::StringLiterals;
+
+TabPages::TabPages(AppState &shownState, const Commands &shownCommands, QWidget *parent)
+    : QStackedWidget(parent), state(shownState), commands(shownCommands) {
+    tabPages.insert(WorkflowTab::changes, newChanges());
+    addWidget(changesTab);
+    observers.watch(state.selectedTab, [this] { showPage(); });
+}
+
+QWidget *TabPages::newPage(WorkflowTab tab) {
+    switch (tab) {
+    case WorkflowTab::history:
+        return newHistory();
+    case WorkflowTab::archives:
+        return newArchives();
+    default:
+        return new Placeholder({rawValue(tab).toString(), u"Not available yet."_s, {}}, this);
+    }
+}
+
+ListTab *TabPages::newChanges() {
+    changesTab = new ChangesTab(state, this);
+    changesTab->setRowActions({commands.action(Command::revertSelected), commands.action(Command::ignoreSelected)});
+    prepare(*changesTab);
+    return changesTab;
+}
+
+ListTab *TabPages::newHistory() {
+    const HistoryActions actions{.pullFile = commands.action(Command::pullFileAtRevision),
+                                 .diffAgainst = commands.action(Command::diffAgainstRevision),
+                                 .createZip = commands.action(Command::createArchiveZip),
+                                 .rollback = commands.action(Command::rollbackRevision),
+                                 .exportFile = commands.action(Command::exportFileAtRevision)};
+    auto *page = new HistoryTab(state, actions, this);
+    prepare(*page);
+    if (layout.revisionsHeight > 0)
+        page->setRevisionsHeight(layout.revisionsHeight);
+    return page;
+}
+
+/// Its list keeps a width of its own.
+ListTab *TabPages::newArchives() {
+    auto *page = new ArchivesTab(state, commands.action(Command::createArchiveZip), this);
+    page->setListWidth(layout.archivesWidth);
+    connect(page, &ListTab::listWidthChosen, this, [this](int width) { layout.archivesWidth = width; });
+    return page;
+}
+
+void TabPages::prepare(ListTab &page) {
+    page.setListWidth(layout.listWidth);
+    connect(&page, &ListTab::listWidthChosen, this, &TabPages::shareListWidth);
+    if (DiffPane *pane = page.diffPane()) {
+        pane->setTextSizeDelta(layout.textSize);
+        connect(pane, &DiffPane::textSizeDeltaChanged, this, &TabPages::setTextSize);
+        page.detailPane()->setFormChoices(layout.forms);
+        connect(page.detailPane(), &DetailPane::formChoicesChanged, this,
+                [this, changed = page.detailPane()] { shareForms(changed->formChoices()); });
+    }
+}
+
+void TabPages::shareListWidth(int width) {
+    layout.listWidth = width;
+    for (const WorkflowTab tab : {WorkflowTab::changes, WorkflowTab::history}) {
+        auto *page = qobject_cast<ListTab *>(tabPages.value(tab));
+        if (page != nullptr && page != sender())
+            page->setListWidth(width);
+    }
+}
+
+void TabPages::setTextSize(int delta) {
+    if (delta == layout.textSize)
+        return;
+    changesTab->diffPane()->setTextSizeDelta(delta);
+    layout.textSize = changesTab->diffPane()->textSizeDelta(); // within its bounds
+    for (QWidget *page : std::as_const(tabPages)) {
+        auto *tab = qobject_cast<ListTab *>(page);
+        if (tab != nullptr && tab->diffPane() != nullptr)
+            tab->diffPane()->setTextSizeDelta(layout.textSize);
+    }
+    emit textSizeChanged(layout.textSize);
+}
+
+void TabPages::shareForms(const FormChoices &choices) {
+    layout.forms = choices;
+    for (QWidget *page : std::as_const(tabPages)) {
+        auto *tab = qobject_cast<ListTab *>(page);
+        if (tab != nullptr && tab->detailPane() != nullptr)
+            tab->detailPane()->setFormChoices(choices);
+    }
+}
+
+ListTab *TabPages::current() const {
+    return qobject_cast<ListTab *>(currentWidget());
+}
+
+void TabPages::restore(const WindowState &saved) {
+    setTextSize(saved.textSize);
+    shareForms(saved.forms);
+    layout = saved;
+    changesTab->setListWidth(saved.listWidth);
+    if (saved.messageHeight > 0)
+        changesTab->setPanelHeight(saved.messageHeight);
+}
+
+void TabPages::save(WindowState &current) const {
+    current.listWidth = layout.listWidth;
+    current.archivesWidth = layout.archivesWidth;
+    current.textSize = layout.textSize;
+    current.forms = layout.forms;
+    current.messageHeight = changesTab->isVisible() ? changesTab->panelHeight() : layout.messageHeight;
+    const auto *history = qobject_cast<const HistoryTab *>(tabPages.value(WorkflowTab::history));
+    current.revisionsHeight = history ? history->revisionsHeight() : layout.revisionsHeight;
+}
+
+/// The focus stays in the pages; one that never had it begins with its list.
+void TabPages::showPage() {
+    const WorkflowTab tab = state.selectedTab.value();
+    QWidget *&page = tabPages[tab];
+    if (page == nullptr) {
+        page = newPage(tab);
+        addWidget(page);
+    }
+    const QWidget *focused = window()->focusWidget();
+    const bool begins = focused != nullptr && isAncestorOf(focused) && page->focusWidget() == nullptr;
+    setCurrentWidget(page);
+    if (begins && current() != nullptr)
+        current()->focusPanes().first()->setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace kestor

@@ -1,0 +1,92 @@
+#include "ui/list/filtered_list.h"
+
+#include "ui/list/filter_field.h"
+#include "ui/list/row_list_view.h"
+#include "ui/look/bar.h"
+#include "ui/look/metrics.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+namespace kestor {
+
+FilteredList::FilteredList(RowModel &shownRows, const QString &filterName, const QString &listName, QWidget *parent)
+    : QWidget(parent), rows(shownRows), filterField(new FilterField(filterName)), rowList(new RowListView(shownRows)),
+      placeholder(new Placeholder), parts(new QVBoxLayout(this)) {
+    rowList->setAccessibleName(listName);
+    parts->setContentsMargins({});
+    parts->setSpacing(0);
+    parts->addWidget(bar());
+    parts->addWidget(body(), 1);
+    connectParts();
+    updateCounts();
+}
+
+QWidget *FilteredList::bar() {
+    auto *bar = new Bar(BarLine::below, this);
+    bar->setFixedHeight(barHeight);
+    barParts = new QHBoxLayout(bar);
+    barParts->setContentsMargins(paneEdge, 0, paneEdge, 1);
+    barParts->setSpacing(gap);
+    barParts->addWidget(filterField, 1);
+    return bar;
+}
+
+/// The placeholder lies upon the list, which keeps the focus below it.
+QWidget *FilteredList::body() {
+    auto *body = new QWidget(this);
+    auto *layout = new QGridLayout(body);
+    layout->setContentsMargins({});
+    layout->addWidget(rowList, 0, 0);
+    layout->addWidget(placeholder, 0, 0);
+    return body;
+}
+
+void FilteredList::connectParts() {
+    connect(filterField, &QLineEdit::textChanged, this, [this](const QString &text) {
+        rows.setFilter(ListFilter(text));
+        updateCounts();
+    });
+    connect(filterField, &FilterField::leaveRequested, rowList, qOverload<>(&QWidget::setFocus));
+    connect(filterField, &FilterField::firstMatchRequested, this, [this] {
+        rowList->setFocus();
+        rowList->chooseFirst();
+    });
+    connect(rowList, &RowListView::filterRequested, this, &FilteredList::focusFilter);
+    connect(placeholder, &Placeholder::buttonClicked, filterField, &QLineEdit::clear);
+    connect(&rows, &RowModel::modelReset, this, &FilteredList::updateCounts);
+}
+
+void FilteredList::focusFilter() {
+    filterField->setFocus(Qt::ShortcutFocusReason);
+    filterField->selectAll();
+}
+
+void FilteredList::addBeforeFilter(QWidget *part) {
+    barParts->insertWidget(barParts->indexOf(filterField), part);
+}
+
+void FilteredList::addAfterFilter(QWidget *part) {
+    barParts->addWidget(part);
+}
+
+void FilteredList::addHeader(QWidget *header) {
+    parts->insertWidget(parts->count() - 1, header);
+}
+
+void FilteredList::setEmptyText(const PlaceholderText &text) {
+    emptyText = text;
+    updateCounts();
+}
+
+void FilteredList::updateCounts() {
+    filterField->setCounts(rows.rowCount(), rows.recordCount());
+    placeholder->setVisible(rows.rowCount() == 0);
+    const QString nothing = tr("Nothing contains “%1”.").arg(filterField->text());
+    placeholder->setText(rows.recordCount() == 0 ? emptyText
+                                                 : PlaceholderText{tr("No Matches"), nothing, tr("Clear Filter")});
+    emit rowsChanged();
+}
+
+} // namespace kestor

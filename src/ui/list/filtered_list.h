@@ -1,0 +1,55 @@
+#pragma once
+
+#include "ui/look/placeholder.h"
+
+#include <QString>
+#include <QWidget>
+
+class QBoxLayout;
+
+namespace kestor {
+
+class FilterField;
+class RowListView;
+class RowModel;
+
+/// A list below a bar with its filter. While it shows no row, it says why.
+class FilteredList final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `shownRows` must outlive the list. `filterName` is the field's placeholder, `listName` is read aloud.
+    FilteredList(RowModel &shownRows, const QString &filterName, const QString &listName, QWidget *parent = nullptr);
+
+    RowListView &list() { return *rowList; }
+    FilterField &filter() { return *filterField; }
+    const FilterField &filter() const { return *filterField; }
+    void focusFilter();
+
+    void addBeforeFilter(QWidget *part);
+    void addAfterFilter(QWidget *part);
+    /// Puts a part between the bar and the list.
+    void addHeader(QWidget *header);
+    /// What the list says while there are no rows at all.
+    void setEmptyText(const PlaceholderText &text);
+
+signals:
+    /// There are other rows, or the filter leaves others.
+    void rowsChanged();
+
+private:
+    QWidget *bar();
+    QWidget *body();
+    void connectParts();
+    void updateCounts();
+
+    RowModel &rows;
+    FilterField *filterField;
+    RowListView *rowList;
+    Placeholder *placeholder;
+    QBoxLayout *parts;
+    QBoxLayout *barParts = nullptr;
+    PlaceholderText emptyText{};
+};
+
+} // namespace kestor

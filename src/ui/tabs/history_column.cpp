@@ -1,0 +1,86 @@
+#include "ui/tabs/history_column.h"
+
+#include "ui/list/filtered_list.h"
+#include "ui/list/line_summary_label.h"
+#include "ui/list/row_list_view.h"
+#include "ui/list/section_bar.h"
+#include "ui/look/elided_path.h"
+#include "ui/look/line_splitter.h"
+#include "ui/look/metrics.h"
+#include "ui/tabs/revision_count.h"
+
+#include <QLocale>
+#include <QVBoxLayout>
+
+namespace kestor {
+
+namespace {
+
+constexpr int firstShownRevisions = 5;
+constexpr int leastShownRevisions = 2;
+
+} // namespace
+
+HistoryColumn::HistoryColumn(HistoryFileRows &files, FileRevisionRows &revisions, QWidget *parent)
+    : QWidget(parent), revisionRows(revisions), filtered(new FilteredList(files, tr("Filter files"), tr("Files"))),
+      summaryLabel(new LineSummaryLabel), revisionBar(new SectionBar), revisionView(new RowListView(revisions)),
+      parts(new LineSplitter(Qt::Vertical, this)) {
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(parts);
+    parts->addWidget(filtered);
+    parts->addWidget(revisionPart());
+    parts->setStretchFactor(0, 1);
+    filtered->addAfterFilter(summaryLabel);
+    summaryLabel->setSummary({});
+    setRevisionsHeight(revisionBar->height() + firstShownRevisions * twoLineRowHeight(font()));
+    setFile({});
+}
+
+QWidget *HistoryColumn::revisionPart() {
+    auto *part = new QWidget;
+    auto *layout = new QVBoxLayout(part);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(revisionBar);
+    layout->addWidget(revisionView, 1);
+    revisionView->setAccessibleName(tr("Revisions"));
+    part->setMinimumHeight(revisionBar->height() + leastShownRevisions * twoLineRowHeight(font()));
+    return part;
+}
+
+RowListView &HistoryColumn::fileList() {
+    return filtered->list();
+}
+
+void HistoryColumn::setColumns(HistoryColumns wanted) {
+    if (wanted == shownColumns)
+        return;
+    stackedHeight = revisionsHeight();
+    shownColumns = wanted;
+    const bool stacked = wanted == HistoryColumns::stacked;
+    parts->setOrientation(stacked ? Qt::Vertical : Qt::Horizontal);
+    revisionBar->setFixedHeight(stacked ? SectionBar::standardHeight : barHeight);
+    parts->setSizes(stacked ? QList<int>{1, stackedHeight} : QList<int>{sideBySideWidth, sideBySideWidth});
+}
+
+int HistoryColumn::revisionsHeight() const {
+    return shownColumns == HistoryColumns::stacked && isVisible() ? parts->sizes().last() : stackedHeight;
+}
+
+void HistoryColumn::setRevisionsHeight(int height) {
+    stackedHeight = height;
+    if (shownColumns == HistoryColumns::stacked)
+        parts->setSizes({1, height});
+}
+
+void HistoryColumn::setSummary(const LineChangeSummary &summary) {
+    summaryLabel->setSummary(summary);
+}
+
+void HistoryColumn::setFile(const QString &path) {
+    revisionBar->setTexts(path.isEmpty() ? tr("Revisions") : revisionCountText(revisionRows.recordCount(), locale()),
+                          path.sliced(fileNameStart(path)));
+}
+
+} // namespace kestor

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "model/line_change_summary.h"
+#include "ui/look/placeholder.h"
+#include "ui/tabs/history_file_rows.h"
+#include "ui/tabs/revision_rows.h"
+
+#include <QWidget>
+
+#include <cstdint>
+
+namespace kestor {
+
+class FilteredList;
+class LineSplitter;
+class LineSummaryLabel;
+class RowListView;
+class SectionBar;
+
+/// How the two lists of the History tab stand to each other.
+enum class HistoryColumns : std::uint8_t { stacked, sideBySide };
+
+/// The left side of the History tab: the files with filter and line summary, and the revisions of the selected one.
+class HistoryColumn final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// Both must outlive the column.
+    HistoryColumn(HistoryFileRows &files, FileRevisionRows &revisions, QWidget *parent = nullptr);
+
+    FilteredList &filteredList() { return *filtered; }
+    RowListView &fileList();
+    RowListView &revisionList() { return *revisionView; }
+
+    void setColumns(HistoryColumns wanted);
+    HistoryColumns columns() const { return shownColumns; }
+    /// The height of the revisions below the files; the one last set while they stand beside them.
+    int revisionsHeight() const;
+    void setRevisionsHeight(int height);
+
+    void setSummary(const LineChangeSummary &summary);
+    /// Says whose revisions are listed; "" for none.
+    void setFile(const QString &path);
+
+    /// The width of each list when they stand side by side.
+    static constexpr int sideBySideWidth = 360;
+
+private:
+    QWidget *revisionPart();
+
+    FileRevisionRows &revisionRows;
+    FilteredList *filtered;
+    LineSummaryLabel *summaryLabel;
+    SectionBar *revisionBar;
+    RowListView *revisionView;
+    LineSplitter *parts;
+    HistoryColumns shownColumns = HistoryColumns::stacked;
+    int stackedHeight = 0;
+};
+
+} // namespace kestor

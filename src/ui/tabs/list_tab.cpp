@@ -1,0 +1,167 @@
+#include "ui/tabs/list_tab.h"
+
+#include "ui/list/filter_field.h"
+#include "ui/list/filtered_list.h"
+#include "ui/list/row_list_view.h"
+#include "ui/look/line_splitter.h"
+#include "ui/preview/detail_pane.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <chrono>
+
+namespace kestor {
+
+namespace {
+
+constexpr int smallestList = 280;
+constexpr int smallestDetail = 400;
+/// Shorter work does not draw anything as held back.
+constexpr std::chrono::milliseconds holdTime{400};
+
+} // namespace
+
+ListTab::ListTab(AppState &state, QWidget *parent)
+    : QWidget(parent), app(state), parts(new LineSplitter(Qt::Horizontal, this)) {
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(parts);
+    holding.setSingleShot(true);
+    holding.setInterval(holdTime);
+    connect(&holding, &QTimer::timeout, this, [this] { setAccess(TickAccess::held); });
+    connect(parts, &QSplitter::splitterMoved, this, [this] {
+        if (sharesListWidth())
+            emit listWidthChosen(parts->sizes().first());
+    });
+    addKeys();
+}
+
+void ListTab::setParts(QWidget *column, FilteredList *filtered, QWidget *detail) {
+    filteredList = filtered;
+    parts->addWidget(column);
+    parts->addWidget(detail);
+    parts->setStretchFactor(1, 1);
+    column->setMinimumWidth(smallestList);
+    detail->setMinimumWidth(smallestDetail);
+    ListTab::setListWidth(standardListWidth);
+    addList(filtered->list());
+    connect(&filtered->filter(), &QLineEdit::textChanged, this, [this](const QString &text) {
+        if (shownProject)
+            filterTexts.insert(*shownProject, text);
+    });
+    observers.watch(app.selectedProjectID, [this] { showProject(); });
+    observers.watch(app.busyMessage, [this] { showBusy(); });
+}
+
+void ListTab::setListWidth(int width) {
+    parts->setSizes({width, smallestDetail});
+}
+
+void ListTab::addList(RowListView &list) {
+    lists.append(&list);
+    if (lastList == nullptr)
+        lastList = &list;
+    connect(&list, &RowListView::detailRequested, this, [this, shown = &list] {
+        lastList = shown;
+        if (pane)
+            pane->takeFocus();
+    });
+    connect(&list, &RowListView::rowChosen, this, [this] {
+        if (pane && !walking)
+            pane->setNextBeginning(DiffBeginning::firstHunk);
+    });
+}
+
+void ListTab::setDetailPane(DetailPane *shownPane) {
+    details = shownPane;
+    pane = &details->diffPane();
+    connect(pane, &DiffPane::leaveRequested, this, [this] { lastList->setFocus(); });
+    connect(pane, &DiffPane::pastLastHunk, this, [this] { leaveRow(Walk::hunks, CaretDirection::ahead); });
+    connect(pane, &DiffPane::beforeFirstHunk, this, [this] { leaveRow(Walk::hunks, CaretDirection::back); });
+}
+
+void ListTab::focusFilter() {
+    filteredList->focusFilter();
+}
+
+QString ListTab::filterText() const {
+    return filteredList->filter().text();
+}
+
+bool ListTab::escape() {
+    if (!filterText().isEmpty()) {
+        filteredList->filter().clear();
+        return true;
+    }
+    const bool elsewhere = std::ranges::none_of(lists, &QWidget::hasFocus);
+    if (elsewhere)
+        lastList->setFocus();
+    return elsewhere;
+}
+
+void ListTab::keyPressEvent(QKeyEvent *event) {
+    if (event->key() != Qt::Key_Escape || !escape())
+        QWidget::keyPressEvent(event);
+}
+
+void ListTab::addKeys() {
+    addKeys({Qt::Key_F7, Qt::ALT | Qt::Key_Down}, Walk::hunks, CaretDirection::ahead);
+    addKeys({Qt::SHIFT | Qt::Key_F7, Qt::ALT | Qt::Key_Up}, Walk::hunks, CaretDirection::back);
+    addKeys({Qt::Key_F8}, Walk::files, CaretDirection::ahead);
+    addKeys({Qt::SHIFT | Qt::Key_F8}, Walk::files, CaretDirection::back);
+}
+
+void ListTab::addKeys(const QList<QKeySequence> &keys, Walk walk, CaretDirection direction) {
+    auto *action = new QAction(this);
+    action->setShortcuts(keys);
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(action, &QAction::triggered, this, [this, walk, direction] { walkOn(walk, direction); });
+    addAction(action);
+}
+
+void ListTab::walkOn(Walk walk, CaretDirection direction) {
+    StepResult result = StepResult::outside;
+    if (pane)
+        result = walk == Walk::hunks ? pane->stepHunk(direction) : pane->stepFile(direction);
+    if (result == StepResult::outside)
+        leaveRow(walk, direction);
+}
+
+/// Waits for the diff of one row before it goes on to the next, so that a repeated key skips none.
+void ListTab::leaveRow(Walk walk, CaretDirection direction) {
+    if (!isDetailUpToDate())
+        return;
+    const QScopedValueRollback choosing(walking, true);
+    const bool backByHunks = walk == Walk::hunks && direction == CaretDirection::back;
+    if (chooseBeside(walk, direction) && pane)
+        pane->setNextBeginning(backByHunks ? DiffBeginning::lastHunk : DiffBeginning::firstHunk);
+}
+
+bool ListTab::chooseBeside(Walk, CaretDirection direction) {
+    return filteredList->list().chooseBeside(static_cast<int>(direction));
+}
+
+void ListTab::showProject() {
+    if (shownProject == app.selectedProjectID.value())
+        return;
+    shownProject = app.selectedProjectID;
+    filteredList->filter().setText(shownProject ? filterTexts.value(*shownProject) : QString());
+}
+
+void ListTab::showBusy() {
+    const bool busy = app.busyMessage.value().has_value();
+    if (busy == wasBusy)
+        return;
+    wasBusy = busy;
+    setAccess(busy ? TickAccess::readOnly : TickAccess::editable);
+    if (busy)
+        holding.start();
+    else
+        holding.stop();
+}
+
+} // namespace kestor
