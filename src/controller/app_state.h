@@ -3,6 +3,7 @@
 #include "controller/app_properties.h"
 #include "controller/busy_scope.h"
 #include "controller/commit_plan.h"
+#include "controller/latest_turn.h"
 #include "controller/log_loading.h"
 #include "controller/repository_detection.h"
 #include "controller/revert_plan.h"
@@ -21,6 +22,7 @@
 #include <QSettings>
 #include <QStringList>
 #include <QThreadPool>
+#include <QTimer>
 
 #include <cstdint>
 #include <functional>
@@ -246,10 +248,13 @@ private:
     QCoro::Task<> exportTree(Project project, QString revision, QString tree);
     QCoro::Task<SVNCommandResult> archiveFromGit(Project project, LogEntry entry, QString path);
     QCoro::Task<SVNCommandResult> archiveFromSubversion(Project project, LogEntry entry, QString path);
-    /// Lets a worker give back what a replaced value held, if nobody else has it.
+    /// Lets a worker give back what `value` holds, which takes milliseconds that the window does not have. It does so
+    /// in a later turn of the event loop, when the caller's own copies are gone.
     template <typename Value>
     void release(Value value) {
-        workers.start([held = std::move(value)]() mutable { held = Value(); });
+        QTimer::singleShot(0, this, [this, held = std::move(value)]() mutable {
+            workers.start([last = std::move(held)]() mutable { last = Value(); });
+        });
     }
     QCoro::Task<> addIgnoreLines(Project project, QStringList lines);
     QCoro::Task<> runToolCommand(RepositoryKind kind, QString title, QStringList arguments, QString workingDirectory,
@@ -275,6 +280,7 @@ private:
     quint64 infoGeneration = 0;
     quint64 historyGeneration = 0;
     quint64 historyDiffGeneration = 0;
+    LatestTurn historyDiffTurn{2};
     quint64 archivesGeneration = 0;
     quint64 repositoryChanges = 0; ///< counts what may have changed the log
     quint64 historyLoadedAt = 0;   ///< `repositoryChanges` when the load that is shown began

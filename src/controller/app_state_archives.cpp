@@ -77,6 +77,7 @@ QCoro::Task<> AppState::loadArchivesOf(Project project, quint64 generation) {
     if (!isCurrent(project, generation, archivesGeneration))
         co_return;
     publishArchives(entries);
+    release(output);
     archivesLoadedAt = changesBefore;
 }
 

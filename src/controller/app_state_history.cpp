@@ -45,6 +45,7 @@ QCoro::Task<> AppState::loadHistoryOf(Project project, quint64 generation) {
         if (!isCurrent(project, generation, historyGeneration))
             co_return;
         publishHistory(loaded);
+        release(output);
         historyLoadedAt = changesBefore;
     }
     const QCoro::Task<> summary = loadHistorySummary(project);

@@ -50,6 +50,10 @@ QCoro::Task<> AppState::selectedHistoryRevisionChanged() {
 
 QCoro::Task<> AppState::loadDiffForSelectedHistoryRevision() {
     const quint64 generation = ++historyDiffGeneration;
+    co_await historyDiffTurn.wait();
+    if (generation != historyDiffGeneration)
+        co_return;
+    const LatestTurn::Scope turn(historyDiffTurn);
     const std::optional<Project> project = selectedProject();
     const std::optional<QString> path = selectedHistoryPath;
     const std::optional<FileHistoryRevision> revision = selectedFileHistoryRevision();

@@ -19,6 +19,21 @@ using testing::waitUntil;
 const QStringList probe{u"rev-parse"_s, u"--show-toplevel"_s};
 const QStringList status{u"status"_s, u"--porcelain=v1"_s, u"--untracked-files=normal"_s};
 
+const QStringList log{u"log"_s, u"--date=iso-strict"_s, u"--name-status"_s,
+                      u"--format=--KESTOR-GIT-COMMIT--%H%x09%an%x09%aI%x09%s"_s};
+
+/// As many commits of one file as there are hashes.
+QByteArray printedLog(const QByteArray &file, const QList<QByteArray> &hashes) {
+    QByteArray text;
+    for (const QByteArray &hash : hashes)
+        text += "--KESTOR-GIT-COMMIT--" + hash + "\tAda\t2024-01-01T00:00:00Z\tm\n\nM\t" + file + '\n';
+    return text;
+}
+
+QStringList diffOf(const QString &hash) {
+    return {u"show"_s, u"--format="_s, u"--patch"_s, u"--find-renames"_s, u"--no-ext-diff"_s, hash, u"--"_s, u"a.c"_s};
+}
+
 /// Two Git projects and tools that end when told.
 class OverlappingLoads : public ::testing::Test {
 protected:
@@ -42,6 +57,11 @@ protected:
         for (const WorkingCopyItem &item : app->changes.value())
             all.append(item.path);
         return all;
+    }
+    void loadHistoryOf(qsizetype index) {
+        app->selectedProjectID = app->projects.value()[index].id;
+        app->repositoryInfo = RepositoryInfo{.workingRevision = u"main"_s};
+        tasks.push_back(app->loadHistory());
     }
     qsizetype statusRuns() const { return git->vectors().count(status); }
 
@@ -104,6 +124,42 @@ TEST_F(OverlappingLoads, OnlyAskedForLoadsMayTakeGitsLocks) {
     tasks.push_back(app->refreshStatus());
     ASSERT_TRUE(waitUntil([&] { return statusRuns() == 2; }));
     EXPECT_EQ(git->runs[git->vectors().lastIndexOf(status)].purpose, RunPurpose::userCommand);
+}
+
+TEST_F(OverlappingLoads, AnOlderHistoryNeverReplacesTheNewOne) {
+    loadHistoryOf(0);
+    loadHistoryOf(1);
+    ASSERT_EQ(git->vectors(), (QList<QStringList>{log, log}));
+    EXPECT_EQ(app->busyMessage.value(), u"Loading history"_s);
+    git->runs[1].promise->addResult(SVNCommandResult{{}, 0, printedLog("two.c", {"abc"}), {}});
+    git->runs[1].promise->finish();
+    ASSERT_TRUE(waitUntil([&] { return app->historyLoaded.value(); }));
+    EXPECT_EQ(app->busyMessage.value(), std::nullopt) << "the list is there, its sum and diff may follow";
+    ASSERT_TRUE(git->finish(log, "", 128, "fatal: gone"));
+    const QStringList head{u"rev-parse"_s, u"--verify"_s, u"--quiet"_s, u"HEAD"_s};
+    ASSERT_TRUE(waitUntil([&] { return git->finish(head, "", 128); }));
+    for (int i = 0; i < 50; ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+    EXPECT_EQ(app->selectedHistoryPath.value(), u"two.c"_s);
+    EXPECT_EQ(app->alert.value(), std::nullopt);
+}
+
+TEST_F(OverlappingLoads, WalkingThroughRevisionsLoadsTheLastOneAndFewOnTheWay) {
+    loadHistoryOf(0);
+    finish(log, printedLog("a.c", {"h0", "h1", "h2", "h3", "h4"}));
+    ASSERT_TRUE(waitUntil([&] { return git->vectors().contains(diffOf(u"h0"_s)); }));
+    for (qint64 age = 1; age < 5; ++age) {
+        app->selectedRevision = 1000000 - age;
+        tasks.push_back(app->selectedHistoryRevisionChanged());
+    }
+    finish(diffOf(u"h1"_s), "+1\n");
+    finish(diffOf(u"h4"_s), "+4\n");
+    ASSERT_TRUE(waitUntil([&] { return app->historyDiffText.value() == u"+4\n"_s; }));
+    finish(diffOf(u"h0"_s), "+0\n");
+    for (int i = 0; i < 50; ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
+    EXPECT_EQ(app->historyDiffID.value(), (FileRevisionID{u"a.c"_s, 1000000 - 4}));
+    EXPECT_FALSE(git->vectors().contains(diffOf(u"h2"_s)) || git->vectors().contains(diffOf(u"h3"_s)));
 }
 
 TEST(Lifetime, AStateThatGoesAwayWhileToolsRunLeavesNothingBehind) {

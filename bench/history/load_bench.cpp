@@ -1,0 +1,106 @@
+// What the controller does with a log between the tool's last byte and the published list.
+
+#include "controller/app_state.h"
+#include "log_samples.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+
+#include <benchmark/benchmark.h>
+#include <time.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+namespace {
+
+/// Answers at once: a log where one is asked for, else nothing.
+class PreparedTool final : public Tool {
+public:
+    explicit PreparedTool(QByteArray printedLog) : log(std::move(printedLog)) {}
+
+    QCoro::Task<SVNCommandResult> run(QStringList arguments, QString, CheckStatus, RunPurpose) override {
+        SVNCommandResult result;
+        if (arguments.first() == u"log"_s && arguments.contains(u"--xml"_s))
+            result.stdoutData = log;
+        co_return result;
+    }
+
+    QByteArray log;
+};
+
+/// Nobody is asked.
+class NoUser final : public UserInteraction {
+public:
+    QCoro::Task<bool> confirm(QString, QString) override { co_return false; }
+    QCoro::Task<std::optional<QMap<QString, QString>>> prompt(QString, QList<PromptField>) override {
+        co_return std::nullopt;
+    }
+    QCoro::Task<std::optional<QString>> chooseDirectory(QString) override { co_return std::nullopt; }
+    QCoro::Task<std::optional<QString>> chooseSaveFile(QString, QString, QString) override { co_return std::nullopt; }
+    QCoro::Task<bool> openInFileManager(QString) override { co_return false; }
+    QCoro::Task<TerminalResult> openTerminal(QString) override { co_return TerminalResult(); }
+};
+
+/// The processor time that the calling thread has used.
+double ownMilliseconds() {
+    timespec used{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
+    return static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
+}
+
+/// The longest turn of the event loop until `ended`, in milliseconds of the main thread's own time.
+template <typename Condition>
+double longestTurn(double longest, Condition ended) {
+    while (!ended()) {
+        const double before = ownMilliseconds();
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
+        longest = std::max(longest, ownMilliseconds() - before);
+    }
+    return longest;
+}
+
+QCoro::Task<> noteEnd(QCoro::Task<> loading, bool *ended) {
+    co_await loading;
+    *ended = true;
+}
+
+/// Each round another log replaces the one that is shown. The ratio compares the longest turn with 16 ms.
+void BM_loadHistory(benchmark::State &state) {
+    int argc = 0;
+    const QCoreApplication application(argc, nullptr);
+    const QTemporaryDir directory;
+    QSettings settings(directory.filePath(u"bench.conf"_s), QSettings::IniFormat);
+    ProjectStore(settings).save({{QUuid::createUuid(), u"p"_s, directory.path(), RepositoryKind::svn}});
+    const auto revisions = static_cast<int>(state.range(0));
+    const auto tool = std::make_shared<PreparedTool>(QByteArray());
+    NoUser user;
+    AppState app(settings, user, {tool, tool, tool});
+    app.repositoryInfo = RepositoryInfo{.relativeURL = u"^/trunk"_s};
+    double longest = 0;
+    int round = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        tool->log = svnLog(revisions + ++round % 2, static_cast<int>(state.range(1)));
+        state.ResumeTiming();
+        bool ended = false;
+        const double before = ownMilliseconds();
+        const QCoro::Task<> loading = noteEnd(app.loadHistory(), &ended);
+        const double first = ownMilliseconds() - before;
+        longest = longestTurn(std::max(longest, first), [&ended] { return ended; });
+    }
+    state.counters["longest_turn_ms"] = longest;
+    state.counters["ratio"] = longest / 16;
+}
+
+BENCHMARK(BM_loadHistory)
+    ->Args({20000, 5})
+    ->Args({20000, 50})
+    ->Unit(benchmark::kMillisecond)
+    ->MeasureProcessCPUTime()
+    ->UseRealTime()
+    ->Iterations(6);
+
+} // namespace
+} // namespace kestor
