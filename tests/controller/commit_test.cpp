@@ -197,6 +197,38 @@ TEST(Commit, RefusedByAHookLeavesEverythingAsItWas) {
     EXPECT_EQ(git.git({u"show"_s, u":staged.c"_s}), "two\n");
 }
 
+TEST(Commit, KilledInTheMiddleShowsWhatIsThere) {
+    SvnFixture svn;
+    svn.write(u"m.c"_s, "one\n");
+    svn.commitAll(u"first"_s);
+    svn.write(u"m.c"_s, "two\n");
+    svn.write(u"new.c"_s);
+    GitFixture git;
+    git.write(u"m.c"_s, "one\n");
+    git.commitAll(u"first"_s);
+    git.write(u"m.c"_s, "two\n");
+    git.write(u"new.c"_s);
+    for (const QString &hook : {svn.tree.path(u"repo/hooks/pre-commit"_s), git.path(u".git/hooks/pre-commit"_s)})
+        writeHook(hook, "kill -9 $PPID\n");
+    AppFixture f;
+    for (const auto &[path, kind] : {std::pair{svn.path(), RepositoryKind::svn}, {git.path(), RepositoryKind::git}}) {
+        SCOPED_TRACE(qPrintable(path));
+        f.open(path, kind);
+        f.app.setCommitSelection(f.app.changes, true);
+        f.app.commitMessage = u"try"_s;
+        awaited(f.app.commitSelected());
+        EXPECT_TRUE(f.alertText().startsWith(u"Commit Failed: "_s)) << qPrintable(f.alertText());
+        EXPECT_EQ(f.app.commitMessage.value(), u"try"_s);
+        EXPECT_FALSE(f.app.busyMessage.value());
+        AppFixture later;
+        later.open(path, kind);
+        EXPECT_EQ(f.app.changes.value(), later.app.changes.value());
+        EXPECT_EQ(f.app.selectedCommitPaths.value().size(), 2);
+    }
+    EXPECT_EQ(svn.tree.read(u"wc/m.c"_s), "two\n");
+    EXPECT_EQ(git.tree.read(u"wc/m.c"_s), "two\n");
+}
+
 TEST(Commit, OfAFileThatCameBackDoesNotDeleteIt) {
     SvnFixture repository;
     repository.write(u"gone.c"_s, "one\n");

@@ -1,0 +1,140 @@
+// What the user waits for when many files are committed or deleted at once, against the same done by hand with the
+// tools. The repositories are real and made anew for every round; the best of the rounds counts.
+
+#include "controller/deletion.h"
+#include "support/app_fixture.h"
+#include "support/repositories.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <limits>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::AppFixture;
+using testing::GitFixture;
+using testing::runTool;
+using testing::SvnFixture;
+using testing::TempTree;
+
+constexpr int committedFiles = 5000;
+constexpr int deletedFiles = 20000;
+constexpr int filesPerFolder = 100;
+constexpr int rounds = 3;
+
+double seconds(const std::function<void()> &work) {
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e9;
+}
+
+/// Each round makes what it needs and returns the seconds of the part that counts.
+void compare(const char *name, const std::function<double()> &byHand, const std::function<double()> &measured) {
+    double byHandBest = std::numeric_limits<double>::max();
+    double measuredBest = byHandBest;
+    for (int round = 0; round < rounds; ++round) {
+        byHandBest = std::min(byHandBest, byHand());
+        measuredBest = std::min(measuredBest, measured());
+    }
+    std::printf("%-44s %8.2f s  by hand %8.2f s  ratio %5.2f\n", name, measuredBest, byHandBest,
+                measuredBest / byHandBest);
+}
+
+QString fileName(int number) {
+    return u"src/module_%1/file_%2.c"_s.arg(number / filesPerFolder).arg(number);
+}
+
+/// Every second file is changed, the others are new.
+template <typename Repository>
+void changeFiles(Repository &repository) {
+    for (int i = 0; i < committedFiles; i += 2)
+        repository.write(fileName(i), "one\n");
+    repository.commitAll(u"first"_s);
+    for (int i = 0; i < committedFiles; ++i)
+        repository.write(fileName(i), "two\n");
+}
+
+double commitWithWindow(const QString &path, RepositoryKind kind) {
+    AppFixture f;
+    f.open(path, kind);
+    f.app.setCommitSelection(f.app.changes, true);
+    f.app.commitMessage = u"all"_s;
+    const double taken = seconds([&f] { QCoro::waitFor(f.app.commitSelected()); });
+    if (f.app.alert.value() || !f.app.changes.value().isEmpty())
+        qFatal("the commit failed");
+    return taken;
+}
+
+double commitToSubversion() {
+    SvnFixture repository;
+    changeFiles(repository);
+    return commitWithWindow(repository.path(), RepositoryKind::svn);
+}
+
+double commitToSubversionByHand() {
+    SvnFixture repository;
+    changeFiles(repository);
+    return seconds([&repository] {
+        repository.svn({u"add"_s, u"-q"_s, u"--force"_s, u"src"_s});
+        repository.svn({u"commit"_s, u"-m"_s, u"all"_s});
+    });
+}
+
+double commitToGit() {
+    GitFixture repository;
+    changeFiles(repository);
+    return commitWithWindow(repository.path(), RepositoryKind::git);
+}
+
+double commitToGitByHand() {
+    GitFixture repository;
+    changeFiles(repository);
+    return seconds([&repository] {
+        repository.git({u"add"_s, u"--all"_s});
+        repository.git({u"commit"_s, u"-m"_s, u"all"_s});
+    });
+}
+
+QStringList filledTree(TempTree &tree) {
+    QStringList paths;
+    for (int i = 0; i < deletedFiles; ++i) {
+        paths.append(fileName(i));
+        tree.write(paths.last(), "x\n");
+    }
+    return paths;
+}
+
+double deleteFiles() {
+    TempTree tree;
+    const QStringList paths = filledTree(tree);
+    return seconds([&] {
+        if (deleteUnversionedItems(paths, tree.path()).deleted != deletedFiles)
+            qFatal("the deletion failed");
+    });
+}
+
+double deleteFilesByHand() {
+    TempTree tree;
+    filledTree(tree);
+    return seconds([&tree] { runTool(u"rm"_s, {u"-r"_s, u"src"_s}, tree.path()); });
+}
+
+} // namespace
+} // namespace kestor
+
+int main(int argc, char **argv) {
+    using namespace kestor;
+    const QCoreApplication application(argc, argv);
+    qputenv("GIT_CONFIG_GLOBAL", "/dev/null");
+    qputenv("XDG_DATA_HOME", "/dev/null"); // no trash: what is removed is gone
+    compare("commit of 5,000 files, Subversion", commitToSubversionByHand, commitToSubversion);
+    compare("commit of 5,000 files, Git", commitToGitByHand, commitToGit);
+    compare("deletion of 20,000 unversioned files", deleteFilesByHand, deleteFiles);
+}
