@@ -42,8 +42,10 @@ QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, Ru
     QProcessEnvironment environment = childEnvironment(inherited);
     for (const auto &[key, value] : gitConfiguration)
         appendGitConfiguration(environment, key.toString(), value.toString());
-    // Paths are names, not patterns: "a[1].c" must not stand for "a1.c", nor "*" for everything.
-    environment.insert(u"GIT_LITERAL_PATHSPECS"_s, u"1"_s);
+    // Each path says for itself that it is a name and no pattern. For hooks the variables would hold as well.
+    for (const QString &name :
+         {u"GIT_LITERAL_PATHSPECS"_s, u"GIT_GLOB_PATHSPECS"_s, u"GIT_NOGLOB_PATHSPECS"_s, u"GIT_ICASE_PATHSPECS"_s})
+        environment.remove(name);
     if (purpose == RunPurpose::backgroundRead)
         environment.insert(u"GIT_OPTIONAL_LOCKS"_s, u"0"_s);
     return environment;

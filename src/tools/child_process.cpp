@@ -75,7 +75,11 @@ Child::Child(const ChildCommand &command) {
     setArguments(command.arguments);
     setWorkingDirectory(command.directory);
     setProcessEnvironment(command.environment);
-    setInputChannelMode(ForwardedInputChannel);
+    // Without a terminal of its own svn would ask for passwords on standard input, where nobody sees the question.
+    if (::isatty(STDIN_FILENO) != 0)
+        setStandardInputFile(nullDevice());
+    else
+        setInputChannelMode(ForwardedInputChannel);
     setChildProcessModifier([] { ::setsid(); });
     connectSignals();
     start(ReadOnly);
