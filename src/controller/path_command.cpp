@@ -1,6 +1,6 @@
 #include "controller/path_command.h"
 
-#include "controller/svn_target.h"
+#include "controller/path_targets.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,13 +11,13 @@ namespace {
 // Well below what any system passes to a child, its environment included.
 constexpr qsizetype longestArguments = qsizetype{100} << 10;
 
-QStringList targets(RepositoryKind kind, const QStringList &paths) {
-    if (kind == RepositoryKind::git)
-        return paths;
+using Target = QString (*)(const QString &);
+
+QStringList targets(const QStringList &paths, Target target) {
     QStringList all;
     all.reserve(paths.size());
     for (const QString &path : paths)
-        all.append(svnTarget(path));
+        all.append(target(path));
     return all;
 }
 
@@ -26,7 +26,8 @@ QStringList targets(RepositoryKind kind, const QStringList &paths) {
 QStringList plainArguments(RepositoryKind kind, const PathCommand &command) {
     const bool separated = kind == RepositoryKind::git && !command.paths.isEmpty();
     const QStringList separator = separated ? QStringList(u"--"_s) : QStringList();
-    return command.before + separator + targets(kind, command.paths) + command.after;
+    const Target target = kind == RepositoryKind::svn ? svnTarget : gitTarget;
+    return command.before + separator + targets(command.paths, target) + command.after;
 }
 
 bool needsPathFile(const PathCommand &command) {
@@ -45,7 +46,7 @@ QStringList argumentsWithPathFile(RepositoryKind kind, const PathCommand &comman
 QByteArray pathFileContent(RepositoryKind kind, const PathCommand &command) {
     const char end = kind == RepositoryKind::svn ? '\n' : '\0';
     QByteArray content;
-    for (const QString &target : targets(kind, command.paths))
+    for (const QString &target : targets(command.paths, kind == RepositoryKind::svn ? svnListedTarget : gitTarget))
         content += target.toUtf8() + end;
     return content;
 }

@@ -1,16 +1,13 @@
 #include "rules/folder_set.h"
 
 #include "model/file_order.h"
+#include "rules/working_copy_paths.h"
 
 #include <algorithm>
 
 namespace kestor {
 
 namespace {
-
-QStringView parentOf(QStringView path) {
-    return path.first(std::max<qsizetype>(path.lastIndexOf(u'/'), 0));
-}
 
 qsizetype depthOf(const QString &folder) {
     return folder.isEmpty() ? 0 : folder.count(u'/') + 1;
@@ -22,12 +19,12 @@ void FolderSet::insert(QStringView folder) {
     if (folder == latest)
         return;
     latest = folder.toString();
-    for (QString added = latest; !folders.contains(added); added = parentOf(added).toString())
+    for (QString added = latest; !folders.contains(added); added = parentPath(added))
         folders.insert(added);
 }
 
 void FolderSet::insertParentsOf(QStringView path) {
-    insert(parentOf(path));
+    insert(path.first(std::max<qsizetype>(path.lastIndexOf(u'/'), 0)));
 }
 
 QStringList FolderSet::sorted() const {

@@ -2,7 +2,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
+#include <algorithm>
 #include <sys/stat.h>
 
 namespace kestor {
@@ -43,10 +45,31 @@ QString normalizedPath(const QString &path) {
     return isNormalizedPath(path) ? path : normalizedPath(QStringView(path));
 }
 
+QString parentPath(const QString &path) {
+    return path.first(std::max<qsizetype>(path.lastIndexOf(u'/'), 0));
+}
+
+bool isAtOrBelow(QStringView path, QStringView folder) {
+    return !folder.isEmpty() && path.startsWith(folder) &&
+           (path.size() == folder.size() || path[folder.size()] == u'/');
+}
+
+QStringList foldersAbove(const QString &path) {
+    QStringList folders;
+    for (qsizetype slash = path.indexOf(u'/'); slash >= 0; slash = path.indexOf(u'/', slash + 1))
+        folders.append(path.first(slash));
+    return folders;
+}
+
 QString absolutePath(QStringView path, const QString &root) {
     QString result;
     result.reserve(root.size() + 1 + path.size());
     return result.append(root).append(u'/').append(path);
+}
+
+bool isOnDisk(const QString &absolutePath) {
+    const QFileInfo info(absolutePath);
+    return info.exists() || info.isSymLink();
 }
 
 std::optional<QString> repositoryRelativePath(const QString &absolutePath, const QString &root) {

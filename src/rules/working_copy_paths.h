@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
 #include <optional>
@@ -21,12 +22,24 @@ QString normalizedPath(const QString &path);
 /// Whether normalizedPath() would change nothing.
 bool isNormalizedPath(QStringView path);
 
+/// The folder that holds a normalised path; "" for what lies in the root.
+QString parentPath(const QString &path);
+
+/// Whether a normalised path is `folder` or lies below it. Nothing lies below "".
+bool isAtOrBelow(QStringView path, QStringView folder);
+
+/// The folders above a normalised path, the topmost first, without the root.
+QStringList foldersAbove(const QString &path);
+
 /// The absolute path of a working-copy path below `root`.
 QString absolutePath(QStringView path, const QString &root);
 
 /// The normalised path of `absolutePath` below `root` ("" for the root itself); nothing when it lies outside. Both are
 /// cleaned of "." and ".." first; links are not resolved.
 std::optional<QString> repositoryRelativePath(const QString &absolutePath, const QString &root);
+
+/// Whether something is at the absolute path, a link without target included.
+bool isOnDisk(const QString &absolutePath);
 
 /// Whether the absolute path exists and is a folder (links are followed).
 bool isDirectory(const QString &absolutePath);

@@ -1,4 +1,6 @@
-#include "controller/svn_target.h"
+#include "controller/path_targets.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -15,6 +17,17 @@ QString svnDiffTarget(const QString &path) {
 QString svnDiffTarget(const QString &path, const QString &revision) {
     const bool isLocal = revision.compare(u"BASE", Qt::CaseInsensitive) == 0;
     return isLocal ? svnDiffTarget(path) : svnTarget(path);
+}
+
+QString svnListedTarget(const QString &path) {
+    return u"./"_s + path + u'@';
+}
+
+QString gitTarget(const QString &path) {
+    const bool isPattern = path.startsWith(u':') || std::any_of(path.begin(), path.end(), [](QChar character) {
+                               return u"*?[\\"_s.contains(character);
+                           });
+    return isPattern ? u":(literal)"_s + path : path;
 }
 
 } // namespace kestor

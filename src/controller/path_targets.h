@@ -15,4 +15,10 @@ QString svnDiffTarget(const QString &path);
 /// The target for `svn diff -r REVISION`, which with "BASE" compares working files alone.
 QString svnDiffTarget(const QString &path, const QString &revision);
 
+/// A working-copy path as a line of a file for svn's --targets, which trims blanks at both ends.
+QString svnListedTarget(const QString &path);
+
+/// A working-copy path as Git's pathspec: a name, never a pattern.
+QString gitTarget(const QString &path);
+
 } // namespace kestor
