@@ -102,18 +102,18 @@ double commitToGitByHand() {
     });
 }
 
-QStringList filledTree(TempTree &tree) {
-    QStringList paths;
+QList<UnversionedPath> filledTree(TempTree &tree) {
+    QList<UnversionedPath> paths;
     for (int i = 0; i < deletedFiles; ++i) {
-        paths.append(fileName(i));
-        tree.write(paths.last(), "x\n");
+        paths.append({fileName(i), u"src"_s});
+        tree.write(fileName(i), "x\n");
     }
     return paths;
 }
 
 double deleteFiles() {
     TempTree tree;
-    const QStringList paths = filledTree(tree);
+    const QList<UnversionedPath> paths = filledTree(tree);
     return seconds([&] {
         if (deleteUnversionedItems(paths, tree.path()).deleted != deletedFiles)
             qFatal("the deletion failed");

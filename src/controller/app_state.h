@@ -190,18 +190,23 @@ private:
     QCoro::Task<> openFinderIn(QString directory);
 
     QCoro::Task<> refresh(RunPurpose purpose);
+    /// loadInfo that throws.
+    QCoro::Task<> updateInfo();
+    QCoro::Task<> showInfo(Project project);
     QCoro::Task<> refreshSelectedProjectKind();
     QCoro::Task<> verifyKind(Project project);
     QCoro::Task<> loadStatus(RunPurpose purpose);
     QCoro::Task<> loadChanges(Project project, quint64 generation, RunPurpose purpose);
-    void publishChanges(const LoadedChanges &loaded, const TickedRows &before);
+    void publishChanges(const LoadedChanges &loaded, const TickDecisions &decisionsBefore);
     QCoro::Task<> loadLineSummary(Project project, quint64 generation);
     QCoro::Task<> loadDiffForSelectedChange();
     QCoro::Task<LoadedDiff> diffOf(Project project, WorkingCopyItem item);
     QCoro::Task<LoadedDiff> printedDiffOf(Project project, WorkingCopyItem item);
     QCoro::Task<std::optional<DiffPreview>> richDiffPreviewForWorkingChange(Project project, WorkingCopyItem item);
     void publishDiff(const std::optional<QString> &path, const LoadedDiff &diff);
-    QCoro::Task<> commit(Project project, CommitRequest request);
+    QCoro::Task<> commit(Project project, CommitRequest ticked);
+    /// The request with what the disk says; throws when that forbids the commit.
+    QCoro::Task<CommitRequest> lookedAt(Project project, CommitRequest ticked);
     QCoro::Task<SVNCommandResult> commitToSubversion(Project project, CommitRequest request);
     QCoro::Task<SVNCommandResult> commitToGit(Project project, CommitRequest request);
     /// To be called when a command may have changed the repository: loads everything that is shown and remembers to
@@ -274,7 +279,8 @@ private:
     RunningOperations operations;
     bool closing = false;
     QThreadPool workers;
-    QHash<QString, QString> gitOldNames; ///< old names of renamed rows of `changes`
+    GitRowFacts gitFacts;        ///< of the rows of `changes`
+    TickDecisions tickDecisions; ///< on rows of `changes`
     quint64 statusGeneration = 0;
     quint64 diffGeneration = 0;
     quint64 infoGeneration = 0;

@@ -59,12 +59,14 @@ QCoro::Task<SVNCommandResult> runWorkingDiff(std::shared_ptr<Tool> tool, Project
 } // namespace
 
 QCoro::Task<> AppState::selectedChangeChanged() {
-    return reporting(u"Diff Failed"_s, loadDiffForSelectedChange());
+    return loadDiffForSelectedChange();
 }
 
 void AppState::setCommitSelection(const QList<WorkingCopyItem> &items, bool selected) {
     QSet<QString> ticks = selectedCommitPaths;
     for (const WorkingCopyItem &item : items) {
+        if (isCommittable(item))
+            tickDecisions.insert(item.path, selected);
         if (selected && isCommittable(item))
             ticks.insert(item.path);
         else
@@ -112,7 +114,12 @@ QCoro::Task<LoadedDiff> AppState::printedDiffOf(Project project, WorkingCopyItem
         };
         co_return co_await QtConcurrent::run(&workers, read);
     }
-    const SVNCommandResult result = co_await runWorkingDiff(toolFor(project.kind), project, item.path);
+    SVNCommandResult result;
+    try {
+        result = co_await runWorkingDiff(toolFor(project.kind), project, item.path);
+    } catch (const SVNClientError &) {
+        // No diff is no reason for an alert on every row; commands and the status load tell what is wrong.
+    }
     const auto decode = [path = item.path, result] {
         return loadedDiff(path, result.stdoutData, result.stderrData);
     };
@@ -122,7 +129,7 @@ QCoro::Task<LoadedDiff> AppState::printedDiffOf(Project project, WorkingCopyItem
 QCoro::Task<std::optional<DiffPreview>> AppState::richDiffPreviewForWorkingChange(Project project,
                                                                                   WorkingCopyItem item) {
     const PreviewSides sides = previewSides(item.kind);
-    const QString oldPath = gitOldNames.value(item.path, item.path);
+    const QString oldPath = gitFacts.oldNames.value(item.path, item.path);
     const auto look = [root = project.path, path = item.path, sides] {
         return workingMedia(root, path, sides);
     };

@@ -3,12 +3,11 @@
 #include "controller/commit_plan.h"
 #include "controller/commit_preparation.h"
 #include "controller/path_command_run.h"
-#include "rules/working_copy_paths.h"
 
+#include <QCoroFuture>
 #include <QDir>
 #include <QFileInfo>
-
-#include <algorithm>
+#include <QtConcurrent>
 
 using namespace Qt::StringLiterals;
 
@@ -22,14 +21,6 @@ MessageNamesFile messageNamesFile(const QString &message, const QString &directo
     return names ? MessageNamesFile::yes : MessageNamesFile::no;
 }
 
-/// Throws when a row said to be missing is on the disk again: deleting it from the repository would delete the file.
-void checkMissing(const QList<WorkingCopyItem> &items, const QString &root) {
-    for (const WorkingCopyItem &item : items) {
-        if (item.kind == SVNStatusKind::missing && QFileInfo::exists(absolutePath(item.path, root)))
-            throw SVNClientError::launchFailed(item.path + u" is on disk again. Refresh before committing it."_s);
-    }
-}
-
 } // namespace
 
 QCoro::Task<> AppState::commitSelected() {
@@ -37,7 +28,7 @@ QCoro::Task<> AppState::commitSelected() {
     const std::optional<Project> project = requiredProject();
     if (!project)
         co_return;
-    const CommitRequest request{changes, selectedCommitPaths, commitMessage.value().trimmed(), gitOldNames};
+    const CommitRequest request{changes, selectedCommitPaths, commitMessage.value().trimmed(), gitFacts, {}};
     if (request.items().isEmpty()) {
         showAlert(u"Nothing To Commit"_s, u"Select at least one changed path."_s);
         co_return;
@@ -49,12 +40,13 @@ QCoro::Task<> AppState::commitSelected() {
     co_await commit(*project, request);
 }
 
-QCoro::Task<> AppState::commit(Project project, CommitRequest request) {
+QCoro::Task<> AppState::commit(Project project, CommitRequest ticked) {
     std::optional<SVNClientError> failure;
     SVNCommandResult result;
     {
         const BusyScope committing(busy, u"Committing"_s);
         try {
+            const CommitRequest request = co_await lookedAt(project, ticked);
             if (project.kind == RepositoryKind::svn)
                 result = co_await commitToSubversion(project, request);
             else
@@ -76,18 +68,32 @@ QCoro::Task<> AppState::commit(Project project, CommitRequest request) {
     co_await reloadAfterChange();
 }
 
+QCoro::Task<CommitRequest> AppState::lookedAt(Project project, CommitRequest ticked) {
+    const auto look = [ticked, root = project.path] {
+        return lookAtTickedPaths(ticked, root);
+    };
+    const CommitLook seen = co_await QtConcurrent::run(&workers, look);
+    if (seen.obstacle)
+        throw SVNClientError::launchFailed(*seen.obstacle);
+    co_return seen.request;
+}
+
 QCoro::Task<SVNCommandResult> AppState::commitToSubversion(Project project, CommitRequest request) {
-    checkMissing(request.items(), project.path);
     const CommitPlan plan = svnCommitPlan(request, messageNamesFile(request.message, project.path));
+    SvnScheduled scheduled;
     std::optional<SVNClientError> failure;
     try {
-        for (const PathCommand &step : plan.preparation)
-            co_await runPathCommand(tools.svn, project.kind, project.path, step);
+        for (const PathCommand &step : plan.preparation) {
+            const SVNCommandResult result = co_await runPathCommand(tools.svn, project.kind, project.path, step);
+            scheduled.add(result);
+        }
         co_return co_await runPathCommand(tools.svn, project.kind, project.path, plan.commit);
     } catch (const SVNClientError &error) {
         failure = error;
     }
-    co_await undoSvnPreparation(tools.svn, project.path, request.items());
+    if (failure->failedResult() != nullptr)
+        scheduled.add(*failure->failedResult());
+    co_await undoSvnPreparation(tools.svn, project.path, scheduled);
     throw *failure;
 }
 

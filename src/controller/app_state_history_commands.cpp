@@ -1,7 +1,7 @@
 #include "controller/app_state.h"
 #include "controller/combined_output.h"
 #include "controller/history_commands.h"
-#include "controller/svn_target.h"
+#include "controller/path_targets.h"
 #include "controller/written_file.h"
 #include "rules/working_copy_paths.h"
 

@@ -23,8 +23,8 @@ QCoro::Task<> nothing() {
     co_return;
 }
 
-LoadedChanges loadedChanges(const StatusRows &rows, const TickedRows &before) {
-    return {rows, ticksAfterLoad(rows.items, before.items, before.ticked)};
+LoadedChanges loadedChanges(const StatusRows &rows, const TickDecisions &decisions) {
+    return {rows, ticksFor(rows.items, decisions), remainingDecisions(rows.items, decisions)};
 }
 
 } // namespace
@@ -48,8 +48,14 @@ QCoro::Task<> AppState::refreshStatus() {
 
 QCoro::Task<> AppState::refresh(RunPurpose purpose) {
     const RunningOperations::Scope running(operations);
+    if (!selectedProject())
+        co_return;
+    // Commands are held back from the first probe on; the load then has a message of its own.
+    std::optional<BusyScope> probing(std::in_place, busy, u"Loading changes"_s, BusyKind::load);
     co_await refreshSelectedProjectKind();
-    co_await reloadEverything(purpose);
+    const QCoro::Task<> loading = reloadEverything(purpose);
+    probing.reset();
+    co_await loading;
 }
 
 QCoro::Task<> AppState::reloadEverything(RunPurpose purpose) {
@@ -99,7 +105,9 @@ QCoro::Task<> AppState::verifyKind(Project project) {
     if (asStored)
         co_return;
     const DetectedRepository found = co_await detectRepository(project.path);
-    if (found.kind != project.kind)
+    // A folder inside a repository of the other kind is not that repository.
+    const bool isItsRoot = QFileInfo(found.root).canonicalFilePath() == QFileInfo(project.path).canonicalFilePath();
+    if (found.kind != project.kind && isItsRoot)
         storeProjectKind(project.id, found.kind);
 }
 
@@ -116,11 +124,11 @@ QCoro::Task<> AppState::loadStatus(RunPurpose purpose) {
 
 QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurpose purpose) {
     {
-        const BusyScope loading(busy, u"Loading changes"_s);
+        const BusyScope loading(busy, u"Loading changes"_s, BusyKind::load);
         const std::shared_ptr<Tool> tool = toolFor(project.kind);
         const SVNCommandResult result =
             co_await tool->run(statusArguments(project.kind), project.path, CheckStatus::yes, purpose);
-        const TickedRows before{changes, selectedCommitPaths};
+        const TickDecisions before = tickDecisions;
         const auto read = [kind = project.kind, path = project.path, output = result.stdoutData, before] {
             return loadedChanges(statusRows(kind, path, output), before);
         };
@@ -134,12 +142,13 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
     co_await summary;
 }
 
-void AppState::publishChanges(const LoadedChanges &loaded, const TickedRows &before) {
+void AppState::publishChanges(const LoadedChanges &loaded, const TickDecisions &decisionsBefore) {
     const QList<WorkingCopyItem> &items = loaded.rows.items;
     // Whatever was ticked while the worker counted is not in its answer.
-    const bool asBefore = selectedCommitPaths.value() == before.ticked;
-    const QSet<QString> ticks = asBefore ? loaded.ticked : ticksAfterLoad(items, before.items, selectedCommitPaths);
-    gitOldNames = loaded.rows.gitOldNames;
+    const bool asBefore = tickDecisions == decisionsBefore;
+    const QSet<QString> ticks = asBefore ? loaded.ticked : ticksFor(items, tickDecisions);
+    tickDecisions = asBefore ? loaded.decisions : remainingDecisions(items, tickDecisions);
+    gitFacts = loaded.rows.git;
     changes = items;
     changesLoaded = true;
     selectedCommitPaths = ticks;
@@ -148,43 +157,48 @@ void AppState::publishChanges(const LoadedChanges &loaded, const TickedRows &bef
 }
 
 QCoro::Task<> AppState::loadInfo() {
-    const RunningOperations::Scope running(operations);
-    const std::optional<Project> project = selectedProject();
-    if (!project)
-        co_return;
-    const quint64 generation = ++infoGeneration;
     try {
-        RepositoryInfo info;
-        const std::shared_ptr<Tool> tool = toolFor(project->kind);
-        if (project->kind == RepositoryKind::git) {
-            info = co_await gitRepositoryInfo(tool, project->path);
-        } else {
-            const SVNCommandResult result = co_await tool->run(args(u"info", u"--xml"), project->path, CheckStatus::yes,
-                                                               RunPurpose::backgroundRead);
-            info = parsedOutput<InfoParser>(result.stdoutData);
-        }
-        if (!isCurrent(*project, generation, infoGeneration))
-            co_return;
-        repositoryInfo = info;
-        co_await regroupHistory();
+        co_await updateInfo();
     } catch (const SVNClientError &) {
         // The header then shows what it knew; the status load reports what is wrong with the folder.
     }
 }
 
-QCoro::Task<> AppState::showRepositoryInfo() {
+QCoro::Task<> AppState::updateInfo() {
     const RunningOperations::Scope running(operations);
-    const std::optional<Project> project = requiredProject();
+    const std::optional<Project> project = selectedProject();
     if (!project)
         co_return;
+    const quint64 generation = ++infoGeneration;
+    RepositoryInfo info;
+    const std::shared_ptr<Tool> tool = toolFor(project->kind);
+    if (project->kind == RepositoryKind::git) {
+        info = co_await gitRepositoryInfo(tool, project->path);
+    } else {
+        const SVNCommandResult result =
+            co_await tool->run(args(u"info", u"--xml"), project->path, CheckStatus::yes, RunPurpose::backgroundRead);
+        info = parsedOutput<InfoParser>(result.stdoutData);
+    }
+    if (!isCurrent(*project, generation, infoGeneration))
+        co_return;
+    repositoryInfo = info;
+    co_await regroupHistory();
+}
+
+QCoro::Task<> AppState::showRepositoryInfo() {
+    const std::optional<Project> project = requiredProject();
+    return project ? reporting(u"Info Failed"_s, showInfo(*project)) : nothing();
+}
+
+QCoro::Task<> AppState::showInfo(Project project) {
     {
         const BusyScope loading(busy, u"Info"_s);
-        co_await loadInfo();
+        co_await updateInfo();
     }
-    if (selectedProjectID.value() == project->id) {
-        const QString text = repositoryInfoText(repositoryInfo);
-        commandOutput = combinedOutput(u"Info"_s, QString(), 0, QStringList(text), QStringList());
-    }
+    if (selectedProjectID.value() != project.id)
+        co_return;
+    const QString text = repositoryInfoText(repositoryInfo);
+    commandOutput = combinedOutput(u"Info"_s, QString(), 0, QStringList(text), QStringList());
 }
 
 } // namespace kestor

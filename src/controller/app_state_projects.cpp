@@ -112,6 +112,7 @@ QCoro::Task<> AppState::projectSelectionChanged() {
 }
 
 void AppState::resetProjectState() {
+    busy.endLoads();
     ++statusGeneration;
     ++diffGeneration;
     ++infoGeneration;
@@ -121,7 +122,8 @@ void AppState::resetProjectState() {
     changesLoaded = false;
     selectedChangeID = std::nullopt;
     selectedCommitPaths = QSet<QString>();
-    gitOldNames.clear();
+    gitFacts = GitRowFacts();
+    tickDecisions.clear();
     changesLineSummary = LineChangeSummary();
     publishDiff(std::nullopt, LoadedDiff());
     resetHistory();

@@ -4,6 +4,7 @@
 #include "controller/path_command_run.h"
 #include "controller/revert_plan.h"
 #include "controller/tool_text.h"
+#include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
 #include <QCoroFuture>
@@ -12,6 +13,33 @@
 using namespace Qt::StringLiterals;
 
 namespace kestor {
+
+namespace {
+
+/// The plan with those files only that there are to lose. Reads the disk; workers.
+RevertPlan onDisk(RevertPlan plan, const QString &root) {
+    plan.overwritten.removeIf([&root](const QString &path) {
+        const QString location = absolutePath(path, root);
+        return !isOnDisk(location) || isDirectory(location);
+    });
+    return plan;
+}
+
+CommandOutput revertOutput(const QList<SVNCommandResult> &results, qsizetype deleted) {
+    QStringList commandLines;
+    QStringList printed;
+    QStringList errors;
+    for (const SVNCommandResult &result : results) {
+        commandLines.append(result.commandLine);
+        printed.append(toolText(result.stdoutData));
+        errors.append(toolText(result.stderrData));
+    }
+    if (deleted > 0)
+        printed.append(u"Deleted %1 path(s)"_s.arg(deleted));
+    return combinedOutput(u"Revert"_s, commandLines.join(u"; "_s), 0, printed, errors);
+}
+
+} // namespace
 
 QCoro::Task<> AppState::revertSelectedPaths() {
     return revert(actionItems(), u"Select a changed path first."_s, RevertScope::selection);
@@ -40,7 +68,9 @@ QCoro::Task<> AppState::revert(QList<WorkingCopyItem> items, QString emptyMessag
 }
 
 QCoro::Task<> AppState::revertAfterConfirmation(Project project, QList<WorkingCopyItem> items, RevertScope scope) {
+    std::optional<BusyScope> planning(std::in_place, busy, u"Reverting"_s);
     const RevertPlan plan = co_await revertPlan(project, items);
+    planning.reset();
     const QString question = revertQuestion(scope, items.size(), plan.deletions());
     const bool confirmed = co_await user.confirm(u"Revert"_s, question);
     if (!confirmed)
@@ -61,43 +91,59 @@ QCoro::Task<> AppState::revertAfterConfirmation(Project project, QList<WorkingCo
 }
 
 QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyItem> items) {
-    if (project.kind == RepositoryKind::svn)
-        co_return svnRevertPlan(items, changes);
-    const QHash<QString, QString> oldNames = gitOldNames;
+    if (project.kind == RepositoryKind::svn) {
+        const auto plan = [items, root = project.path] {
+            return onDisk(svnRevertPlan(items), root);
+        };
+        co_return co_await QtConcurrent::run(&workers, plan);
+    }
+    const GitRowFacts facts = gitFacts;
     const SVNCommandResult head = co_await tools.git->run(args(u"rev-parse", u"--verify", u"--quiet", u"HEAD"),
                                                           project.path, CheckStatus::no, RunPurpose::backgroundRead);
-    co_return gitRevertPlan(items, oldNames, head.status == 0 ? GitHead::exists : GitHead::unborn);
+    const GitHead commits = head.status == 0 ? GitHead::exists : GitHead::unborn;
+    const auto plan = [items, facts, commits, root = project.path] {
+        return onDisk(gitRevertPlan(items, withVacantOldNames(facts, root), commits), root);
+    };
+    co_return co_await QtConcurrent::run(&workers, plan);
 }
 
 QCoro::Task<CommandOutput> AppState::runRevert(Project project, RevertPlan plan) {
-    const auto trash = [paths = plan.deletedByGit, root = project.path] {
+    const auto trash = [paths = plan.overwritten, root = project.path] {
         return moveToTrash(paths, root);
     };
-    DeletionResult deletion = co_await QtConcurrent::run(&workers, trash);
-    if (deletion.error)
-        throw SVNClientError::launchFailed(*deletion.error);
-    QStringList commandLines;
-    QStringList printed;
-    QStringList errors;
-    for (const PathCommand &command : plan.commands) {
-        const SVNCommandResult result =
-            co_await runPathCommand(toolFor(project.kind), project.kind, project.path, command);
-        commandLines.append(result.commandLine);
-        printed.append(toolText(result.stdoutData));
-        errors.append(toolText(result.stderrData));
+    const TrashResult trashed = co_await QtConcurrent::run(&workers, trash);
+    if (trashed.error)
+        throw SVNClientError::launchFailed(*trashed.error);
+    QList<SVNCommandResult> results;
+    std::optional<SVNClientError> failure;
+    try {
+        for (const PathCommand &command : plan.commands) {
+            const SVNCommandResult result =
+                co_await runPathCommand(toolFor(project.kind), project.kind, project.path, command);
+            results.append(result);
+        }
+    } catch (const SVNClientError &error) {
+        failure = error;
     }
+    if (failure) {
+        const auto back = [files = trashed.moved] {
+            takeBack(files);
+        };
+        co_await QtConcurrent::run(&workers, back);
+        throw *failure;
+    }
+    qsizetype deleted = trashed.moved.size();
     if (!plan.unversioned.isEmpty()) {
         const auto remove = [items = plan.unversioned, root = project.path] {
             return deleteUnversionedItems(items, root);
         };
         const DeletionResult removed = co_await QtConcurrent::run(&workers, remove);
-        if (removed.error)
+        // The tool may have taken them away itself, as svn does with the files of a conflict.
+        if (removed.error && !(removed.foundNone && !results.isEmpty()))
             throw SVNClientError::launchFailed(*removed.error);
-        deletion.deleted += removed.deleted;
+        deleted += removed.deleted;
     }
-    if (deletion.deleted > 0)
-        printed.append(u"Deleted %1 path(s)"_s.arg(deletion.deleted));
-    co_return combinedOutput(u"Revert"_s, commandLines.join(u"; "_s), 0, printed, errors);
+    co_return revertOutput(results, deleted);
 }
 
 } // namespace kestor

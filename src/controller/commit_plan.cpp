@@ -1,6 +1,7 @@
 #include "controller/commit_plan.h"
 
 #include "controller/commit_selection.h"
+#include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
 #include <algorithm>
@@ -13,38 +14,23 @@ namespace kestor {
 namespace {
 
 /// The arguments that prepare a row for an svn commit; none when it needs nothing.
-QStringList svnPreparation(const WorkingCopyItem &item) {
+QStringList svnPreparation(const WorkingCopyItem &item, const QSet<QString> &folders) {
     switch (item.kind) {
     case SVNStatusKind::missing:
         return args(u"delete", u"--force");
     case SVNStatusKind::unversioned:
-        return args(u"add", u"--parents", u"--force");
+        return folders.contains(item.path) ? args(u"add", u"--parents", u"--force", u"--depth", u"empty")
+                                           : args(u"add", u"--parents", u"--force");
     default:
         return {};
     }
 }
 
-/// The folders above `path`, the topmost first.
-QStringList foldersAbove(const QString &path) {
-    QStringList folders;
-    for (qsizetype slash = path.indexOf(u'/'); slash >= 0; slash = path.indexOf(u'/', slash + 1))
-        folders.append(path.first(slash));
-    return folders;
-}
-
-bool isAtOrBelow(const QString &path, const QString &folder) {
-    return path == folder || (path.startsWith(folder) && path.at(folder.size()) == u'/');
-}
-
-/// Whether committing `paths` with everything below them would take a row that is not ticked.
-bool wouldTakeMore(const CommitRequest &request, const QStringList &paths) {
+/// Whether one of `paths` holds another or is a folder.
+bool takesFolders(const QStringList &paths, const QSet<QString> &folders) {
     const QSet<QString> committed(paths.begin(), paths.end());
-    return std::any_of(request.changes.begin(), request.changes.end(), [&](const WorkingCopyItem &item) {
-        if (committed.contains(item.path) || item.kind == SVNStatusKind::unversioned)
-            return false;
-        const QStringList folders = foldersAbove(item.path);
-        return std::any_of(folders.begin(), folders.end(),
-                           [&committed](const QString &folder) { return committed.contains(folder); });
+    return std::any_of(paths.begin(), paths.end(), [&](const QString &path) {
+        return folders.contains(path) || committed.contains(parentPath(path));
     });
 }
 
@@ -96,7 +82,7 @@ QStringList svnCommitPaths(const CommitRequest &request) {
 CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageNamesFile) {
     CommitPlan plan;
     for (const WorkingCopyItem &item : request.items()) {
-        const QStringList preparation = svnPreparation(item);
+        const QStringList preparation = svnPreparation(item, request.folders);
         if (preparation.isEmpty())
             continue;
         if (plan.preparation.isEmpty() || plan.preparation.last().before != preparation)
@@ -104,7 +90,7 @@ CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageN
         plan.preparation.last().paths.append(item.path);
     }
     plan.commit = {args(u"commit"), svnCommitPaths(request), args(u"-m", request.message)};
-    if (wouldTakeMore(request, plan.commit.paths))
+    if (takesFolders(plan.commit.paths, request.folders))
         plan.commit.after += args(u"--depth", u"empty");
     if (messageNamesFile == MessageNamesFile::yes)
         plan.commit.after += args(u"--force-log");
@@ -114,9 +100,13 @@ CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageN
 CommitPlan gitCommitPlan(const CommitRequest &request) {
     const QList<WorkingCopyItem> items = request.items();
     const QStringList paths = pathsOf(items);
-    // An old name is neither in the index nor on disk, so there is nothing that could be added.
-    return {{PathCommand{args(u"add", u"--all"), paths}},
-            {args(u"commit", u"-m", request.message), paths + oldNamesOf(items, request.gitOldNames)}};
+    // What is neither in the index nor on disk cannot be added: old names, and deletions that are staged.
+    QStringList added = paths;
+    added.removeIf([&request](const QString &path) { return request.git.notInIndex.contains(path); });
+    QList<PathCommand> preparation;
+    if (!added.isEmpty())
+        preparation.append(PathCommand{args(u"add", u"--all"), added});
+    return {preparation, {args(u"commit", u"-m", request.message), paths + oldNamesOf(items, request.git.oldNames)}};
 }
 
 CommitPlan gitMergeCommitPlan(const CommitRequest &request) {

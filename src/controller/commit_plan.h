@@ -1,9 +1,9 @@
 #pragma once
 
+#include "controller/git_status.h"
 #include "controller/path_command.h"
 #include "model/working_copy_item.h"
 
-#include <QHash>
 #include <QList>
 #include <QSet>
 #include <QString>
@@ -14,10 +14,11 @@ namespace kestor {
 
 /// What a commit takes.
 struct CommitRequest {
-    QList<WorkingCopyItem> changes{};      ///< all rows of the list
-    QSet<QString> ticked{};                ///< paths to commit, all of them in `changes`
-    QString message{};                     ///< trimmed, not empty
-    QHash<QString, QString> gitOldNames{}; ///< path of a renamed row to its old path
+    QList<WorkingCopyItem> changes{}; ///< all rows of the list
+    QSet<QString> ticked{};           ///< paths to commit, all of them in `changes`
+    QString message{};                ///< trimmed, not empty
+    GitRowFacts git{};                ///< old names only where nothing else stands now
+    QSet<QString> folders{};          ///< ticked paths that are folders on disk
 
     /// The ticked rows in list order.
     QList<WorkingCopyItem> items() const;
@@ -35,10 +36,11 @@ struct CommitPlan {
 enum class MessageNamesFile : std::uint8_t { no, yes };
 
 /// Missing rows are deleted and unversioned ones added first, neighbours in one run; then everything is committed, with
-/// the new folders on the way.
+/// the new folders on the way. A folder goes alone, without what its row does not tell of.
 CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageNamesFile);
 
-/// Everything ticked is added, then committed together with the old names of renames.
+/// Everything ticked that is not staged whole is added, then everything is committed together with the old names of
+/// renames.
 CommitPlan gitCommitPlan(const CommitRequest &request);
 
 /// The same during a merge, which Git commits as a whole: the commit names no paths.

@@ -10,7 +10,10 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QStringTokenizer>
 #include <QtConcurrent>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -54,6 +57,26 @@ QCoro::Task<> attempt(std::shared_ptr<Tool> svn, QString directory, PathCommand 
     } catch (const SVNClientError &) {
         // The failure of the commit itself is what the user has to read.
     }
+}
+
+QStringList missingPaths(QStringList paths, const QString &root) {
+    paths.removeIf([&root](const QString &path) { return isOnDisk(absolutePath(path, root)); });
+    return paths;
+}
+
+/// Whether the file holds lines as an unresolved merge leaves them.
+bool holdsConflictMarkers(const QString &path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    bool begun = false;
+    while (!file.atEnd()) {
+        const QByteArray line = file.readLine();
+        begun = begun || line.startsWith("<<<<<<< ");
+        if (begun && line.startsWith(">>>>>>> "))
+            return true;
+    }
+    return false;
 }
 
 void removeRestored(const QStringList &paths, const QString &root) {
@@ -101,20 +124,51 @@ QCoro::Task<> restoreGitIndex(std::shared_ptr<Tool> git, QString directory, GitI
     }
 }
 
-QCoro::Task<> undoSvnPreparation(std::shared_ptr<Tool> svn, QString directory, QList<WorkingCopyItem> items) {
-    PathCommand additions{args(u"revert", u"--depth", u"infinity"), {}, {}};
-    PathCommand deletions = additions;
-    for (const WorkingCopyItem &item : std::as_const(items)) {
-        if (item.kind == SVNStatusKind::unversioned)
-            additions.paths.append(item.unversionedRoot.value_or(item.path));
-        else if (item.kind == SVNStatusKind::missing)
-            deletions.paths.append(item.path);
+CommitLook lookAtTickedPaths(const CommitRequest &ticked, const QString &root) {
+    CommitLook look{ticked, std::nullopt};
+    look.request.git = withVacantOldNames(ticked.git, root);
+    for (const WorkingCopyItem &item : ticked.items()) {
+        const QFileInfo info(absolutePath(item.path, root));
+        if (info.isDir() && !info.isSymLink())
+            look.request.folders.insert(item.path);
+        if (item.kind == SVNStatusKind::missing && isOnDisk(info.filePath()))
+            look.obstacle = item.path + u" is on disk again. Refresh before committing it."_s;
+        else if (item.kind == SVNStatusKind::conflicted && info.isFile() && holdsConflictMarkers(info.filePath()))
+            look.obstacle = item.path + u" still holds conflict markers. Resolve the conflict before committing it."_s;
+        if (look.obstacle)
+            break;
     }
-    additions.paths.removeDuplicates();
+    return look;
+}
+
+void SvnScheduled::add(const SVNCommandResult &result) {
+    constexpr qsizetype pathColumn = 10;
+    const QString printed = toolText(result.stdoutData);
+    for (const QStringView line : QStringTokenizer(printed, u'\n', Qt::SkipEmptyParts)) {
+        const QStringView columns = line.first(std::min(pathColumn, line.size()));
+        const bool plain = columns.sliced(1).trimmed().isEmpty();
+        if (line.size() > pathColumn && columns[0] == u'A' && (plain || columns == u"A  (bin)  "))
+            added.append(line.sliced(pathColumn).toString());
+        else if (line.size() > pathColumn && columns[0] == u'D' && plain)
+            deleted.append(line.sliced(pathColumn).toString());
+    }
+}
+
+QCoro::Task<> undoSvnPreparation(std::shared_ptr<Tool> svn, QString directory, SvnScheduled scheduled) {
+    // A folder goes after what was added in it.
+    std::sort(scheduled.added.begin(), scheduled.added.end(), std::greater<>());
+    const PathCommand additions{args(u"revert"), scheduled.added, {}};
     co_await attempt(svn, directory, additions);
+    const auto stillGone = [paths = scheduled.deleted, directory] {
+        return missingPaths(paths, directory);
+    };
+    const QStringList gone = co_await QtConcurrent::run(stillGone);
+    const PathCommand deletions{args(u"revert", u"--depth", u"infinity"), gone, {}};
     co_await attempt(svn, directory, deletions);
-    // These were not on the disk before: what is there now came from the revert.
-    removeRestored(deletions.paths, directory);
+    const auto removeAgain = [gone, directory] {
+        removeRestored(gone, directory);
+    };
+    co_await QtConcurrent::run(removeAgain);
 }
 
 QCoro::Task<bool> isMerging(std::shared_ptr<Tool> git, QString directory) {

@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QCoroTask>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -25,9 +26,27 @@ QCoro::Task<GitIndexCopy> copyOfGitIndex(std::shared_ptr<Tool> git, QString dire
 /// Puts the index back unless the commit happened after all or another Git holds the lock. Never throws.
 QCoro::Task<> restoreGitIndex(std::shared_ptr<Tool> git, QString directory, GitIndexCopy copy);
 
-/// Takes back the additions and deletions that prepared a Subversion commit: unversioned rows become unversioned again
-/// and missing ones missing. Never throws.
-QCoro::Task<> undoSvnPreparation(std::shared_ptr<Tool> svn, QString directory, QList<WorkingCopyItem> items);
+/// What the disk says about the ticked rows before a commit.
+struct CommitLook {
+    CommitRequest request{};           ///< with its folders, and old names only where nothing else stands now
+    std::optional<QString> obstacle{}; ///< why the commit must not run, in words for the user
+};
+
+/// Looks at the ticked paths below `root`. In the way of a commit are a missing row that is on disk again, since it
+/// would be deleted, and a conflict of Git's whose markers are still in the file. Reads the disk; workers.
+CommitLook lookAtTickedPaths(const CommitRequest &ticked, const QString &root);
+
+/// What svn scheduled while a commit was prepared, as it printed it.
+struct SvnScheduled {
+    QStringList added{};
+    QStringList deleted{};
+
+    void add(const SVNCommandResult &result);
+};
+
+/// Takes back what was scheduled: what was unversioned is so again, and what was missing is missing. What came back to
+/// the disk meanwhile is left alone. Never throws.
+QCoro::Task<> undoSvnPreparation(std::shared_ptr<Tool> svn, QString directory, SvnScheduled scheduled);
 
 /// Whether a merge or a cherry-pick waits for its commit.
 QCoro::Task<bool> isMerging(std::shared_ptr<Tool> git, QString directory);

@@ -1,7 +1,5 @@
 #include "controller/commit_selection.h"
 
-#include <QHash>
-
 namespace kestor {
 
 bool isCommittable(const WorkingCopyItem &item) {
@@ -30,21 +28,25 @@ bool isTickedAtFirst(const WorkingCopyItem &item) {
     }
 }
 
-QSet<QString> ticksAfterLoad(const QList<WorkingCopyItem> &items, const QList<WorkingCopyItem> &previous,
-                             const QSet<QString> &ticked) {
-    QHash<QStringView, bool> startedTicked;
-    startedTicked.reserve(previous.size());
-    for (const WorkingCopyItem &item : previous)
-        startedTicked.insert(item.path, isTickedAtFirst(item));
+QSet<QString> ticksFor(const QList<WorkingCopyItem> &items, const TickDecisions &decisions) {
     QSet<QString> ticks;
     for (const WorkingCopyItem &item : items) {
-        const bool atFirst = isTickedAtFirst(item);
-        const auto known = startedTicked.constFind(item.path);
-        const bool keeps = known != startedTicked.constEnd() && *known == atFirst;
-        if (isCommittable(item) && (keeps ? ticked.contains(item.path) : atFirst))
+        if (isCommittable(item) && decisions.value(item.path, isTickedAtFirst(item)))
             ticks.insert(item.path);
     }
     return ticks;
+}
+
+TickDecisions remainingDecisions(const QList<WorkingCopyItem> &items, const TickDecisions &decisions) {
+    TickDecisions remaining;
+    if (decisions.isEmpty())
+        return remaining;
+    for (const WorkingCopyItem &item : items) {
+        const auto decision = decisions.constFind(item.path);
+        if (decision != decisions.constEnd())
+            remaining.insert(item.path, *decision);
+    }
+    return remaining;
 }
 
 } // namespace kestor

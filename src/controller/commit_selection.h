@@ -2,6 +2,7 @@
 
 #include "model/working_copy_item.h"
 
+#include <QHash>
 #include <QList>
 #include <QSet>
 #include <QString>
@@ -15,9 +16,13 @@ bool isCommittable(const WorkingCopyItem &item);
 /// in its properties alone.
 bool isTickedAtFirst(const WorkingCopyItem &item);
 
-/// The ticks after a load that replaced the rows `previous`: a row that was there before and would start in the same
-/// state keeps its state from `ticked`; the others follow isTickedAtFirst.
-QSet<QString> ticksAfterLoad(const QList<WorkingCopyItem> &items, const QList<WorkingCopyItem> &previous,
-                             const QSet<QString> &ticked);
+/// What the user decided on the tick boxes, by path.
+using TickDecisions = QHash<QString, bool>;
+
+/// The ticks of `items`: as the user decided, else as isTickedAtFirst says, whatever the row was before.
+QSet<QString> ticksFor(const QList<WorkingCopyItem> &items, const TickDecisions &decisions);
+
+/// The decisions on paths that are still rows.
+TickDecisions remainingDecisions(const QList<WorkingCopyItem> &items, const TickDecisions &decisions);
 
 } // namespace kestor

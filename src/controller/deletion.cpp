@@ -6,6 +6,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QHash>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -16,37 +17,29 @@ namespace kestor {
 
 namespace {
 
-/// Whether something is there, a link without target included.
-bool isOnDisk(const QFileInfo &info) {
-    return info.exists() || info.isSymLink();
-}
-
 bool isRealDirectory(const QFileInfo &info) {
     return info.isDir() && !info.isSymLink();
-}
-
-QString parentPath(const QString &path) {
-    const qsizetype slash = path.lastIndexOf(u'/');
-    return slash < 0 ? QString() : path.first(slash);
 }
 
 bool removeForGood(const QFileInfo &info) {
     return isRealDirectory(info) ? QDir(info.filePath()).removeRecursively() : QFile::remove(info.filePath());
 }
 
-void removeEmptyFoldersAbove(const QString &path, const QString &root) {
-    for (QString folder = parentPath(path); !folder.isEmpty(); folder = parentPath(folder)) {
-        if (!QDir().rmdir(absolutePath(folder, root)))
-            return;
-    }
+/// Removes the empty folders from `folder` upward as long as they lie inside `unversionedRoot`.
+void removeEmptyFolders(QString folder, const QString &unversionedRoot, const QString &root) {
+    while (isAtOrBelow(folder, unversionedRoot) && QDir().rmdir(absolutePath(folder, root)))
+        folder = parentPath(folder);
 }
 
-/// Where the path went in the system's trash; nothing when there is no trash or it refuses. Qt takes a missing data
-/// folder for the current one and would move the path there, so that is made sure of first and looked at afterwards.
+/// Whether there may be a trash. Qt takes a missing data folder for the current one and would move paths there, so that
+/// is made sure of first and looked at afterwards.
+bool hasTrash() {
+    return QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+}
+
+/// Where the path went in the system's trash; nothing when it refuses.
 std::optional<QString> movedToTrash(const QString &path) {
     QString inTrash;
-    if (!QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation)))
-        return std::nullopt;
     if (!QFile::moveToTrash(path, &inTrash))
         return std::nullopt;
     if (QDir::isAbsolutePath(inTrash))
@@ -71,18 +64,35 @@ SVNClientError refusal(const QString &message) {
     return SVNClientError::launchFailed(message);
 }
 
+/// Refuses folders that nothing may be deleted through: links, and working copies of their own.
+void checkFolderOnTheWay(const QString &folder, const QString &path, const QString &root) {
+    const QString location = absolutePath(folder, root);
+    if (QFileInfo(location).isSymLink())
+        throw refusal(u"Refusing to delete through the link "_s + folder + u": "_s + path);
+    for (const QString &metadata : {u"/.git"_s, u"/.svn"_s}) {
+        if (QFileInfo::exists(location + metadata))
+            throw refusal(u"Refusing to delete from the repository at "_s + folder + u": "_s + path);
+    }
+}
+
 } // namespace
 
 QString deletablePath(const QString &path, const QString &root) {
+    QSet<QString> checked;
+    return deletablePath(path, root, checked);
+}
+
+QString deletablePath(const QString &path, const QString &root, QSet<QString> &checkedFolders) {
     const QString normalized = normalizedPath(path);
     const QStringList pieces = normalized.split(u'/');
     if (normalized.isEmpty() || pieces.contains(u".."_s))
         throw refusal(u"Refusing to delete a path outside the working copy: "_s + path);
     if (std::any_of(pieces.begin(), pieces.end(), isRepositoryMetadataName))
         throw refusal(u"Refusing to delete repository metadata at "_s + normalized);
-    for (QString folder = parentPath(normalized); !folder.isEmpty(); folder = parentPath(folder)) {
-        if (QFileInfo(absolutePath(folder, root)).isSymLink())
-            throw refusal(u"Refusing to delete through the link "_s + folder + u": "_s + normalized);
+    for (QString folder = parentPath(normalized); !folder.isEmpty() && !checkedFolders.contains(folder);
+         folder = parentPath(folder)) {
+        checkFolderOnTheWay(folder, normalized, root);
+        checkedFolders.insert(folder);
     }
     const QFileInfo info(absolutePath(normalized, root));
     if (isRealDirectory(info)) {
@@ -92,64 +102,72 @@ QString deletablePath(const QString &path, const QString &root) {
     return normalized;
 }
 
-QStringList topLevelWorkingCopyPaths(QStringList paths) {
+QList<UnversionedPath> topLevelWorkingCopyPaths(QList<UnversionedPath> paths) {
     // With the slash at their ends the paths below a folder follow it without a gap.
-    const auto sortKey = [](const QString &path) {
-        return path + u'/';
+    const auto sortKey = [](const UnversionedPath &path) {
+        return path.path + u'/';
     };
     std::sort(paths.begin(), paths.end(),
-              [&sortKey](const QString &a, const QString &b) { return sortKey(a) < sortKey(b); });
-    QStringList top;
-    for (const QString &path : std::as_const(paths)) {
-        if (top.isEmpty() || !sortKey(path).startsWith(sortKey(top.last())))
+              [&sortKey](const UnversionedPath &a, const UnversionedPath &b) { return sortKey(a) < sortKey(b); });
+    QList<UnversionedPath> top;
+    for (const UnversionedPath &path : std::as_const(paths)) {
+        if (top.isEmpty() || !isAtOrBelow(path.path, top.last().path))
             top.append(path);
     }
     return top;
 }
 
-DeletionResult deleteUnversionedItems(const QStringList &paths, const QString &root) {
+DeletionResult deleteUnversionedItems(const QList<UnversionedPath> &paths, const QString &root) {
     DeletionResult result;
-    QStringList checked;
+    QList<UnversionedPath> checked;
+    QSet<QString> checkedFolders;
     try {
-        for (const QString &path : paths)
-            checked.append(deletablePath(path, root));
+        for (const UnversionedPath &path : paths)
+            checked.append({deletablePath(path.path, root, checkedFolders), path.root});
     } catch (const SVNClientError &error) {
         result.error = error.errorDescription();
         return result;
     }
-    for (const QString &path : topLevelWorkingCopyPaths(checked)) {
-        const QFileInfo info(absolutePath(path, root));
-        if (!isOnDisk(info))
+    QHash<QString, QString> leftFolders; // to the unversioned folder that they lie in
+    const bool trash = hasTrash();
+    for (const UnversionedPath &path : topLevelWorkingCopyPaths(checked)) {
+        const QFileInfo info(absolutePath(path.path, root));
+        if (!isOnDisk(info.filePath()))
             continue;
-        if (!movedToTrash(info.filePath()) && !removeForGood(info)) {
-            result.error = u"Could not delete "_s + path + u'.';
-            return result;
+        if (!(trash && movedToTrash(info.filePath())) && !removeForGood(info)) {
+            result.error = u"Could not delete "_s + path.path + u'.';
+            break;
         }
         ++result.deleted;
-        removeEmptyFoldersAbove(path, root);
+        leftFolders.insert(parentPath(path.path), path.root);
     }
-    if (result.deleted == 0)
-        result.error = u"No unversioned paths were found on disk."_s;
+    for (auto folder = leftFolders.cbegin(); folder != leftFolders.cend(); ++folder)
+        removeEmptyFolders(folder.key(), folder.value(), root);
+    if (result.deleted == 0 && !result.error)
+        return {0, u"No unversioned paths were found on disk."_s, true};
     return result;
 }
 
-DeletionResult moveToTrash(const QStringList &paths, const QString &root) {
-    DeletionResult result;
-    QList<std::pair<QString, QString>> moved;
+TrashResult moveToTrash(const QStringList &paths, const QString &root) {
+    TrashResult result;
+    const bool trash = hasTrash();
     for (const QString &path : paths) {
         const QString source = absolutePath(path, root);
-        if (!isOnDisk(QFileInfo(source)))
+        if (!isOnDisk(source))
             continue;
-        const std::optional<QString> inTrash = movedToTrash(source);
+        const std::optional<QString> inTrash = trash ? movedToTrash(source) : std::nullopt;
         if (!inTrash) {
-            for (const auto &[original, trashed] : std::as_const(moved))
-                QFile::rename(trashed, original);
-            return {0, path + u" could not be moved to the trash. Nothing was changed."_s};
+            takeBack(result.moved);
+            return {{}, path + u" could not be moved to the trash. Nothing was changed."_s};
         }
-        moved.append({source, *inTrash});
-        ++result.deleted;
+        result.moved.append({source, *inTrash});
     }
     return result;
+}
+
+void takeBack(const QList<TrashedFile> &files) {
+    for (const TrashedFile &file : files)
+        QFile::rename(file.inTrash, file.original);
 }
 
 } // namespace kestor

@@ -2,6 +2,8 @@
 
 #include "tools/command_result.h"
 
+#include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -9,27 +11,53 @@
 
 namespace kestor {
 
+/// An unversioned path and the unversioned folder in which it was found, "" when it lies in a versioned one.
+struct UnversionedPath {
+    QString path{};
+    QString root{};
+
+    friend bool operator==(const UnversionedPath &, const UnversionedPath &) = default;
+};
+
 /// What a deletion came to.
 struct DeletionResult {
     qsizetype deleted = 0;          ///< paths taken from the disk
     std::optional<QString> error{}; ///< why it stopped, in words for the user
+    bool foundNone = false;         ///< the error is that none of the paths was on disk
 
     friend bool operator==(const DeletionResult &, const DeletionResult &) = default;
 };
 
+/// A file that went to the trash; both paths are absolute.
+struct TrashedFile {
+    QString original{};
+    QString inTrash{};
+};
+
+struct TrashResult {
+    QList<TrashedFile> moved{};
+    std::optional<QString> error{}; ///< in words for the user; nothing was moved then
+};
+
 /// The normalised working-copy path of `path` when it may be deleted below `root` (absolute). Throws SVNClientError for
-/// the root itself, a path that leaves the root by ".." or through a link, and what is or holds repository metadata.
+/// the root itself, a path that leaves the root by ".." or through a link, what is or holds repository metadata, and
+/// what lies in a repository of its own.
 QString deletablePath(const QString &path, const QString &root);
+/// The same, looking at each folder on the way once: those in `checkedFolders` are known to be good.
+QString deletablePath(const QString &path, const QString &root, QSet<QString> &checkedFolders);
 
 /// `paths` (normalised) without those below another one of them, sorted.
-QStringList topLevelWorkingCopyPaths(QStringList paths);
+QList<UnversionedPath> topLevelWorkingCopyPaths(QList<UnversionedPath> paths);
 
 /// Takes unversioned paths from the disk: into the system's trash, where that fails for good. Links are removed as
-/// links. Folders above that became empty go too, never the root. Nothing is touched when any path is refused. Reads
-/// and writes the disk; workers.
-DeletionResult deleteUnversionedItems(const QStringList &paths, const QString &root);
+/// links. Unversioned folders above that became empty go too, versioned ones stay. Nothing is touched when any path is
+/// refused. Reads and writes the disk; workers.
+DeletionResult deleteUnversionedItems(const QList<UnversionedPath> &paths, const QString &root);
 
-/// Moves files to the trash, none for good. When one does not go, those that went come back. Workers.
-DeletionResult moveToTrash(const QStringList &paths, const QString &root);
+/// Moves files to the trash, none for good: all of them or none. Workers.
+TrashResult moveToTrash(const QStringList &paths, const QString &root);
+
+/// Moves files back from the trash. Workers.
+void takeBack(const QList<TrashedFile> &files);
 
 } // namespace kestor

@@ -1,6 +1,6 @@
 #include "controller/file_versions.h"
 
-#include "controller/svn_target.h"
+#include "controller/path_targets.h"
 #include "tools/arguments.h"
 
 using namespace Qt::StringLiterals;

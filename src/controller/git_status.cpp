@@ -2,7 +2,10 @@
 
 #include "controller/tool_text.h"
 #include "parsers/git_parsers.h"
+#include "rules/working_copy_paths.h"
 
+#include <algorithm>
+#include <array>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -84,21 +87,46 @@ Names namesOf(QStringView line) {
     return {takeName(rest), first};
 }
 
-/// Whether the line's path part is more than one plain name, which the parser's simple rules would get wrong.
-bool isIntricate(QStringView line) {
-    return line.size() > 3 && (line[3] == u'"' || line.contains(u" -> "));
+/// Whether HEAD has no file under the name of a line with these letters: a copy, or in a conflict deleted by us, added
+/// by them alone, or deleted by both.
+bool isMissingInHead(QStringView letters) {
+    constexpr std::array<QStringView, 3> conflicts{u"DU", u"UA", u"DD"};
+    return letters[0] == u'C' || std::find(conflicts.begin(), conflicts.end(), letters) != conflicts.end();
+}
+
+void addFacts(GitRowFacts &facts, QStringView letters, const Names &names) {
+    if (isMissingInHead(letters))
+        facts.notInHead.insert(names.path);
+    else if (names.oldPath)
+        facts.oldNames.insert(names.path, *names.oldPath);
+    if (letters == u"D ")
+        facts.notInIndex.insert(names.path);
+}
+
+/// Whether the line's path part is one plain name. The parser's simple rules would get others wrong.
+bool isPlain(QStringView line) {
+    return line[3] != u'"' && !line.contains(u" -> ");
 }
 
 } // namespace
+
+GitRowFacts withVacantOldNames(GitRowFacts facts, const QString &root) {
+    facts.oldNames.removeIf([&root](const auto &names) { return isOnDisk(absolutePath(names.value(), root)); });
+    return facts;
+}
 
 GitStatus gitStatus(QStringView text) {
     GitStatus status;
     QString plainLines;
     plainLines.reserve(text.size());
     for (const QStringView line : text.tokenize(u'\n', Qt::SkipEmptyParts)) {
-        if (!isIntricate(line)) {
+        if (line.size() <= 3)
+            continue;
+        const QStringView letters = line.first(2);
+        if (isPlain(line)) {
             plainLines += line;
             plainLines += u'\n';
+            addFacts(status.facts, letters, {line.sliced(3).toString(), std::nullopt});
             continue;
         }
         const Names names = namesOf(line);
@@ -106,8 +134,7 @@ GitStatus gitStatus(QStringView text) {
         WorkingCopyItem item{names.path, kind};
         item.treeConflict = kind == SVNStatusKind::conflicted;
         status.items.append(item);
-        if (names.oldPath)
-            status.oldNames.insert(names.path, *names.oldPath);
+        addFacts(status.facts, letters, names);
     }
     status.items += GitParsers::parseStatus(plainLines);
     return status;

@@ -4,15 +4,29 @@
 
 #include <QHash>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringView>
 
 namespace kestor {
 
-/// A Git status listing with what the records have no field for.
+/// What Git says of rows and the records have no field for.
+struct GitRowFacts {
+    QHash<QString, QString> oldNames{}; ///< new path of a rename to its old path
+    QSet<QString> notInHead{};          ///< copies, and paths in conflict, that the last commit does not have
+    QSet<QString> notInIndex{};         ///< staged deletions
+
+    friend bool operator==(const GitRowFacts &, const GitRowFacts &) = default;
+};
+
+/// The facts without the old names at which something stands now: that is no part of the rename. Reads the disk below
+/// `root`; workers.
+GitRowFacts withVacantOldNames(GitRowFacts facts, const QString &root);
+
+/// A Git status listing.
 struct GitStatus {
-    QList<WorkingCopyItem> items{};     ///< unsorted
-    QHash<QString, QString> oldNames{}; ///< new path of a rename or copy to its old path
+    QList<WorkingCopyItem> items{}; ///< unsorted
+    GitRowFacts facts{};
 
     friend bool operator==(const GitStatus &, const GitStatus &) = default;
 };

@@ -1,7 +1,7 @@
 #include "controller/history_diff.h"
 
+#include "controller/path_targets.h"
 #include "controller/repository_paths.h"
-#include "controller/svn_target.h"
 #include "controller/tool_text.h"
 #include "parsers/line_changes.h"
 #include "tools/arguments.h"
@@ -70,7 +70,7 @@ QStringList historyDiffArguments(const Project &project, const RepositoryInfo &i
     if (project.kind == RepositoryKind::svn)
         return args(u"diff", u"-c", QString::number(revision.revision), svnHistoryTarget(info, path, revision));
     return args(u"show", u"--format=", u"--patch", u"--find-renames", u"--no-ext-diff",
-                revision.commitHash.value_or(QString()), u"--", path);
+                revision.commitHash.value_or(QString()), u"--", gitTarget(path));
 }
 
 QStringList historySummaryArguments(RepositoryKind kind, const RepositoryInfo &info, const QList<LogEntry> &entries) {

@@ -1,6 +1,9 @@
 #include "controller/revert_plan.h"
 
+#include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
+
+#include <QSet>
 
 #include <algorithm>
 
@@ -14,64 +17,79 @@ bool isNew(const WorkingCopyItem &item) {
     return item.kind == SVNStatusKind::added || item.kind == SVNStatusKind::replaced;
 }
 
-bool isBelowAny(const QString &path, const QSet<QString> &folders) {
-    for (qsizetype slash = path.indexOf(u'/'); slash >= 0; slash = path.indexOf(u'/', slash + 1)) {
-        if (folders.contains(path.first(slash)))
-            return true;
-    }
-    return false;
+/// Whether svn lists a folder of that kind without what is in it.
+bool standsForContents(const WorkingCopyItem &item) {
+    return isNew(item) || item.kind == SVNStatusKind::deleted || item.kind == SVNStatusKind::missing;
+}
+
+UnversionedPath unversionedPath(const WorkingCopyItem &item) {
+    return {item.path, item.unversionedRoot.value_or(QString())};
+}
+
+/// `paths` without those below another one of them.
+QStringList topmost(QStringList paths) {
+    const QSet<QString> all(paths.begin(), paths.end());
+    paths.removeIf([&all](const QString &path) {
+        const QStringList folders = foldersAbove(path);
+        return std::any_of(folders.begin(), folders.end(),
+                           [&all](const QString &folder) { return all.contains(folder); });
+    });
+    return paths;
+}
+
+void appendUnlessEmpty(QList<PathCommand> &commands, const PathCommand &command) {
+    if (!command.paths.isEmpty())
+        commands.append(command);
 }
 
 } // namespace
 
-RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items, const QList<WorkingCopyItem> &changes) {
+RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items) {
     RevertPlan plan;
-    QSet<QString> newPaths;
-    QSet<QString> paths;
+    PathCommand changed{args(u"revert")};
+    PathCommand whole{args(u"revert", u"--depth", u"infinity")};
     for (const WorkingCopyItem &item : items) {
-        if (item.kind == SVNStatusKind::unversioned) {
-            plan.unversioned.append(item.path);
-            continue;
-        }
-        paths.insert(item.path);
-        if (isNew(item))
-            newPaths.insert(item.path);
+        if (item.kind == SVNStatusKind::unversioned)
+            plan.unversioned.append(unversionedPath(item));
+        else
+            (standsForContents(item) ? whole : changed).paths.append(item.path);
+        if (item.kind == SVNStatusKind::deleted)
+            plan.overwritten.append(item.path);
     }
-    // An added folder is only given back together with what was added inside it.
-    for (const WorkingCopyItem &item : changes) {
-        if (isNew(item) && isBelowAny(item.path, newPaths))
-            paths.insert(item.path);
-    }
-    QStringList sorted(paths.begin(), paths.end());
-    std::sort(sorted.begin(), sorted.end(), std::greater<>());
-    if (!sorted.isEmpty())
-        plan.commands.append(PathCommand{args(u"revert"), sorted});
+    whole.paths = topmost(whole.paths);
+    appendUnlessEmpty(plan.commands, changed);
+    appendUnlessEmpty(plan.commands, whole);
     return plan;
 }
 
-RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const QHash<QString, QString> &oldNames, GitHead head) {
+RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts &facts, GitHead head) {
     RevertPlan plan;
     PathCommand restored{args(u"restore", u"--staged", u"--worktree")};
     PathCommand unstaged{args(u"rm", u"--cached", u"--force")};
+    PathCommand removed{args(u"rm", u"--force")};
     for (const WorkingCopyItem &item : items) {
         if (item.kind == SVNStatusKind::unversioned) {
-            plan.unversioned.append(item.path);
+            plan.unversioned.append(unversionedPath(item));
             continue;
         }
         if (head == GitHead::unborn) {
             unstaged.paths.append(item.path);
             continue;
         }
+        const bool notInHead = facts.notInHead.contains(item.path);
+        if (notInHead || isNew(item) || facts.notInIndex.contains(item.path))
+            plan.overwritten.append(item.path);
+        if (notInHead && item.kind == SVNStatusKind::conflicted) {
+            removed.paths.append(item.path);
+            continue;
+        }
         restored.paths.append(item.path);
-        if (isNew(item))
-            plan.deletedByGit.append(item.path);
-        if (oldNames.contains(item.path))
-            restored.paths.append(oldNames.value(item.path));
+        if (facts.oldNames.contains(item.path))
+            restored.paths.append(facts.oldNames.value(item.path));
     }
-    for (const PathCommand &command : {restored, unstaged}) {
-        if (!command.paths.isEmpty())
-            plan.commands.append(command);
-    }
+    appendUnlessEmpty(plan.commands, restored);
+    appendUnlessEmpty(plan.commands, removed);
+    appendUnlessEmpty(plan.commands, unstaged);
     return plan;
 }
 

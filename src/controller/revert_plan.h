@@ -1,9 +1,10 @@
 #pragma once
 
+#include "controller/deletion.h"
+#include "controller/git_status.h"
 #include "controller/path_command.h"
 #include "model/working_copy_item.h"
 
-#include <QHash>
 #include <QList>
 #include <QString>
 
@@ -16,21 +17,21 @@ enum class GitHead : std::uint8_t { exists, unborn };
 
 /// What a revert does to the paths it was given.
 struct RevertPlan {
-    QList<PathCommand> commands{}; ///< tool runs, in order
-    QStringList unversioned{};     ///< deleted from disk
-    QStringList deletedByGit{};    ///< new files that Git deletes with their only copy
+    QList<PathCommand> commands{};        ///< tool runs, in order
+    QList<UnversionedPath> unversioned{}; ///< deleted from disk
+    QStringList overwritten{};            ///< files whose only copy the tool deletes or replaces, if they are on disk
 
     /// How many files leave the disk.
-    qsizetype deletions() const { return unversioned.size() + deletedByGit.size(); }
+    qsizetype deletions() const { return unversioned.size() + overwritten.size(); }
     friend bool operator==(const RevertPlan &, const RevertPlan &) = default;
 };
 
-/// Svn: everything versioned in one run, added folders after their added contents, deepest first.
-RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items, const QList<WorkingCopyItem> &changes);
+/// Svn: changes in one run, what was added or is gone in another, in which folders go with all that is in them.
+RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items);
 
 /// Git: index and work tree go back to the last commit, old names of renames included. Before the first commit added
 /// files are only taken out of the index.
-RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const QHash<QString, QString> &oldNames, GitHead head);
+RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts &facts, GitHead head);
 
 /// How a revert is asked for.
 enum class RevertScope : std::uint8_t { oneRow, selection, all };

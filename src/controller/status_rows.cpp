@@ -20,7 +20,7 @@ StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray
         read.items = parsedOutput<StatusParser>(output);
     else
         read = gitStatus(toolText(output));
-    return {displayedStatusItems(read.items, root, ExpandUnversioned::yes), read.oldNames};
+    return {displayedStatusItems(read.items, root, ExpandUnversioned::yes), read.facts};
 }
 
 } // namespace kestor

@@ -1,8 +1,9 @@
 #include "controller/working_diff.h"
 
-#include "controller/svn_target.h"
+#include "controller/path_targets.h"
 #include "controller/tool_text.h"
 #include "model/trimmed.h"
+#include "parsers/line_changes.h"
 #include "parsers/unified_diff_parser.h"
 #include "tools/arguments.h"
 
@@ -32,15 +33,16 @@ QString fileDiffText(const QString &path, const QFileInfo &info) {
     const QByteArray content = readable ? file.readAll() : QByteArray();
     if (!readable || file.error() != QFileDevice::NoError || !isValidUtf8(content))
         return u"(binary or unreadable file)"_s;
-    return UnifiedDiffParser::unversionedFileDiff(path, QString::fromUtf8(content));
+    return UnifiedDiffParser::unversionedFileDiff(path, withLineFeeds(QString::fromUtf8(content)));
 }
 
 } // namespace
 
 QStringList workingDiffArguments(RepositoryKind kind, const std::optional<QString> &path, const QString &gitBase) {
-    QStringList arguments = kind == RepositoryKind::svn ? args(u"diff") : args(u"diff", gitBase, u"--");
+    QStringList arguments =
+        kind == RepositoryKind::svn ? args(u"diff") : args(u"diff", u"--no-ext-diff", gitBase, u"--");
     if (path)
-        arguments.append(kind == RepositoryKind::svn ? svnDiffTarget(*path) : *path);
+        arguments.append(kind == RepositoryKind::svn ? svnDiffTarget(*path) : gitTarget(*path));
     return arguments;
 }
 

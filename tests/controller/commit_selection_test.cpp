@@ -37,16 +37,15 @@ TEST(CommitSelection, DecidesWhoHasATickBoxAndWhoStartsTicked) {
     }
 }
 
-TEST(CommitSelection, ALaterLoadKeepsWhatTheUserDid) {
+TEST(CommitSelection, ALaterLoadKeepsWhatTheUserDecided) {
     using K = SVNStatusKind;
-    const QList<WorkingCopyItem> previous{{u"unticked"_s, K::modified},   {u"ticked"_s, K::unversioned},
-                                          {u"gone"_s, K::modified},       {u"now ignored"_s, K::modified},
-                                          {u"resolved"_s, K::conflicted}, {u"unadded"_s, K::added}};
+    const TickDecisions decisions{
+        {u"unticked"_s, false}, {u"ticked"_s, true}, {u"gone"_s, true}, {u"resolved"_s, false}, {u"ignored"_s, true}};
     const QList<WorkingCopyItem> items{{u"unticked"_s, K::modified}, {u"ticked"_s, K::unversioned},
-                                       {u"new"_s, K::added},         {u"now ignored"_s, K::ignored},
-                                       {u"resolved"_s, K::modified}, {u"unadded"_s, K::unversioned}};
-    const QSet<QString> ticked{u"ticked"_s, u"gone"_s, u"now ignored"_s, u"unadded"_s};
-    EXPECT_EQ(ticksAfterLoad(items, previous, ticked), (QSet<QString>{u"ticked"_s, u"new"_s, u"resolved"_s}));
+                                       {u"new"_s, K::added},         {u"ignored"_s, K::ignored},
+                                       {u"resolved"_s, K::modified}, {u"undecided"_s, K::unversioned}};
+    EXPECT_EQ(ticksFor(items, decisions), (QSet<QString>{u"ticked"_s, u"new"_s}));
+    EXPECT_FALSE(remainingDecisions(items, decisions).contains(u"gone"_s));
 }
 
 } // namespace

@@ -133,6 +133,38 @@ TEST(Commit, OfGitTakesRenamesWholeAndNothingElse) {
     EXPECT_EQ(f.rows(), (QStringList{u"? ab.c"_s, u"M staged.c"_s}));
 }
 
+TEST(Commit, TakesStagedDeletionsAndNothingThatHasNoRow) {
+    GitFixture git;
+    git.write(u"gone.c"_s, "one\n");
+    git.write(u"old.c"_s, "one\ntwo\nthree\n");
+    git.commitAll(u"first"_s);
+    git.git({u"rm"_s, u"-q"_s, u"gone.c"_s});
+    git.git({u"mv"_s, u"old.c"_s, u"new.c"_s});
+    git.write(u"old.c"_s, "another file\n");
+    SvnFixture svn;
+    svn.write(u".kestorignore"_s, "*.tmp\n");
+    svn.write(u"p/kept.c"_s, "one\n");
+    svn.write(u"p/h.tmp"_s, "one\n");
+    svn.commitAll(u"first"_s);
+    svn.write(u"p/h.tmp"_s, "two\n");
+    svn.svn({u"propset"_s, u"-q"_s, u"note"_s, u"x"_s, u"p"_s});
+    AppFixture f;
+    f.open(git.path(), RepositoryKind::git);
+    tickOnly(f, {u"gone.c"_s, u"new.c"_s});
+    f.app.commitMessage = u"why"_s;
+    awaited(f.app.commitSelected());
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(git.git({u"show"_s, u"HEAD:new.c"_s}), "one\ntwo\nthree\n");
+    EXPECT_FALSE(git.git({u"ls-tree"_s, u"--name-only"_s, u"HEAD"_s}).contains("gone.c"));
+    EXPECT_EQ(git.tree.read(u"wc/old.c"_s), "another file\n");
+    f.open(svn.path(), RepositoryKind::svn);
+    tickOnly(f, {u"p"_s});
+    f.app.commitMessage = u"why"_s;
+    awaited(f.app.commitSelected());
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(svn.svn({u"cat"_s, u"-r"_s, u"HEAD"_s, u"p/h.tmp"_s}), "one\n");
+}
+
 TEST(Commit, OfAMergeIsWholeOrRefusedBeforeAnythingRuns) {
     GitFixture repository;
     repository.write(u"a.c"_s, "one\n");

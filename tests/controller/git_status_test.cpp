@@ -41,7 +41,7 @@ TEST(GitStatus, KeepsTheOldNameOfARename) {
     repository.git({u"mv"_s, u"plain.txt"_s, u"moved.txt"_s});
     const QByteArray output = repository.git({u"status"_s, u"--porcelain=v1"_s});
     const GitStatus status = gitStatus(QString::fromUtf8(output));
-    EXPECT_EQ(status.oldNames,
+    EXPECT_EQ(status.facts.oldNames,
               (QHash<QString, QString>{{u"new -> name.txt"_s, u"old name.txt"_s}, {u"moved.txt"_s, u"plain.txt"_s}}));
     ASSERT_EQ(status.items.size(), 2);
     EXPECT_EQ(status.items[0].kind, SVNStatusKind::replaced);

@@ -24,7 +24,7 @@ WorkingCopyItem unversioned(const QString &path, const QString &root) {
 }
 
 CommitRequest request(const QList<WorkingCopyItem> &changes, const QStringList &ticked) {
-    return {changes, QSet<QString>(ticked.begin(), ticked.end()), u"why"_s, {}};
+    return {changes, QSet<QString>(ticked.begin(), ticked.end()), u"why"_s, {}, {}};
 }
 
 TEST(CommitPlan, PreparesNeighboursTogetherAndTakesNewFoldersAlong) {
@@ -43,67 +43,47 @@ TEST(CommitPlan, PreparesNeighboursTogetherAndTakesNewFoldersAlong) {
                               {{u"commit"_s},
                                {u"a.c"_s, u"gone1.c"_s, u"gone2.c"_s, u"new"_s, u"new/deep"_s, u"new/deep/1.c"_s,
                                 u"new/deep/2.c"_s, u"zz.c"_s},
-                               {u"-m"_s, u"why"_s}}};
+                               {u"-m"_s, u"why"_s, u"--depth"_s, u"empty"_s}}};
     EXPECT_EQ(plan, expected);
 }
 
-TEST(CommitPlan, NeverTakesAnUntickedRowWithItsFolder) {
-    const QList<WorkingCopyItem> changes{{u"d"_s, K::added}, {u"d/in.c"_s, K::added}, {u"d/out.c"_s, K::added}};
-    EXPECT_EQ(svnCommitPlan(request(changes, {u"d/in.c"_s}), MessageNamesFile::yes).commit,
-              (PathCommand{{u"commit"_s},
-                           {u"d"_s, u"d/in.c"_s},
-                           {u"-m"_s, u"why"_s, u"--depth"_s, u"empty"_s, u"--force-log"_s}}));
-}
-
-TEST(CommitPlan, OfGitTakesOldNamesAlongAndAMergeWhole) {
-    CommitRequest renamed = request({{u"new.c"_s, K::replaced}, {u"b.c"_s, K::modified}}, {u"new.c"_s});
-    renamed.gitOldNames = {{u"new.c"_s, u"old.c"_s}};
-    EXPECT_EQ(gitCommitPlan(renamed), (CommitPlan{{{{u"add"_s, u"--all"_s}, {u"new.c"_s}, {}}},
-                                                  {{u"commit"_s, u"-m"_s, u"why"_s}, {u"new.c"_s, u"old.c"_s}, {}}}));
-    EXPECT_FALSE(coversWholeMerge(renamed));
-    renamed.ticked.insert(u"b.c"_s);
-    renamed.changes.append({u"scratch.txt"_s, K::unversioned});
-    EXPECT_TRUE(coversWholeMerge(renamed));
-    EXPECT_EQ(plainArguments(RepositoryKind::git, gitMergeCommitPlan(renamed).commit),
+TEST(CommitPlan, OfAMergeNamesNoPathsAndLeavesNothingOut) {
+    CommitRequest merged = request({{u"a.c"_s, K::modified}, {u"b.c"_s, K::modified}}, {u"a.c"_s});
+    EXPECT_FALSE(coversWholeMerge(merged));
+    merged.ticked.insert(u"b.c"_s);
+    merged.changes.append({u"scratch.txt"_s, K::unversioned});
+    EXPECT_TRUE(coversWholeMerge(merged));
+    EXPECT_EQ(plainArguments(RepositoryKind::git, gitMergeCommitPlan(merged).commit),
               (QStringList{u"commit"_s, u"-m"_s, u"why"_s}));
 }
 
 TEST(PathCommand, HandsManyPathsOverByFile) {
-    PathCommand command{{u"commit"_s}, {u"icon@2x.png"_s, u"-dash"_s}, {u"-m"_s, u"why"_s}};
+    PathCommand command{{u"commit"_s}, {u"icon@2x.png"_s, u"-dash"_s, u"a[1].c"_s}, {u"-m"_s, u"why"_s}};
     EXPECT_FALSE(needsPathFile(command));
     EXPECT_EQ(plainArguments(RepositoryKind::svn, command),
-              (QStringList{u"commit"_s, u"icon@2x.png@"_s, u"./-dash"_s, u"-m"_s, u"why"_s}));
-    EXPECT_EQ(plainArguments(RepositoryKind::git, command),
-              (QStringList{u"commit"_s, u"--"_s, u"icon@2x.png"_s, u"-dash"_s, u"-m"_s, u"why"_s}));
+              (QStringList{u"commit"_s, u"icon@2x.png@"_s, u"./-dash"_s, u"a[1].c"_s, u"-m"_s, u"why"_s}));
+    EXPECT_EQ(
+        plainArguments(RepositoryKind::git, command),
+        (QStringList{u"commit"_s, u"--"_s, u"icon@2x.png"_s, u"-dash"_s, u":(literal)a[1].c"_s, u"-m"_s, u"why"_s}));
     EXPECT_EQ(argumentsWithPathFile(RepositoryKind::svn, command, u"/t/f"_s),
               (QStringList{u"commit"_s, u"--targets"_s, u"/t/f"_s, u"-m"_s, u"why"_s}));
     EXPECT_EQ(argumentsWithPathFile(RepositoryKind::git, command, u"/t/f"_s),
               (QStringList{u"commit"_s, u"--pathspec-from-file=/t/f"_s, u"--pathspec-file-nul"_s, u"-m"_s, u"why"_s}));
-    EXPECT_EQ(pathFileContent(RepositoryKind::svn, command), "icon@2x.png@\n./-dash\n");
-    EXPECT_EQ(pathFileContent(RepositoryKind::git, command), QByteArray("icon@2x.png\0-dash\0", 18));
+    EXPECT_EQ(pathFileContent(RepositoryKind::svn, command), "./icon@2x.png@\n./-dash@\n./a[1].c@\n");
+    EXPECT_EQ(pathFileContent(RepositoryKind::git, command), QByteArray("icon@2x.png\0-dash\0:(literal)a[1].c\0", 35));
     command.paths = QStringList(2000, QString(60, u'x'));
     EXPECT_TRUE(needsPathFile(command));
-}
-
-TEST(RevertPlan, GivesAddedFoldersBackWithTheirContents) {
-    const QList<WorkingCopyItem> changes{{u"d"_s, K::added},
-                                         {u"d/e"_s, K::added},
-                                         {u"d/e/f.c"_s, K::added},
-                                         {u"m.c"_s, K::modified},
-                                         {u"n"_s, K::unversioned}};
-    const RevertPlan plan = svnRevertPlan({changes[0], changes[4]}, changes);
-    EXPECT_EQ(plan, (RevertPlan{{{{u"revert"_s}, {u"d/e/f.c"_s, u"d/e"_s, u"d"_s}, {}}}, {u"n"_s}, {}}));
 }
 
 TEST(RevertPlan, OfGitCountsTheOnlyCopiesItWouldDelete) {
     const QList<WorkingCopyItem> items{
         {u"m.c"_s, K::modified}, {u"a.c"_s, K::added}, {u"new.c"_s, K::replaced}, {u"n.c"_s, K::unversioned}};
-    const QHash<QString, QString> oldNames{{u"new.c"_s, u"old.c"_s}};
-    const RevertPlan plan = gitRevertPlan(items, oldNames, GitHead::exists);
+    const GitRowFacts facts{{{u"new.c"_s, u"old.c"_s}}, {}, {}};
+    const RevertPlan plan = gitRevertPlan(items, facts, GitHead::exists);
     EXPECT_EQ(plan,
               (RevertPlan{
                   {{{u"restore"_s, u"--staged"_s, u"--worktree"_s}, {u"m.c"_s, u"a.c"_s, u"new.c"_s, u"old.c"_s}, {}}},
-                  {u"n.c"_s},
+                  {{u"n.c"_s, QString()}},
                   {u"a.c"_s, u"new.c"_s}}));
     EXPECT_EQ(revertQuestion(RevertScope::selection, 4, plan.deletions()),
               u"Revert 4 selected path(s)? Local changes will be discarded. 3 unversioned path(s) will be deleted from "
@@ -139,6 +119,7 @@ TEST(Deletion, RefusesMetadataAndWhateverLeavesTheWorkingCopy) {
         {".svn/wc.db", u"Refusing to delete repository metadata at .svn/wc.db"_s},
         {"a/.git", u"Refusing to delete repository metadata at a/.git"_s},
         {"nested", u"Refusing to delete repository metadata at nested/deep/.git"_s},
+        {"nested/deep/src/a.c", u"Refusing to delete from the repository at nested/deep: nested/deep/src/a.c"_s},
         {"a/../../x", u"Refusing to delete a path outside the working copy: a/../../x"_s},
         {"", u"Refusing to delete a path outside the working copy: "_s},
         {"link/file", u"Refusing to delete through the link link: link/file"_s},
@@ -159,13 +140,18 @@ TEST(Deletion, RemovesLinksAsLinksAndFoldersThatBecameEmpty) {
     tree.makeDirectory(u"wc/l"_s);
     QFile::link(tree.path(u"outside"_s), tree.path(u"wc/l/folder link"_s));
     QFile::link(tree.path(u"nowhere"_s), tree.path(u"wc/l/dangling"_s));
-    const QStringList paths{u"a/b/file"_s,      u"a/b/sub"_s,    u"a/b/sub/file"_s,
-                            u"l/folder link"_s, u"l/dangling"_s, u"gone"_s};
-    EXPECT_EQ(deleteUnversionedItems(paths, tree.path(u"wc"_s)), (DeletionResult{4, std::nullopt}));
-    EXPECT_EQ(tree.entries(), (QStringList{u"outside/"_s, u"outside/kept"_s, u"wc/"_s, u"wc/a-b"_s, u"wc/kept"_s}));
-    EXPECT_EQ(deleteUnversionedItems({u"gone"_s}, tree.path(u"wc"_s)).error,
+    tree.write(u"wc/versioned/new"_s);
+    const QList<UnversionedPath> paths{{u"a/b/file"_s, u"a"_s},     {u"a/b/sub"_s, u"a"_s},
+                                       {u"a/b/sub/file"_s, u"a"_s}, {u"l/folder link"_s, u"l"_s},
+                                       {u"l/dangling"_s, u"l"_s},   {u"versioned/new"_s, QString()},
+                                       {u"gone"_s, QString()}};
+    EXPECT_EQ(deleteUnversionedItems(paths, tree.path(u"wc"_s)), (DeletionResult{5, std::nullopt, false}));
+    EXPECT_EQ(tree.entries(),
+              (QStringList{u"outside/"_s, u"outside/kept"_s, u"wc/"_s, u"wc/a-b"_s, u"wc/kept"_s, u"wc/versioned/"_s}));
+    EXPECT_EQ(deleteUnversionedItems({{u"gone"_s, QString()}}, tree.path(u"wc"_s)).error,
               u"No unversioned paths were found on disk."_s);
-    EXPECT_EQ(deleteUnversionedItems({u"kept"_s, u".git/x"_s}, tree.path(u"wc"_s)).deleted, 0);
+    EXPECT_EQ(deleteUnversionedItems({{u"kept"_s, QString()}, {u".git/x"_s, QString()}}, tree.path(u"wc"_s)).deleted,
+              0);
     EXPECT_TRUE(tree.exists(u"wc/kept"_s));
 }
 

@@ -88,6 +88,86 @@ TEST(Revert, OfAnAddedFolderKeepsItsFilesOnDisk) {
     EXPECT_EQ(f.rows(), (QStringList{u"? d/e/f.c"_s}));
 }
 
+TEST(Revert, InSubversionTakesCopiesMovesAndConflictsWhole) {
+    const TrashFixture trash;
+    SvnFixture repository;
+    repository.write(u"a/x.c"_s, "one\n");
+    repository.write(u"c.c"_s, "one\n");
+    repository.commitAll(u"first"_s);
+    repository.write(u"c.c"_s, "two\n");
+    repository.commitAll(u"second"_s);
+    repository.svn({u"update"_s, u"-q"_s, u"-r"_s, u"2"_s});
+    const QStringList before = repository.tree.entries();
+    repository.svn({u"copy"_s, u"-q"_s, u"a"_s, u"copied"_s});
+    repository.svn({u"move"_s, u"-q"_s, u"a"_s, u"moved"_s});
+    repository.write(u"c.c"_s, "mine\n");
+    repository.svn({u"update"_s, u"-q"_s, u"--accept"_s, u"postpone"_s, u"c.c"_s});
+    AppFixture f;
+    f.open(repository.path(), RepositoryKind::svn);
+    awaited(f.app.revertAllPaths());
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(f.app.commandOutput.value()->title, u"Revert"_s);
+    EXPECT_TRUE(f.rows().isEmpty());
+    EXPECT_EQ(repository.tree.entries(), before);
+}
+
+TEST(Revert, InGitLeavesWhatStandsAtAnOldNameAlone) {
+    const TrashFixture trash;
+    GitFixture repository;
+    repository.git({u"config"_s, u"status.renames"_s, u"copies"_s});
+    repository.write(u"old.c"_s, "one\ntwo\nthree\n");
+    repository.write(u"origin.c"_s, "four\nfive\nsix\n");
+    repository.write(u"cached.c"_s, "one\n");
+    repository.commitAll(u"first"_s);
+    repository.git({u"mv"_s, u"old.c"_s, u"new.c"_s});
+    repository.write(u"old.c"_s, "precious\n");
+    repository.write(u"copy.c"_s, "four\nfive\nsix\n");
+    repository.write(u"origin.c"_s, "four\nfive\nedited\n");
+    repository.git({u"add"_s, u"copy.c"_s});
+    repository.git({u"rm"_s, u"-q"_s, u"--cached"_s, u"cached.c"_s});
+    repository.write(u"cached.c"_s, "kept aside\n");
+    AppFixture f;
+    f.open(repository.path(), RepositoryKind::git);
+    for (const QString &path : {u"new.c"_s, u"copy.c"_s, u"cached.c"_s})
+        awaited(f.app.revertPath(path));
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(repository.tree.read(u"wc/old.c"_s), "precious\n");
+    EXPECT_EQ(repository.tree.read(u"wc/origin.c"_s), "four\nfive\nedited\n");
+    EXPECT_EQ(repository.tree.read(u"wc/cached.c"_s), "one\n");
+    EXPECT_EQ(trash.files(), (QStringList{u"cached.c"_s, u"copy.c"_s, u"new.c"_s}));
+}
+
+TEST(Revert, OfAGitConflictWorksForEachSide) {
+    const TrashFixture trash;
+    GitFixture repository;
+    for (const QString &name : {u"both.c"_s, u"ours.c"_s, u"theirs.c"_s})
+        repository.write(name, "base\n");
+    repository.commitAll(u"base"_s);
+    repository.git({u"checkout"_s, u"-q"_s, u"-b"_s, u"side"_s});
+    repository.git({u"rm"_s, u"-q"_s, u"theirs.c"_s});
+    repository.write(u"both.c"_s, "side\n");
+    repository.write(u"ours.c"_s, "side\n");
+    repository.commitAll(u"side"_s);
+    repository.git({u"checkout"_s, u"-q"_s, u"main"_s});
+    repository.git({u"rm"_s, u"-q"_s, u"ours.c"_s});
+    repository.write(u"both.c"_s, "main\n");
+    repository.write(u"theirs.c"_s, "main\n");
+    repository.commitAll(u"main"_s);
+    const QStringList before = repository.tree.entries();
+    repository.git({u"-c"_s, u"alias.try=!git merge -q side || true"_s, u"try"_s});
+    AppFixture f;
+    f.open(repository.path(), RepositoryKind::git);
+    EXPECT_EQ(f.rows().size(), 3);
+    f.app.setCommitSelection(f.app.changes, true);
+    f.app.commitMessage = u"merged"_s;
+    awaited(f.app.commitSelected());
+    EXPECT_EQ(f.alertText(), u"Commit Failed: both.c still holds conflict markers. Resolve the conflict before "
+                             "committing it."_s);
+    awaited(f.app.revertAllPaths());
+    EXPECT_TRUE(f.rows().isEmpty()) << qPrintable(f.alertText() + f.rows().join(u", "_s));
+    EXPECT_EQ(repository.tree.entries(), before);
+}
+
 TEST(Revert, OfAnAddedGitFileGoesThroughTheTrashOrNotAtAll) {
     TrashFixture trash;
     GitFixture repository;

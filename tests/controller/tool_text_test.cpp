@@ -1,4 +1,4 @@
-#include "controller/svn_target.h"
+#include "controller/path_targets.h"
 #include "controller/tool_text.h"
 #include "support/printers.h"
 
