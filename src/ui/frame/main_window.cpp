@@ -109,8 +109,9 @@ void MainWindow::showFirstRunOrProject() {
     if (content->currentIndex() == shown && isVisible())
         return;
     content->setCurrentIndex(shown);
-    QWidget *first = empty ? firstRun : pages->changes().focusPanes().first();
-    first->setFocus(Qt::OtherFocusReason);
+    const ListTab *page = pages->current();
+    QWidget *first = page == nullptr ? pages : page->focusPanes().first();
+    (empty ? firstRun : first)->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::showOutput() {

@@ -118,7 +118,7 @@ void TabPages::save(WindowState &current) const {
     current.archivesWidth = layout.archivesWidth;
     current.textSize = layout.textSize;
     current.forms = layout.forms;
-    current.messageHeight = changesTab->isVisible() ? changesTab->panelHeight() : layout.messageHeight;
+    current.messageHeight = changesTab->panelHeight();
     const auto *history = qobject_cast<const HistoryTab *>(tabPages.value(WorkflowTab::history));
     current.revisionsHeight = history ? history->revisionsHeight() : layout.revisionsHeight;
 }

@@ -29,7 +29,7 @@ ArchivesTab::ArchivesTab(AppState &state, QAction *createZipAction, QWidget *par
     showing.setInterval(0);
     connect(&showing, &QTimer::timeout, this, &ArchivesTab::showDetail);
     connect(&column->list(), &RowListView::rowChosen, this,
-            [this](const QString &id) { app.selectedArchiveEntryID = revisionOfId(id); });
+            [this](const QString &id) { app.selectedArchiveEntryID = rows.revisionOf(id); });
     connect(&column->list(), &RowListView::rowMenuRequested, this,
             [this](int, const QPoint &position) { openRowMenu(position); });
     connect(&column->list(), &RowListView::detailRequested, &detail->pathList(), qOverload<>(&QWidget::setFocus));
@@ -43,8 +43,7 @@ void ArchivesTab::observeState() {
     observers.watch(app.archiveEntries, [this] { showEntries(); });
     observers.watch(app.archivesLoaded, [this] { showEmptyText(); });
     observers.watch(app.selectedArchiveEntryID, [this] {
-        const std::optional<qint64> &revision = app.selectedArchiveEntryID.value();
-        column->list().setCurrentId(revision ? revisionId(*revision) : QString());
+        column->list().setCurrentId(rows.idOf(app.selectedArchiveEntryID));
         showing.start();
     });
 }

@@ -24,6 +24,7 @@ ChangesColumn::ChangesColumn(ChangeRows &shownRows, QWidget *parent)
     filtered->addBeforeFilter(tickAll);
     filtered->addAfterFilter(summaryLabel);
     summaryLabel->setSummary({});
+    connect(parts, &QSplitter::splitterMoved, this, [this] { chosenHeight = parts->sizes().last(); });
     connect(filtered, &FilteredList::rowsChanged, this, &ChangesColumn::updateCounts);
     connect(&list(), &RowListView::ticksRequested, this, &ChangesColumn::ticksRequested);
     connect(tickAll, &TickAllBox::requested, this, &ChangesColumn::tickAllShown);
@@ -38,11 +39,8 @@ FilterField &ChangesColumn::filter() {
     return filtered->filter();
 }
 
-int ChangesColumn::panelHeight() const {
-    return parts->sizes().last();
-}
-
 void ChangesColumn::setPanelHeight(int height) {
+    chosenHeight = height;
     parts->setSizes({1, height});
 }
 

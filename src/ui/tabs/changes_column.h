@@ -29,8 +29,8 @@ public:
     FilterField &filter();
     CommitPanel &commitPanel() { return *panel; }
 
-    /// The height of the commit panel.
-    int panelHeight() const;
+    /// The height of the commit panel; 0 until somebody has set one.
+    int panelHeight() const { return chosenHeight; }
     void setPanelHeight(int height);
 
     void setSummary(const LineChangeSummary &summary);
@@ -50,6 +50,7 @@ private:
     LineSummaryLabel *summaryLabel;
     CommitPanel *panel;
     LineSplitter *parts;
+    int chosenHeight = 0;
 };
 
 } // namespace kestor

@@ -27,7 +27,7 @@ public:
     QList<QWidget *> focusPanes() const override;
     void focusMessage();
 
-    /// The height of the commit panel below the list.
+    /// The height of the commit panel below the list; 0 until somebody has set one.
     int panelHeight() const;
     void setPanelHeight(int height);
 

@@ -33,6 +33,10 @@ HistoryColumn::HistoryColumn(HistoryFileRows &files, FileRevisionRows &revisions
     parts->setStretchFactor(0, 1);
     filtered->addAfterFilter(summaryLabel);
     summaryLabel->setSummary({});
+    connect(parts, &QSplitter::splitterMoved, this, [this] {
+        if (shownColumns == HistoryColumns::stacked)
+            stackedHeight = parts->sizes().last();
+    });
     setRevisionsHeight(revisionBar->height() + firstShownRevisions * twoLineRowHeight(font()));
     setFile({});
 }
@@ -56,16 +60,11 @@ RowListView &HistoryColumn::fileList() {
 void HistoryColumn::setColumns(HistoryColumns wanted) {
     if (wanted == shownColumns)
         return;
-    stackedHeight = revisionsHeight();
     shownColumns = wanted;
     const bool stacked = wanted == HistoryColumns::stacked;
     parts->setOrientation(stacked ? Qt::Vertical : Qt::Horizontal);
     revisionBar->setFixedHeight(stacked ? SectionBar::standardHeight : barHeight);
     parts->setSizes(stacked ? QList<int>{1, stackedHeight} : QList<int>{sideBySideWidth, sideBySideWidth});
-}
-
-int HistoryColumn::revisionsHeight() const {
-    return shownColumns == HistoryColumns::stacked && isVisible() ? parts->sizes().last() : stackedHeight;
 }
 
 void HistoryColumn::setRevisionsHeight(int height) {

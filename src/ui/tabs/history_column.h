@@ -34,8 +34,8 @@ public:
 
     void setColumns(HistoryColumns wanted);
     HistoryColumns columns() const { return shownColumns; }
-    /// The height of the revisions below the files; the one last set while they stand beside them.
-    int revisionsHeight() const;
+    /// The height of the revisions when they stand below the files.
+    int revisionsHeight() const { return stackedHeight; }
     void setRevisionsHeight(int height);
 
     void setSummary(const LineChangeSummary &summary);

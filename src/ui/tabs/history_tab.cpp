@@ -51,14 +51,14 @@ void HistoryTab::addHeadActions() {
 
 void HistoryTab::observeState() {
     observers.watch(app.fileHistoryItems, [this] { showFiles(); });
+    observers.watch(app.logEntries, [this] { showEmptyText(); });
     observers.watch(app.historyLoaded, [this] { showEmptyText(); });
     observers.watch(app.selectedHistoryPath, [this] {
         column->fileList().setCurrentId(app.selectedHistoryPath.value().value_or(QString()));
         showRevisions();
     });
     observers.watch(app.selectedRevision, [this] {
-        const std::optional<qint64> &revision = app.selectedRevision.value();
-        column->revisionList().setCurrentId(revision ? revisionId(*revision) : QString());
+        column->revisionList().setCurrentId(revisions.idOf(app.selectedRevision));
         showing.start();
     });
     observers.watch(app.historyLineSummary, [this] { column->setSummary(app.historyLineSummary); });
@@ -108,8 +108,12 @@ void HistoryTab::showRevisions() {
 }
 
 void HistoryTab::showEmptyText() {
-    const PlaceholderText none{tr("No Revisions"), tr("The log of this project is empty."), {}};
-    column->filteredList().setEmptyText(app.historyLoaded ? none : PlaceholderText());
+    PlaceholderText text;
+    if (app.historyLoaded && app.logEntries.value().isEmpty())
+        text = {tr("No Revisions"), tr("The log of this project is empty."), {}};
+    else if (app.historyLoaded)
+        text = {tr("No Files"), tr("No revision of this project names a file."), {}};
+    column->filteredList().setEmptyText(text);
 }
 
 std::optional<FileRevisionID> HistoryTab::selected() const {
@@ -147,7 +151,7 @@ void HistoryTab::chooseFile(const QString &path) {
 }
 
 void HistoryTab::chooseRevision(const QString &id) {
-    app.selectedRevision = revisionOfId(id);
+    app.selectedRevision = revisions.revisionOf(id);
     app.selectedHistoryRevisionChanged();
 }
 

@@ -11,7 +11,12 @@ QString firstLine(const QString &text) {
     return text.left(text.indexOf(u'\n')).trimmed();
 }
 
-RevisionRow plainRow(const RevisionText &text) {
+template <typename Revision>
+QString identityOf(const Revision &revision) {
+    return revision.commitHash ? *revision.commitHash : QString::number(revision.revision);
+}
+
+RevisionRow shownRow(const RevisionText &text) {
     return {.message = firstLine(messageSummary(text.message)),
             .revision = text.revision,
             .author = text.author,
@@ -20,23 +25,20 @@ RevisionRow plainRow(const RevisionText &text) {
 
 } // namespace
 
-QString revisionId(qint64 revision) {
-    return QString::number(revision);
+QString RevisionRows::idOf(std::optional<qint64> revision) const {
+    for (int record = 0; record < recordCount(); ++record) {
+        if (revisionAt(record) == revision)
+            return recordId(record);
+    }
+    return {};
 }
 
-qint64 revisionOfId(const QString &id) {
-    return id.toLongLong();
-}
-
-RevisionRow revisionRow(const LogEntry &entry) {
-    return plainRow(revisionText(entry));
-}
-
-RevisionRow revisionRow(const FileHistoryRevision &revision, const Theme &theme) {
-    RevisionRow row = plainRow(revisionText(revision));
-    row.badge = badgeForAction(revision.action, theme);
-    row.status = displayName(statusKindOfAction(revision.action)).toString();
-    return row;
+std::optional<qint64> RevisionRows::revisionOf(const QString &id) const {
+    for (int record = 0; record < recordCount(); ++record) {
+        if (recordId(record) == id)
+            return revisionAt(record);
+    }
+    return std::nullopt;
 }
 
 void LogRows::publish(const QList<LogEntry> &published) {
@@ -45,8 +47,12 @@ void LogRows::publish(const QList<LogEntry> &published) {
     replaceRecords([&] { entries = published; });
 }
 
+QString LogRows::recordId(int record) const {
+    return identityOf(entries.at(record));
+}
+
 RowContent LogRows::content(int record, const Theme &) const {
-    return revisionRow(entries.at(record));
+    return shownRow(revisionText(entries.at(record)));
 }
 
 QString LogRows::filterText(int record) const {
@@ -62,8 +68,16 @@ void FileRevisionRows::publish(const FileHistoryRevisions &published) {
     replaceRecords([&] { revisions = published; });
 }
 
+QString FileRevisionRows::recordId(int record) const {
+    return identityOf(revisions[record]);
+}
+
 RowContent FileRevisionRows::content(int record, const Theme &theme) const {
-    return revisionRow(revisions[record], theme);
+    const FileHistoryRevision revision = revisions[record];
+    RevisionRow row = shownRow(revisionText(revision));
+    row.badge = badgeForAction(revision.action, theme);
+    row.status = displayName(statusKindOfAction(revision.action)).toString();
+    return row;
 }
 
 QString FileRevisionRows::copiedText(int record) const {

@@ -7,19 +7,28 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 namespace kestor {
 
-/// The identity of a revision in a list, and back.
-QString revisionId(qint64 revision);
-qint64 revisionOfId(const QString &id);
+/// Rows of revisions. Identified by what stays when others come: the hash of a commit, whose number counts from the
+/// newest, else the number.
+class RevisionRows : public RowModel {
+    Q_OBJECT
 
-/// The row of a log entry; without a badge.
-RevisionRow revisionRow(const LogEntry &entry);
-/// The row of one revision of a file, with what it did to the file.
-RevisionRow revisionRow(const FileHistoryRevision &revision, const Theme &theme);
+public:
+    using RowModel::RowModel;
 
-/// A log, newest first. Rows match a filter by revision, author and message. Identified by the revision number.
-class LogRows final : public RowModel {
+    /// The identity of the revision with that number, "" when there is none. Linear.
+    QString idOf(std::optional<qint64> revision) const;
+    /// The number of the revision with that identity. Linear.
+    std::optional<qint64> revisionOf(const QString &id) const;
+
+    virtual qint64 revisionAt(int record) const = 0;
+};
+
+/// A log, newest first. Rows match a filter by revision, author and message.
+class LogRows final : public RevisionRows {
     Q_OBJECT
 
 public:
@@ -27,11 +36,11 @@ public:
 
     /// A list that shares its entries with the one shown changes nothing.
     void publish(const QList<LogEntry> &published);
-    const LogEntry &entryAt(int record) const { return entries.at(record); }
 
     RowShape shape() const override { return rowShape; }
     int recordCount() const override { return static_cast<int>(entries.size()); }
-    QString recordId(int record) const override { return revisionId(entries.at(record).revision); }
+    qint64 revisionAt(int record) const override { return entries.at(record).revision; }
+    QString recordId(int record) const override;
     RowContent content(int record, const Theme &theme) const override;
     QString filterText(int record) const override;
     QString copiedText(int record) const override;
@@ -43,19 +52,19 @@ private:
     RowShape rowShape;
 };
 
-/// The revisions of one file, newest first. Identified by the revision number.
-class FileRevisionRows final : public RowModel {
+/// The revisions of one file, newest first, each with what it did to the file.
+class FileRevisionRows final : public RevisionRows {
     Q_OBJECT
 
 public:
-    using RowModel::RowModel;
+    using RevisionRows::RevisionRows;
 
     void publish(const FileHistoryRevisions &published);
-    FileHistoryRevision revisionAt(int record) const { return revisions[record]; }
 
     RowShape shape() const override { return RowShape::twoLines; }
     int recordCount() const override { return static_cast<int>(revisions.size()); }
-    QString recordId(int record) const override { return revisionId(revisions.revisionAt(record)); }
+    qint64 revisionAt(int record) const override { return revisions.revisionAt(record); }
+    QString recordId(int record) const override;
     RowContent content(int record, const Theme &theme) const override;
     QString copiedText(int record) const override;
     QString toolTip(int record) const override { return revisions[record].summary(); }

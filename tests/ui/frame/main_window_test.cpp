@@ -15,6 +15,7 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
@@ -301,6 +302,74 @@ TEST_F(Window, TakesDroppedFoldersOnlyWhenItCan) {
         EXPECT_EQ(enter.isAccepted(), row.taken);
     }
     app.busyMessage = std::nullopt;
+}
+
+TEST_F(Window, TabsShareTheWidthOfTheirListsAndArchivesKeepsItsOwn) {
+    show({u"a"_s});
+    window->resize(1500, 800);
+    app.busyMessage = u"Working"_s; // nothing is loaded
+    const auto listWidth = [this](int tab) {
+        QTest::keyClick(window.get(), static_cast<Qt::Key>(Qt::Key_1 + tab), Qt::ControlModifier);
+        QCoreApplication::processEvents();
+        return window->tabPages().current()->focusPanes().first()->width();
+    };
+    const auto dragged = [this](int distance) {
+        auto *splitter = window->tabPages().current()->findChild<QSplitter *>();
+        QTest::mousePress(splitter->handle(1), Qt::LeftButton, {}, QPoint(0, 5));
+        QTest::mouseMove(splitter->handle(1), QPoint(distance, 5));
+        QTest::mouseRelease(splitter->handle(1), Qt::LeftButton, {}, QPoint(0, 5));
+        return splitter->sizes().first();
+    };
+    EXPECT_EQ(listWidth(2), 400);
+    const int shared = dragged(50);
+    EXPECT_GT(shared, 400);
+    EXPECT_EQ(listWidth(0), shared);
+    EXPECT_EQ(listWidth(3), 680);
+    const int own = dragged(-80);
+    EXPECT_LT(own, 680);
+    EXPECT_EQ(listWidth(2), shared);
+    app.busyMessage = std::nullopt;
+    app.selectedTab = WorkflowTab::changes;
+    window->close();
+    window = std::make_unique<MainWindow>(app, fixture.settings);
+    window->resize(1500, 800);
+    window->show();
+    activate();
+    app.busyMessage = u"Working"_s;
+    EXPECT_EQ(listWidth(2), shared);
+    EXPECT_EQ(listWidth(3), own);
+    EXPECT_TRUE(window->tabPages().current()->isAncestorOf(window->focusWidget())) << "the focus stays in the pages";
+    app.busyMessage = std::nullopt;
+}
+
+TEST_F(Window, ACommandDropsTheProjectThatARepeatedKeyReached) {
+    show({u"a"_s, u"b"_s});
+    auto *list = part<ProjectListView>();
+    list->setFocus();
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, QString(), true);
+    QCoreApplication::sendEvent(list, &repeated);
+    EXPECT_EQ(list->currentIndex().row(), 1);
+    app.busyMessage = u"Committing"_s;
+    QTest::qWait(100);
+    EXPECT_EQ(selectedName(), u"a"_s);
+    EXPECT_EQ(list->currentIndex().row(), 0);
+    app.busyMessage = std::nullopt;
+}
+
+TEST_F(Window, AProjectRowOffersItsCommands) {
+    show({u"a"_s});
+    auto *list = part<ProjectListView>();
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(), QPoint(), Qt::NoModifier);
+    QCoreApplication::sendEvent(list, &asked);
+    const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    QStringList texts;
+    for (const QAction *item : menu->actions())
+        texts.append(item->isSeparator() ? u"-"_s : item->text());
+    EXPECT_EQ(texts, (QStringList{u"Open Terminal Here"_s, u"Open Finder Here"_s, u"Open Both Here"_s, u"-"_s,
+                                  u"Refresh Status"_s, u"Info"_s, u"-"_s, u"Remove Project"_s}));
+    EXPECT_TRUE(window->menuBar()->actions().first()->menu()->actions().contains(menu->actions().first()));
+    QApplication::activePopupWidget()->close();
 }
 
 TEST_F(Window, KeepsItsLayoutForTheNextRun) {
