@@ -9,7 +9,8 @@
 #include <QEvent>
 #include <QPainter>
 #include <QPainterPath>
-#include <QStackedLayout>
+#include <QStackedWidget>
+#include <QVBoxLayout>
 
 namespace kestor {
 
@@ -19,13 +20,17 @@ namespace {
 
 constexpr int headHeight = 32;
 constexpr double radius = 4;
+/// What the head and the rounded frame leave.
+constexpr QMargins inside(1, headHeight, 1, 2);
 
 } // namespace
 
 PreviewSide::PreviewSide(Side shownSide, QWidget *parent)
-    : QWidget(parent), side(shownSide), theme(themeFor(palette())), stack(new QStackedLayout(this)),
+    : QWidget(parent), side(shownSide), theme(themeFor(palette())), stack(new QStackedWidget(this)),
       placeholder(new Placeholder), image(new ImageView), font(new FontView) {
-    stack->setContentsMargins(1, headHeight, 1, 2);
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(inside);
+    layout->addWidget(stack);
     for (QWidget *const part :
          {static_cast<QWidget *>(placeholder), static_cast<QWidget *>(image), static_cast<QWidget *>(font)})
         stack->addWidget(part);
@@ -92,8 +97,7 @@ void PreviewSide::silence() {
 }
 
 QSize PreviewSide::imageBox() const {
-    const QMargins margins = stack->contentsMargins();
-    return ImageView::roomIn(size().shrunkBy(margins)) * devicePixelRatioF();
+    return ImageView::roomIn(size().shrunkBy(inside)) * devicePixelRatioF();
 }
 
 void PreviewSide::changeEvent(QEvent *event) {

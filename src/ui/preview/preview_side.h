@@ -7,7 +7,7 @@
 
 #include <cstdint>
 
-class QStackedLayout;
+class QStackedWidget;
 
 namespace kestor {
 
@@ -47,7 +47,7 @@ private:
     Side side;
     Theme theme;
     QString headText{};
-    QStackedLayout *stack;
+    QStackedWidget *stack;
     Placeholder *placeholder;
     ImageView *image;
     FontView *font;
