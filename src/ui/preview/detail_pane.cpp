@@ -1,10 +1,12 @@
 #include "ui/preview/detail_pane.h"
 
 #include "ui/preview/preview_pane.h"
+#include "ui/preview/worker_release.h"
 
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestor {
 
@@ -58,7 +60,7 @@ std::optional<DetailForm> DetailPane::form() const {
 void DetailPane::showFile(const DiffSubject &newSubject, const QString &newText, const DiffPreview &newPreview) {
     subject = newSubject;
     text = newText;
-    preview = newPreview;
+    releaseOnWorker(std::exchange(preview, newPreview));
     showForm();
 }
 

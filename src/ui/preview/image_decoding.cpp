@@ -1,11 +1,14 @@
 #include "ui/preview/image_decoding.h"
 
+#include "ui/preview/image_shrinking.h"
+
 #include <QBuffer>
 #include <QImageReader>
 #include <QPixelFormat>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -52,8 +55,12 @@ bool isTooLargeDrawing(const QByteArray &data, const QString &path) {
 
 bool isTooLarge(QSize size, QImage::Format format) {
     const qint64 pixels = qint64{size.width()} * size.height();
-    const int bits = format == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(format).bitsPerPixel();
+    const int bits = std::max(32, int{QImage::toPixelFormat(format).bitsPerPixel()});
     return pixels > mostPixels || pixels / 8 * bits > qint64{mostDecodedMegabytes} << 20;
+}
+
+bool magnifies(QSize size, QSize target) {
+    return target.width() > size.width() || target.height() > size.height();
 }
 
 } // namespace
@@ -83,6 +90,7 @@ DecodedImage decodedImage(const QByteArray &data, const QString &path) {
     image.pixels = reader->read();
     if (image.pixels.isNull())
         return image;
+    image.pixels = paintable(std::move(image.pixels));
     image.pixels.setDevicePixelRatio(1); // from names like "icon@2x.png" in the data
     image.state = DecodeState::shown;
     image.size = image.pixels.size();
@@ -91,7 +99,9 @@ DecodedImage decodedImage(const QByteArray &data, const QString &path) {
 
 QImage scaledImage(const DecodedImage &image, QSize target) {
     if (image.drawing.isEmpty())
-        return image.pixels.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        return magnifies(image.size, target)
+                   ? image.pixels.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                   : shrunk(image.pixels, target);
     BytesReader reader(image.drawing, u".svg"_s);
     reader->setScaledSize(target);
     return reader->read();

@@ -1,14 +1,16 @@
 #include "ui/preview/image_view.h"
 
+#include "ui/preview/worker_release.h"
+
 #include <QEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPixmap>
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <QtConcurrentRun>
 
 #include <algorithm>
+#include <utility>
 
 namespace kestor {
 
@@ -18,16 +20,25 @@ constexpr int padding = 12;
 constexpr int tile = 8;
 /// From here on the pixels themselves are to be seen.
 constexpr double squarePixelsFrom = 4;
-/// Larger drawings are stretched.
-constexpr double largestDrawnSide = 8192;
+/// Larger images are not smoothed when they are magnified: it would take long, and much memory.
+constexpr qint64 mostSmoothPixels = 4'000'000;
+/// What is larger is stretched.
+constexpr int largestDrawnSide = 8192;
 
-QPixmap checkerboard(const Theme &theme) {
-    QPixmap board(2 * tile, 2 * tile);
-    board.fill(theme.checkA);
-    QPainter painter(&board);
-    painter.fillRect(tile, 0, tile, tile, theme.checkB);
-    painter.fillRect(0, tile, tile, tile, theme.checkB);
-    return board;
+/// Tiles from the upper left corner of `place` on. A brush with a pattern would be painted by Qt's own pool of threads.
+void paintCheckerboard(QPainter &painter, const QRectF &place, const QRectF &visible, const Theme &theme) {
+    painter.fillRect(visible, theme.checkA);
+    const auto firstTile = [](double from, double seen) {
+        return static_cast<int>((seen - from) / tile);
+    };
+    for (int row = firstTile(place.top(), visible.top()); place.top() + row * tile < visible.bottom(); ++row) {
+        int column = firstTile(place.left(), visible.left());
+        column += (row + column + 1) % 2;
+        for (; place.left() + column * tile < visible.right(); column += 2) {
+            const QRectF square(place.left() + column * tile, place.top() + row * tile, tile, tile);
+            painter.fillRect(square & visible, theme.checkB);
+        }
+    }
 }
 
 } // namespace
@@ -39,7 +50,7 @@ ImageView::ImageView(QWidget *parent) : QAbstractScrollArea(parent), theme(theme
     connect(&scaling, &QFutureWatcher<QImage>::finished, this, [this] {
         if (scaling.isCanceled())
             return;
-        picture = scaling.result();
+        releaseOnWorker(std::exchange(picture, scaling.result()));
         viewport()->update();
     });
 }
@@ -53,8 +64,9 @@ QSize ImageView::roomIn(QSize size) {
 }
 
 void ImageView::setImage(const DecodedImage &shownImage, const QImage &scaled) {
-    image = shownImage;
-    picture = scaled;
+    scaling.setFuture({});
+    releaseOnWorker(std::exchange(image, shownImage));
+    releaseOnWorker(std::exchange(picture, scaled));
     updateScrollBars();
     prepareScaled();
     viewport()->update();
@@ -103,17 +115,22 @@ void ImageView::updateScrollBars() {
     verticalScrollBar()->setSingleStep(tile * 2);
 }
 
-/// Raster images are scaled down on a worker; where they are shown larger, painting what is in view is quick.
+/// Whether the image is computed for its scale, or its pixels are painted as squares.
+bool ImageView::isScaled() const {
+    const QSize size = target();
+    const bool isSmall = qint64{size.width()} * size.height() <= mostSmoothPixels;
+    return !image.drawing.isEmpty() || factor < 1 || (factor > 1 && factor < squarePixelsFrom && isSmall);
+}
+
 void ImageView::prepareScaled() {
-    if (image.size.isEmpty())
-        return;
-    QSize wanted = target();
-    if (!image.drawing.isEmpty() && std::max(wanted.width(), wanted.height()) > largestDrawnSide)
-        wanted = wanted.scaled(QSize(largestDrawnSide, largestDrawnSide), Qt::KeepAspectRatio).expandedTo({1, 1});
-    const bool needed = !image.drawing.isEmpty() || factor < 1;
     scaling.cancel();
     scaling.setFuture({});
-    if (needed && picture.size() != wanted)
+    if (image.size.isEmpty() || !isScaled())
+        return;
+    QSize wanted = target();
+    if (std::max(wanted.width(), wanted.height()) > largestDrawnSide)
+        wanted = wanted.scaled(QSize(largestDrawnSide, largestDrawnSide), Qt::KeepAspectRatio).expandedTo({1, 1});
+    if (picture.size() != wanted)
         scaling.setFuture(QtConcurrent::run([shown = image, wanted] { return scaledImage(shown, wanted); }));
 }
 
@@ -138,22 +155,21 @@ void ImageView::paintEvent(QPaintEvent *event) {
     const QRectF place = imagePlace();
     painter.fillRect(place.adjusted(-1, -1, 1, 1), theme.separator);
     const QRectF visible = place & QRectF(viewport()->rect());
-    painter.setBrushOrigin(place.topLeft());
-    painter.fillRect(visible, QBrush(checkerboard(theme)));
+    if (image.pixels.isNull() || image.pixels.hasAlphaChannel())
+        paintCheckerboard(painter, place, visible, theme);
     paintImage(painter, place, visible);
 }
 
 void ImageView::paintImage(QPainter &painter, const QRectF &place, const QRectF &visible) const {
-    const bool fromPixels = image.drawing.isEmpty() && (factor >= 1 || picture.isNull());
-    const QImage &source = fromPixels ? image.pixels : picture;
+    const bool fromPicture = isScaled() && !picture.isNull();
+    const QImage &source = fromPicture ? picture : image.pixels;
     if (source.isNull())
         return;
     const double across = source.width() / place.width();
     const double down = source.height() / place.height();
     const QRectF part((visible.x() - place.x()) * across, (visible.y() - place.y()) * down, visible.width() * across,
                       visible.height() * down);
-    const bool stretched = source.size() != target();
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, stretched && (!fromPixels || factor < squarePixelsFrom));
+    // Not smoothly, which takes longer than the main thread may.
     painter.drawImage(visible, source, part);
 }
 

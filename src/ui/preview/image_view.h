@@ -43,6 +43,7 @@ private:
     QSizeF contentSize() const;
     QRectF imagePlace() const;
     void updateScrollBars();
+    bool isScaled() const;
     void prepareScaled();
     void paintImage(QPainter &painter, const QRectF &place, const QRectF &visible) const;
 

@@ -8,8 +8,11 @@ PreviewLoader::PreviewLoader(QObject *parent) : QObject(parent) {
     boundImageMemory();
     workers.setMaxThreadCount(2); // one for each version
     connect(&decoding, &QFutureWatcher<PreviewVersion>::finished, this, [this] {
-        if (!decoding.isCanceled())
-            emit loaded(decoding.resultAt(0), decoding.resultAt(1));
+        if (decoding.isCanceled())
+            return;
+        const QList<PreviewVersion> versions = decoding.future().results();
+        decoding.setFuture({}); // whoever shows them decides how long they live
+        emit loaded(versions.first(), versions.last());
     });
 }
 

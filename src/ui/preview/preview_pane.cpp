@@ -4,6 +4,7 @@
 #include "ui/look/theme.h"
 #include "ui/preview/image_view.h"
 #include "ui/preview/preview_side.h"
+#include "ui/preview/worker_release.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -11,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include <chrono>
+#include <utility>
 
 namespace kestor {
 
@@ -87,7 +89,7 @@ void PreviewPane::load(const DiffPreview &preview) {
             emit ready();
         return;
     }
-    wanted = preview;
+    releaseOnWorker(std::exchange(wanted, preview));
     isShown = false;
     bar->setVisible(preview.kind == DiffPreviewKind::image);
     layout()->activate();
@@ -98,7 +100,7 @@ void PreviewPane::load(const DiffPreview &preview) {
 void PreviewPane::clear() {
     loader.cancel();
     patience.stop();
-    wanted = {};
+    releaseOnWorker(std::exchange(wanted, {}));
     isShown = false;
     imageSizes.clear();
     before->showEmpty();

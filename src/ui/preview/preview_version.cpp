@@ -28,7 +28,7 @@ void decodeImage(PreviewVersion &version, const QString &path, const QByteArray 
         return;
     const std::array sizes{version.image.size, other ? imageSize(*other, path) : QSize()};
     const double factor = fitFactor(sizes, box);
-    if (factor < 1 || !version.image.drawing.isEmpty())
+    if (factor < mostMagnified || !version.image.drawing.isEmpty())
         version.picture = scaledImage(version.image, scaledSize(version.image.size, factor));
 }
 

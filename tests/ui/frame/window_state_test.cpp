@@ -15,7 +15,16 @@ TEST(WindowState, ComesBackAsItWasSaved) {
     const TempTree tree;
     const QString file = tree.path(u"window.conf"_s);
     const WindowState state{
-        QByteArray("\0\xff geometry", 11), QRect(-1900, 20, 1000, 700), 300, true, 500, 700, 130, 300, 3};
+        QByteArray("\0\xff geometry", 11),
+        QRect(-1900, 20, 1000, 700),
+        300,
+        true,
+        500,
+        700,
+        130,
+        300,
+        3,
+        {{DiffPreviewKind::image, DetailForm::text}, {DiffPreviewKind::audio, DetailForm::preview}}};
     {
         QSettings settings(file, QSettings::IniFormat);
         saveWindowState(settings, state);
@@ -37,6 +46,7 @@ TEST(WindowState, BrokenOrOddValuesAreTheDefaults) {
         {"not JSON", QByteArray("\x01\x02{{"), {}},
         {"another type", 17, {}},
         {"a list", QByteArray("[1,2]"), {}},
+        {"forms that do not exist", QByteArray(R"({"forms":{"image":"song","film":"text"}})"), {}},
         {"members of other types",
          QByteArray(R"({"sidebarWidth":"wide","frame":7,"sidebarHidden":[],"geometry":1})"),
          {}},

@@ -1,5 +1,6 @@
 #include "sample_media.h"
 #include "support/printers.h"
+#include "ui/preview/image_shrinking.h"
 #include "ui/preview/preview_version.h"
 #include "ui/preview/zoom_bar.h"
 
@@ -82,7 +83,8 @@ TEST(PreviewVersion, ImagesAreScaledToFitTogether) {
     };
     const Row rows[] = {
         {"large image fits", png({600, 400}), {}, {300, 200}},
-        {"small image is left to the painter", png({16, 16}), {}, {0, 0}},
+        {"small image at full magnification is left to the painter", png({16, 16}), {}, {0, 0}},
+        {"image is magnified to fit", png({200, 200}), {}, {300, 300}},
         {"scale is that of the larger one", png({300, 100}), png({600, 100}), {150, 50}},
         {"drawing is drawn in its size on the screen", svg({16, 16}), {}, {64, 64}},
         {"drawing beside a larger one", svg({16, 16}), svg({150, 150}), {32, 32}},
@@ -91,6 +93,33 @@ TEST(PreviewVersion, ImagesAreScaledToFitTogether) {
         SCOPED_TRACE(row.name);
         const QString path = row.data.startsWith("<svg") ? u"a.svg"_s : u"a.png"_s;
         EXPECT_EQ(previewVersion(DiffPreviewKind::image, path, row.data, row.other, place).picture.size(), row.picture);
+    }
+}
+
+TEST(ImageShrinking, KeepsColorsAndTheMeanOfEveryArea) {
+    QImage source(700, 30, QImage::Format_ARGB32);
+    for (int y = 0; y < source.height(); ++y) {
+        for (int x = 0; x < source.width(); ++x)
+            source.setPixel(x, y, x < 350 ? qRgba(255, 10, 200, 255) : qRgba(0, 0, (x + y) % 2 * 255, 128));
+    }
+    struct Row {
+        const char *name;
+        QSize target;
+    };
+    const Row rows[] = {{"to a few pixels", {2, 1}},
+                        {"by a fraction", {490, 21}},
+                        {"in one direction", {700, 3}},
+                        {"not at all", {700, 30}}};
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const QImage small = shrunk(paintable(source), row.target);
+        ASSERT_EQ(small.size(), row.target);
+        EXPECT_EQ(small.pixelColor(0, 0), QColor(255, 10, 200));
+        QImage right =
+            small.copy(row.target.width() - row.target.width() / 2, 0, row.target.width() / 2, row.target.height());
+        right = shrunk(right, {1, 1});
+        EXPECT_NEAR(qAlpha(right.pixel(0, 0)), 128, 1);
+        EXPECT_NEAR(right.pixelColor(0, 0).blue(), 128, 2);
     }
 }
 
