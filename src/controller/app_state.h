@@ -212,10 +212,10 @@ private:
     /// To be called when a command may have changed the repository: loads everything that is shown and remembers to
     /// load the rest when it is.
     QCoro::Task<> reloadAfterChange();
-    /// Loads the changes, `repositoryInfo` and the log of the tab that is shown.
-    QCoro::Task<> reloadEverything(RunPurpose purpose);
-    /// Loads the log of the tab that is shown, if it shows one.
-    QCoro::Task<> loadShownLog();
+    /// Loads the changes, `repositoryInfo` and the log that `tab` shows.
+    QCoro::Task<> reloadEverything(RunPurpose purpose, WorkflowTab tab);
+    /// Loads the log that `tab` shows, if it shows one.
+    QCoro::Task<> loadLogOf(WorkflowTab tab);
     bool historyNeedsReload() const { return historyLoadedAt != repositoryChanges; }
     bool archivesNeedsReload() const { return archivesLoadedAt != repositoryChanges; }
     QCoro::Task<> revert(QList<WorkingCopyItem> items, QString emptyMessage, RevertScope scope);
@@ -236,10 +236,12 @@ private:
     QCoro::Task<std::optional<DiffPreview>> richDiffPreviewForHistoryRevision(Project project, QString path,
                                                                               FileHistoryRevision revision);
     void publishHistoryDiff(const std::optional<FileRevisionID> &id, const LoadedDiff &diff);
-    /// `text` as a target for svn: one that is exactly a path of the working copy as such, anything else as typed.
+    /// `text` as a target of the tool: one that is exactly a path of the working copy as such, anything else as typed.
     QString typedTarget(const Project &project, const QString &text) const;
-    /// Whether `text` is exactly a path of this Subversion working copy or of its history.
-    bool isKnownSvnPath(const Project &project, const QString &text) const;
+    /// The same where Git takes a name, never a pattern: behind a revision and ":".
+    QString typedSource(const Project &project, const QString &text) const;
+    /// Whether `text` is exactly a path of the working copy or of its history.
+    bool isKnownPath(const Project &project, const QString &text) const;
     /// Runs a command whose arguments the user was asked for.
     QCoro::Task<> runAskedCommand(Project project, QString title, QStringList arguments, RefreshAfter refreshAfter);
     QCoro::Task<> exportFile(Project project, QStringList arguments, QString destination);

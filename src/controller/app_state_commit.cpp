@@ -119,7 +119,7 @@ QCoro::Task<SVNCommandResult> AppState::commitToGit(Project project, CommitReque
 
 QCoro::Task<> AppState::reloadAfterChange() {
     ++repositoryChanges;
-    return reloadEverything(RunPurpose::userCommand);
+    return reloadEverything(RunPurpose::userCommand, selectedTab);
 }
 
 } // namespace kestor

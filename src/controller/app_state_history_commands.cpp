@@ -60,8 +60,8 @@ QCoro::Task<> AppState::showDiffAgainstRevision() {
         co_return;
     const QString revision = answer->value(u"revision"_s);
     const QString path = answer->value(u"path"_s);
-    const bool isKnown = isKnownSvnPath(*project, path);
-    const QString target = isKnown ? svnDiffTarget(path, revision) : path;
+    const bool isWorkingFile = project->kind == RepositoryKind::svn && isKnownPath(*project, path);
+    const QString target = isWorkingFile ? svnDiffTarget(path, revision) : typedTarget(*project, path);
     const QStringList arguments = diffAgainstArguments(project->kind, revision, target);
     co_await runAskedCommand(*project, u"Diff"_s, arguments, RefreshAfter::no);
 }
@@ -90,7 +90,7 @@ QCoro::Task<> AppState::catTarget() {
     const Answer answer = co_await user.prompt(u"Cat"_s, fields);
     if (!answer || answer->value(u"target"_s).isEmpty())
         co_return;
-    const QString target = typedTarget(*project, answer->value(u"target"_s));
+    const QString target = typedSource(*project, answer->value(u"target"_s));
     const QStringList arguments = catArguments(project->kind, answer->value(u"revision"_s), target);
     co_await runAskedCommand(*project, u"Cat"_s, arguments, RefreshAfter::no);
 }
@@ -123,7 +123,7 @@ QCoro::Task<> AppState::exportFileAtRevision() {
     if (!destination)
         co_return;
     const QStringList arguments =
-        catArguments(project->kind, answer->value(u"revision"_s), typedTarget(*project, path));
+        catArguments(project->kind, answer->value(u"revision"_s), typedSource(*project, path));
     co_await reporting(u"Export File Failed"_s, exportFile(*project, arguments, *destination));
 }
 
@@ -159,11 +159,17 @@ QString AppState::selectedActionPath() const {
 }
 
 QString AppState::typedTarget(const Project &project, const QString &text) const {
-    return isKnownSvnPath(project, text) ? svnTarget(text) : text;
+    if (!isKnownPath(project, text))
+        return text;
+    return project.kind == RepositoryKind::svn ? svnTarget(text) : gitTarget(text);
 }
 
-bool AppState::isKnownSvnPath(const Project &project, const QString &text) const {
-    if (project.kind == RepositoryKind::git || text.isEmpty())
+QString AppState::typedSource(const Project &project, const QString &text) const {
+    return project.kind == RepositoryKind::svn ? typedTarget(project, text) : text;
+}
+
+bool AppState::isKnownPath(const Project &project, const QString &text) const {
+    if (text.isEmpty())
         return false;
     const auto hasPath = [&text](const WorkingCopyItem &item) {
         return item.path == text;

@@ -50,25 +50,27 @@ QCoro::Task<> AppState::refresh(RunPurpose purpose) {
     const RunningOperations::Scope running(operations);
     if (!selectedProject())
         co_return;
+    // A tab that is shown meanwhile loads what it lacks by itself.
+    const WorkflowTab tab = selectedTab;
     // Commands are held back from the first probe on; the load then has a message of its own.
     std::optional<BusyScope> probing(std::in_place, busy, u"Loading changes"_s, BusyKind::load);
     co_await refreshSelectedProjectKind();
-    const QCoro::Task<> loading = reloadEverything(purpose);
+    const QCoro::Task<> loading = reloadEverything(purpose, tab);
     probing.reset();
     co_await loading;
 }
 
-QCoro::Task<> AppState::reloadEverything(RunPurpose purpose) {
+QCoro::Task<> AppState::reloadEverything(RunPurpose purpose, WorkflowTab tab) {
     const RunningOperations::Scope running(operations);
     // The log does not wait for the diffs of the Changes tab. Its busy message is the later one and stays.
     const QCoro::Task<> status = loadStatus(purpose);
     co_await loadInfo();
-    co_await loadShownLog();
+    co_await loadLogOf(tab);
     co_await status;
 }
 
-QCoro::Task<> AppState::loadShownLog() {
-    switch (selectedTab) {
+QCoro::Task<> AppState::loadLogOf(WorkflowTab tab) {
+    switch (tab) {
     case WorkflowTab::history:
         return loadHistory();
     case WorkflowTab::archives:

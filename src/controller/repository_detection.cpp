@@ -6,19 +6,51 @@
 
 namespace kestor {
 
-QCoro::Task<DetectedRepository> probeSubversion(std::shared_ptr<Tool> svn, QString folder) {
+namespace {
+
+/// What the tool reports as the root, perhaps "". Throws SVNClientError.
+QCoro::Task<QString> svnRoot(std::shared_ptr<Tool> svn, QString folder) {
     const SVNCommandResult result =
         co_await svn->run(args(u"info", u"--xml"), folder, CheckStatus::yes, RunPurpose::backgroundRead);
     const RepositoryInfo info = parsedOutput<InfoParser>(result.stdoutData);
-    const QString root = info.workingCopyRoot.value_or(QString());
+    co_return info.workingCopyRoot.value_or(QString());
+}
+
+QCoro::Task<QString> gitRoot(std::shared_ptr<Tool> git, QString folder) {
+    const SVNCommandResult result =
+        co_await git->run(args(u"rev-parse", u"--show-toplevel"), folder, CheckStatus::yes, RunPurpose::backgroundRead);
+    co_return toolText(result.stdoutData).trimmed();
+}
+
+/// The root that `search` finds; nothing when it fails or finds none.
+QCoro::Task<std::optional<QString>> foundRoot(QCoro::Task<QString> search) {
+    QString root;
+    try {
+        root = co_await search;
+    } catch (const SVNClientError &) {
+        // No such folder, no such tool, or the folder belongs to nothing: all the same here.
+    }
+    co_return root.isEmpty() ? std::nullopt : std::optional(root);
+}
+
+} // namespace
+
+QCoro::Task<DetectedRepository> probeSubversion(std::shared_ptr<Tool> svn, QString folder) {
+    const QString root = co_await svnRoot(svn, folder);
     co_return DetectedRepository{root.isEmpty() ? folder : root, RepositoryKind::svn};
 }
 
 QCoro::Task<DetectedRepository> probeGit(std::shared_ptr<Tool> git, QString folder) {
-    const SVNCommandResult result =
-        co_await git->run(args(u"rev-parse", u"--show-toplevel"), folder, CheckStatus::yes, RunPurpose::backgroundRead);
-    const QString root = toolText(result.stdoutData).trimmed();
+    const QString root = co_await gitRoot(git, folder);
     co_return DetectedRepository{root.isEmpty() ? folder : root, RepositoryKind::git};
+}
+
+QCoro::Task<std::optional<QString>> svnWorkingCopyRoot(std::shared_ptr<Tool> svn, QString folder) {
+    return foundRoot(svnRoot(svn, folder));
+}
+
+QCoro::Task<std::optional<QString>> gitWorkingCopyRoot(std::shared_ptr<Tool> git, QString folder) {
+    return foundRoot(gitRoot(git, folder));
 }
 
 } // namespace kestor

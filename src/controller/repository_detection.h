@@ -6,6 +6,7 @@
 #include <QCoroTask>
 
 #include <memory>
+#include <optional>
 
 namespace kestor {
 
@@ -22,5 +23,11 @@ QCoro::Task<DetectedRepository> probeSubversion(std::shared_ptr<Tool> svn, QStri
 
 /// The top level of the Git repository that holds `folder`. Throws SVNClientError when there is none.
 QCoro::Task<DetectedRepository> probeGit(std::shared_ptr<Tool> git, QString folder);
+
+/// The root that `svn info` reports for `folder`; nothing when it belongs to no working copy.
+QCoro::Task<std::optional<QString>> svnWorkingCopyRoot(std::shared_ptr<Tool> svn, QString folder);
+
+/// The top level of the Git repository that holds `folder`; nothing when there is none.
+QCoro::Task<std::optional<QString>> gitWorkingCopyRoot(std::shared_ptr<Tool> git, QString folder);
 
 } // namespace kestor

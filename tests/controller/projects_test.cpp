@@ -63,6 +63,21 @@ TEST(Projects, AWorkingCopyInsideAGitRepositoryIsSubversion) {
               (DetectedRepository{repository.tree.path(), RepositoryKind::git}));
 }
 
+TEST(Projects, TheRootOfAFolderIsFoundWhereThereIsOne) {
+    SvnFixture svn;
+    svn.tree.makeDirectory(u"wc/sub"_s);
+    GitFixture git;
+    git.tree.makeDirectory(u"wc/sub"_s);
+    AppFixture f;
+    const Tools tools = systemTools(f.settings);
+    EXPECT_EQ(awaited(svnWorkingCopyRoot(tools.svn, svn.path(u"sub"_s))), std::nullopt) << "not versioned";
+    svn.commitAll(u"first"_s);
+    EXPECT_EQ(awaited(svnWorkingCopyRoot(tools.svn, svn.path(u"sub"_s))), svn.path());
+    EXPECT_EQ(awaited(gitWorkingCopyRoot(tools.git, git.path(u"sub"_s))), git.path());
+    EXPECT_EQ(awaited(gitWorkingCopyRoot(tools.git, svn.path())), std::nullopt);
+    EXPECT_EQ(awaited(svnWorkingCopyRoot(tools.svn, svn.path(u"none"_s))), std::nullopt);
+}
+
 TEST(Projects, DroppedFoldersAreAddedInOrderAndTheLastIsSelected) {
     TempTree tree;
     QStringList paths;
