@@ -289,6 +289,26 @@ TEST(HistoryCommands, TakeBackGetAndSaveOldVersions) {
     }
 }
 
+TEST(HistoryCommands, GitTakesANameForANameAndAPatternForAPattern) {
+    GitFixture repository;
+    repository.write(u"[ab].c"_s, "1\n");
+    repository.write(u"a.c"_s, "1\n");
+    repository.commitAll(u"first"_s);
+    repository.write(u"[ab].c"_s, "2\n");
+    repository.write(u"a.c"_s, "2\n");
+    repository.commitAll(u"second"_s);
+    HistoryFixture f;
+    f.openHistory(repository.path(), RepositoryKind::git);
+    f.select(u"[ab].c"_s);
+    EXPECT_EQ(f.diffLines(), (QStringList{u"-1"_s, u"+2"_s}));
+    f.user.promptAnswer = Answer{{u"path"_s, u"[ab].c"_s}, {u"revision"_s, u"HEAD~1"_s}};
+    awaited(f.app.pullFileAtRevision());
+    EXPECT_EQ(f.rows(), QStringList{u"*M [ab].c"_s});
+    f.user.promptAnswer = Answer{{u"path"_s, u"*.c"_s}, {u"revision"_s, u"HEAD~1"_s}};
+    awaited(f.app.pullFileAtRevision());
+    EXPECT_EQ(f.rows(), (QStringList{u"*M [ab].c"_s, u"*M a.c"_s}));
+}
+
 TEST(HistoryCommands, ASaveThatFailsLeavesTheOlderFileAlone) {
     GitFixture repository;
     commitVersions(repository);
