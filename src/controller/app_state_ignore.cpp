@@ -70,6 +70,10 @@ QCoro::Task<> AppState::includeIgnoredPath() {
     const QString path = normalizedPath(answer ? answer->value(u"path"_s) : QString());
     if (path.isEmpty())
         co_return;
+    if (path.split(u'/').contains(u".."_s)) {
+        showAlert(u"Include Ignored Path Failed"_s, path + u" lies outside the working copy."_s);
+        co_return;
+    }
     const QStringList rules(includeRuleFor(path, typeOf(path, project->path)));
     co_await addIgnoreLines(*project, rules);
 }

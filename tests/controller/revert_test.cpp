@@ -231,6 +231,10 @@ TEST(Ignore, AddsWhatIsMissingAndReloads) {
     awaited(f.app.includeIgnoredPath());
     EXPECT_EQ(f.user.asked.last(), u"prompt Include Ignored Path: Path="_s);
     EXPECT_EQ(f.rows(), (QStringList{u"? .kestorignore"_s, u"? build/[x].o"_s, u"? keep.c"_s}));
+    f.user.promptAnswer = {{u"path"_s, u"a/../../x"_s}};
+    awaited(f.app.includeIgnoredPath());
+    EXPECT_EQ(f.alertText(), u"Include Ignored Path Failed: a/../../x lies outside the working copy."_s);
+    f.user.promptAnswer = {{u"path"_s, u"build/[x].o"_s}};
     awaited(f.app.includeIgnoredPath());
     EXPECT_EQ(f.alertText(), u"Ignore Rules Unchanged: The selected ignore rule already exists in "_s +
                                  repository.path(u".kestorignore"_s) + u'.');
