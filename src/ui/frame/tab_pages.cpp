@@ -73,7 +73,7 @@ void TabPages::shareListWidth(int width) {
     layout.listWidth = width;
     for (const WorkflowTab tab : {WorkflowTab::changes, WorkflowTab::history}) {
         auto *page = qobject_cast<ListTab *>(tabPages.value(tab));
-        if (page != nullptr && page != sender())
+        if (page != nullptr)
             page->setListWidth(width);
     }
 }
@@ -105,9 +105,10 @@ ListTab *TabPages::current() const {
 }
 
 void TabPages::restore(const WindowState &saved) {
+    layout = saved;
+    layout.textSize = 0;
     setTextSize(saved.textSize);
     shareForms(saved.forms);
-    layout = saved;
     changesTab->setListWidth(saved.listWidth);
     if (saved.messageHeight > 0)
         changesTab->setPanelHeight(saved.messageHeight);
