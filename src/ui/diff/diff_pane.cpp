@@ -23,8 +23,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int smallestDelta = -4;
-constexpr int largestDelta = 16;
 constexpr qsizetype mostCompared = 1'000'000;
 
 /// Published texts that stand for a diff.
@@ -73,6 +71,7 @@ DiffPane::DiffPane(QWidget *parent)
     layout->setSpacing(0);
     layout->addWidget(bar);
     layout->addLayout(stack);
+    connect(stack, &QStackedLayout::currentChanged, this, [this] { setFocusProxy(stack->currentWidget()); });
     stack->addWidget(placeholder);
     stack->addWidget(view);
     placeholder->setFocusPolicy(Qt::StrongFocus);
@@ -84,9 +83,9 @@ DiffPane::DiffPane(QWidget *parent)
     connect(view, &DiffView::pastLastHunk, this, &DiffPane::pastLastHunk);
     connect(view, &DiffView::beforeFirstHunk, this, &DiffPane::beforeFirstHunk);
     connect(view, &DiffView::customContextMenuRequested, this, &DiffPane::showContextMenu);
-    connect(bar, &DiffBar::previousHunkRequested, this, [this] { stepByButton(CaretDirection::back); });
+    connect(bar, &DiffBar::previousHunkRequested, this, [this] { stepOrLeave(CaretDirection::back); });
     connect(bar, &DiffBar::formChosen, this, &DiffPane::formChosen);
-    connect(bar, &DiffBar::nextHunkRequested, this, [this] { stepByButton(CaretDirection::ahead); });
+    connect(bar, &DiffBar::nextHunkRequested, this, [this] { stepOrLeave(CaretDirection::ahead); });
 }
 
 void DiffPane::makeActions() {
@@ -97,8 +96,8 @@ void DiffPane::makeActions() {
     viewMenu->addAction(u"Select All"_s, view, &DiffView::selectAll);
     QAction *const copyPathAction = viewMenu->addAction(u"Copy Path"_s, this, &DiffPane::copyPath);
     viewMenu->addSeparator();
-    viewMenu->addAction(u"Next Hunk"_s, this, [this] { stepByButton(CaretDirection::ahead); });
-    viewMenu->addAction(u"Previous Hunk"_s, this, [this] { stepByButton(CaretDirection::back); });
+    viewMenu->addAction(u"Next Hunk"_s, this, [this] { stepOrLeave(CaretDirection::ahead); });
+    viewMenu->addAction(u"Previous Hunk"_s, this, [this] { stepOrLeave(CaretDirection::back); });
     barMenu->addAction(copyPathAction);
     barMenu->addAction(copyPrinted);
     barMenu->addSeparator();
@@ -224,7 +223,7 @@ StepResult DiffPane::stepFile(CaretDirection direction) {
     return showsDiff() ? view->stepFile(direction) : StepResult::outside;
 }
 
-void DiffPane::stepByButton(CaretDirection direction) {
+void DiffPane::stepOrLeave(CaretDirection direction) {
     if (stepHunk(direction) != StepResult::outside)
         return;
     if (direction == CaretDirection::ahead) {
@@ -239,17 +238,32 @@ void DiffPane::takeFocus() {
 }
 
 void DiffPane::keyPressEvent(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Escape) {
-        emit leaveRequested();
-    } else if (event->key() == Qt::Key_V && event->modifiers() == Qt::NoModifier && shownForm) {
-        emit formChosen(*shownForm == DetailForm::text ? DetailForm::preview : DetailForm::text);
-    } else {
+    if (event->key() == Qt::Key_Escape)
+        return emit leaveRequested();
+    if (event->modifiers() != Qt::NoModifier || !pressedLetter(event->key()))
         QWidget::keyPressEvent(event);
+}
+
+/// Hunks are stepped through here too, since there is none in what stands in for a diff.
+bool DiffPane::pressedLetter(int key) {
+    switch (key) {
+    case Qt::Key_N:
+        stepOrLeave(CaretDirection::ahead);
+        return true;
+    case Qt::Key_P:
+        stepOrLeave(CaretDirection::back);
+        return true;
+    case Qt::Key_V:
+        if (shownForm)
+            emit formChosen(*shownForm == DetailForm::text ? DetailForm::preview : DetailForm::text);
+        return shownForm.has_value();
+    default:
+        return false;
     }
 }
 
 void DiffPane::setTextSizeDelta(int delta) {
-    const int bounded = std::clamp(delta, smallestDelta, largestDelta);
+    const int bounded = std::clamp(delta, smallestTextSizeDelta, largestTextSizeDelta);
     if (bounded == sizeDelta)
         return;
     sizeDelta = bounded;

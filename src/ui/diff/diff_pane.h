@@ -38,6 +38,9 @@ class DiffPane final : public QWidget {
     Q_OBJECT
 
 public:
+    static constexpr int smallestTextSizeDelta = -4;
+    static constexpr int largestTextSizeDelta = 16;
+
     explicit DiffPane(QWidget *parent = nullptr);
 
     /// `text` as it was published: a diff, any other text, or one of the short texts that stand for a diff.
@@ -60,7 +63,7 @@ public:
     /// From any place of the window; `outside` when the next row of the list is due.
     StepResult stepHunk(CaretDirection direction);
     StepResult stepFile(CaretDirection direction);
-    /// Gives the keyboard to what is shown.
+    /// Gives the keyboard to what is shown, as `setFocus` does.
     void takeFocus();
 
     int textSizeDelta() const { return sizeDelta; }
@@ -95,7 +98,8 @@ private:
     void showContextMenu(const QPoint &point);
     bool showsDiff() const;
     bool isShown(const QString &text) const;
-    void stepByButton(CaretDirection direction);
+    void stepOrLeave(CaretDirection direction);
+    bool pressedLetter(int key);
 
     QMenu *barMenu;
     QMenu *viewMenu;

@@ -2,6 +2,7 @@
 
 #include "ui/diff/accessible_diff.h"
 #include "ui/diff/diff_ruler.h"
+#include "ui/look/focus_frame.h"
 
 #include <QClipboard>
 #include <QEvent>
@@ -138,10 +139,9 @@ DiffScene DiffView::scene() const {
 void DiffView::paintEvent(QPaintEvent *event) {
     QPainter painter(viewport());
     paintDiff(painter, scene(), event->rect());
-    if (!hasFocus())
-        return;
-    painter.setPen(theme.focusRing);
-    painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+    painter.end();
+    if (hasFocus())
+        paintFocusFrame(*viewport());
 }
 
 void DiffView::resizeEvent(QResizeEvent *event) {

@@ -22,13 +22,14 @@ constexpr int frameEdge = 40;
 constexpr int tileSide = 64;
 constexpr int buttonWidth = 320;
 constexpr int buttonHeight = 36;
+constexpr int textEdge = 16 + AccentButton::frameRoom;
 constexpr int textWidth = 440;
 
 /// A command as a wide button, its name at the left and its shortcut at the right.
 class WayButton final : public AccentButton {
 public:
     WayButton(QAction *shownAction, QWidget *parent) : AccentButton(shownAction->text(), parent), action(shownAction) {
-        setFixedSize(buttonWidth, buttonHeight);
+        setFixedSize(buttonWidth + 2 * frameRoom, buttonHeight + 2 * frameRoom);
         connect(this, &QPushButton::clicked, action, &QAction::trigger);
     }
 
@@ -36,7 +37,7 @@ protected:
     void paintEvent(QPaintEvent *) override {
         QPainter painter(this);
         paintGround(painter);
-        const QRect texts = rect().adjusted(16, 0, -16, 0);
+        const QRect texts = rect().adjusted(textEdge, 0, -textEdge, 0);
         painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter, text());
         QFont shortcutFont = smallFont(QApplication::font());
         shortcutFont.setBold(false); // a weight not set would be taken from the button's own font

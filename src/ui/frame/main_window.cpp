@@ -109,29 +109,44 @@ void MainWindow::showFirstRunOrProject() {
     if (content->currentIndex() == shown && isVisible())
         return;
     content->setCurrentIndex(shown);
-    const ListTab *page = pages->current();
-    QWidget *first = page == nullptr ? pages : page->focusPanes().first();
-    (empty ? firstRun : first)->setFocus(Qt::OtherFocusReason);
+    focusContent();
 }
 
 void MainWindow::showOutput() {
     const std::optional<CommandOutput> output = state.commandOutput.value();
     closeSheet->setEnabled(output.has_value());
-    if (!output) {
-        if (sheet != nullptr)
-            sheet->hide();
-        return;
-    }
-    if (sheet == nullptr) {
-        sheet = new OutputSheet(rows);
-        sheet->text().setTextSizeDelta(pages->textSize());
-        connect(pages, &TabPages::textSizeChanged, &sheet->text(), &PlainTextView::setTextSizeDelta);
-        connect(sheet, &OutputSheet::closeRequested, closeSheet, &QShortcut::activated);
-        rows->setStretchFactor(0, 1);
-    }
+    if (!output)
+        return closeOutputSheet();
+    openOutputSheet();
     sheet->setOutput(*output);
     if (sheet->isHidden())
         fitOutputSheet();
+}
+
+void MainWindow::openOutputSheet() {
+    if (sheet != nullptr)
+        return;
+    sheet = new OutputSheet(rows);
+    sheet->text().setTextSizeDelta(pages->textSize());
+    connect(pages, &TabPages::textSizeChanged, &sheet->text(), &PlainTextView::setTextSizeDelta);
+    connect(sheet, &OutputSheet::closeRequested, closeSheet, &QShortcut::activated);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *left, QWidget *entered) {
+        if (isAncestorOf(left) && !sheet->isAncestorOf(left) && sheet->isAncestorOf(entered))
+            focusLeft = left;
+    });
+    rows->setStretchFactor(0, 1);
+}
+
+/// The focus goes back to where it came from, not to whatever comes next.
+void MainWindow::closeOutputSheet() {
+    if (sheet == nullptr)
+        return;
+    const bool hadFocus = sheet->isAncestorOf(focusWidget());
+    if (hadFocus && focusLeft && focusLeft->isVisible() && focusLeft->isEnabled())
+        focusLeft->setFocus(Qt::OtherFocusReason);
+    else if (hadFocus)
+        focusContent();
+    sheet->hide();
 }
 
 void MainWindow::fitOutputSheet() {
@@ -158,11 +173,16 @@ void MainWindow::showBusy(BusyPhase phase) {
 }
 
 void MainWindow::setSidebarHidden(bool hidden) {
+    if (hidden && sidebar->isVisible())
+        sidebarWidth = sidebar->width();
+    if (hidden && sidebar->isAncestorOf(focusWidget()))
+        focusContent();
     sidebar->setVisible(!hidden);
     header->setSidebarHidden(hidden);
 }
 
 void MainWindow::restore(const WindowState &saved) {
+    sidebarWidth = saved.sidebarWidth;
     setSidebarHidden(saved.sidebarHidden);
     pages->restore(saved);
     columns->setSizes({saved.sidebarWidth, defaultSize.width() - saved.sidebarWidth});
@@ -178,7 +198,7 @@ WindowState MainWindow::currentState() const {
     current.geometry = saveGeometry();
     current.frame = frameGeometry();
     current.sidebarHidden = sidebar->isHidden();
-    current.sidebarWidth = sidebar->width();
+    current.sidebarWidth = sidebar->isHidden() ? sidebarWidth : sidebar->width();
     pages->save(current);
     return current;
 }

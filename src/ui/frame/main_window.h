@@ -50,13 +50,17 @@ private:
     void showTitle();
     void showFirstRunOrProject();
     void showOutput();
+    void openOutputSheet();
+    void closeOutputSheet();
     void fitOutputSheet();
     void showBusy(BusyPhase phase);
     void setSidebarHidden(bool hidden);
     void findProject();
+    void focusContent();
     void focusFilter();
     void focusMessage();
     void turnToPane(Turn turn);
+    void openContextMenu();
     void closeWhenDone();
 
     AppState &state;
@@ -72,7 +76,9 @@ private:
     TabPages *pages = nullptr;
     OutputSheet *sheet = nullptr;
     QShortcut *closeSheet = nullptr;
+    int sidebarWidth = 0;          ///< when it was last seen
     QPointer<QWidget> heldFocus{}; ///< had the focus when its part was drawn disabled
+    QPointer<QWidget> focusLeft{}; ///< had the focus when it went to the output sheet
     bool closesWhenDone = false;   ///< hidden by the user while a command was running
     Observers observers{};
 };

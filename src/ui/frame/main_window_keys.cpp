@@ -1,5 +1,6 @@
 #include "ui/diff/plain_text_view.h"
 #include "ui/frame/commands.h"
+#include "ui/frame/first_run.h"
 #include "ui/frame/main_window.h"
 #include "ui/frame/output_sheet.h"
 #include "ui/frame/pane_cycle.h"
@@ -9,8 +10,11 @@
 #include "ui/tabs/changes_tab.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeySequence>
 #include <QShortcut>
+#include <QStackedWidget>
 
 #include <utility>
 
@@ -49,6 +53,7 @@ void MainWindow::addShortcuts() {
     addShortcut(Qt::CTRL | Qt::Key_L, [this] { focusMessage(); });
     addShortcut(Qt::Key_F6, [this] { turnToPane(Turn::forward); });
     addShortcut(Qt::SHIFT | Qt::Key_F6, [this] { turnToPane(Turn::back); });
+    addShortcut(Qt::SHIFT | Qt::Key_F10, [this] { openContextMenu(); });
     for (const Qt::Key plus : {Qt::Key_Plus, Qt::Key_Equal})
         addShortcut(Qt::CTRL | plus, [this] { pages->setTextSize(pages->textSize() + 1); });
     addShortcut(Qt::CTRL | Qt::Key_Minus, [this] { pages->setTextSize(pages->textSize() - 1); });
@@ -61,6 +66,15 @@ void MainWindow::findProject() {
         return;
     setSidebarHidden(false);
     sidebar->find();
+}
+
+/// Gives the focus to the list of the page, or to what stands in its place.
+void MainWindow::focusContent() {
+    QWidget *wanted = content->currentWidget() == firstRun ? firstRun : pages->currentWidget();
+    const ListTab *page = pages->current();
+    if (page != nullptr && wanted == page)
+        wanted = page->focusPanes().first();
+    wanted->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::focusFilter() {
@@ -82,6 +96,16 @@ void MainWindow::turnToPane(Turn turn) {
         panes += &sheet->text();
     if (QWidget *pane = nextPane(panes, focusWidget(), turn))
         pane->setFocus(Qt::ShortcutFocusReason);
+}
+
+/// As the Menu key does by itself.
+void MainWindow::openContextMenu() {
+    QWidget *focused = focusWidget();
+    if (focused == nullptr)
+        return;
+    const QPoint place = focused->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, place, focused->mapToGlobal(place));
+    QApplication::sendEvent(focused, &event);
 }
 
 } // namespace kestor

@@ -1,6 +1,7 @@
 #include "ui/frame/project_list.h"
 
 #include "ui/list/path_runs.h"
+#include "ui/look/focus_frame.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 
@@ -186,8 +187,22 @@ void ProjectListView::reportChosen() {
         emit projectChosen(listModel->at(currentIndex().row()).id);
 }
 
+/// The base class would choose the first row when the filter hides the current one.
+void ProjectListView::focusInEvent(QFocusEvent *event) {
+    QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
+    viewport()->update();
+}
+
+/// A row that is current shows the focus itself.
+void ProjectListView::paintEvent(QPaintEvent *event) {
+    QListView::paintEvent(event);
+    if (hasFocus() && !currentIndex().isValid())
+        paintFocusFrame(*viewport());
+}
+
+/// Esc is for the filter above.
 void ProjectListView::keyPressEvent(QKeyEvent *event) {
-    if (moving == Moving::held) {
+    if (moving == Moving::held || event->key() == Qt::Key_Escape) {
         event->ignore();
         return;
     }

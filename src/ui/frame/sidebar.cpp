@@ -2,6 +2,7 @@
 
 #include "ui/frame/commands.h"
 #include "ui/frame/project_list.h"
+#include "ui/list/filter_field.h"
 #include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
@@ -10,7 +11,6 @@
 #include <QAction>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QMenu>
 #include <QPainter>
 #include <QToolButton>
@@ -54,11 +54,7 @@ QWidget *Sidebar::head() {
     bar->setFixedHeight(headHeight);
     label = new ToneLabel(u"Projects"_s, Tone::muted, bar);
     label->setFont(boldFont(smallFont(font())));
-    filter = new QLineEdit(bar);
-    filter->setPlaceholderText(u"Filter projects"_s);
-    filter->setAccessibleName(u"Filter projects"_s);
-    filter->setClearButtonEnabled(true);
-    filter->installEventFilter(this);
+    filter = new FilterField(u"Filter projects"_s, bar);
     filter->hide();
     search = flatButton(Icon::search, u"Find a project (Ctrl+P)"_s, bar);
     auto *layout = new QHBoxLayout(bar);
@@ -69,6 +65,9 @@ QWidget *Sidebar::head() {
     layout->addWidget(search, 0, Qt::AlignRight);
     connect(search, &QToolButton::clicked, this, &Sidebar::find);
     connect(filter, &QLineEdit::textChanged, this, &Sidebar::showRows);
+    connect(filter, &QLineEdit::returnPressed, this, &Sidebar::selectFirst);
+    connect(filter, &FilterField::firstMatchRequested, this, &Sidebar::enterList);
+    connect(filter, &FilterField::leaveRequested, this, &Sidebar::endFinding);
     return bar;
 }
 
@@ -126,27 +125,25 @@ void Sidebar::endFinding() {
         view->setFocus(Qt::OtherFocusReason);
 }
 
-bool Sidebar::eventFilter(QObject *watched, QEvent *event) {
-    if (watched != filter || event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    switch (static_cast<QKeyEvent *>(event)->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (view->rows().rowCount() > 0 && phase == BusyPhase::idle) {
-            const QUuid first = view->rows().at(0).id;
-            endFinding();
-            select(first);
-        }
-        return true;
-    case Qt::Key_Escape:
-        endFinding();
-        return true;
-    case Qt::Key_Down:
-        view->setFocus(Qt::OtherFocusReason);
-        return true;
-    default:
-        return QWidget::eventFilter(watched, event);
-    }
+void Sidebar::selectFirst() {
+    if (view->rows().rowCount() == 0 || phase != BusyPhase::idle)
+        return;
+    const QUuid first = view->rows().at(0).id;
+    endFinding();
+    select(first);
+}
+
+/// On to the first match, as in the lists of the tabs.
+void Sidebar::enterList() {
+    view->setFocus(Qt::OtherFocusReason);
+    if (phase == BusyPhase::idle && view->rows().rowCount() > 0)
+        view->setCurrentIndex(view->rows().index(0));
+}
+
+void Sidebar::keyPressEvent(QKeyEvent *event) {
+    if (event->key() != Qt::Key_Escape || filter->isHidden())
+        return QWidget::keyPressEvent(event);
+    endFinding();
 }
 
 void Sidebar::paintEvent(QPaintEvent *) {
@@ -157,6 +154,7 @@ void Sidebar::paintEvent(QPaintEvent *) {
 void Sidebar::showRows() {
     const ListFilter typed(filter->text());
     view->rows().setRows(projectRows(state.projects.value(), typed), typed);
+    filter->setCounts(view->rows().rowCount(), static_cast<int>(state.projects.value().size()));
     view->showCurrent(state.selectedProjectID.value().value_or(QUuid()));
     search->setVisible(filter->isHidden() && !state.projects.value().isEmpty());
     showBusy(phase);
@@ -171,6 +169,7 @@ void Sidebar::selectNeighbour(int step) {
 void Sidebar::select(const QUuid &id) {
     if (state.selectedProjectID.value() == id)
         return;
+    state.commandOutput = std::nullopt; // tells of the project left
     state.selectedProjectID = id;
     state.projectSelectionChanged();
 }

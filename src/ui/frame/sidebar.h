@@ -6,12 +6,12 @@
 
 #include <QWidget>
 
-class QLineEdit;
 class QToolButton;
 
 namespace kestor {
 
 class Commands;
+class FilterField;
 class ProjectListView;
 class ToneLabel;
 
@@ -37,7 +37,7 @@ signals:
     void hideRequested();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
@@ -47,11 +47,13 @@ private:
     void makeMenu(const Commands &commands);
     void showRows();
     void endFinding();
+    void enterList();
+    void selectFirst();
     void select(const QUuid &id);
 
     AppState &state;
     ToneLabel *label = nullptr;
-    QLineEdit *filter = nullptr;
+    FilterField *filter = nullptr;
     QToolButton *search = nullptr;
     QToolButton *add = nullptr;
     QToolButton *remove = nullptr;

@@ -76,7 +76,8 @@ WindowState loadWindowState(const QSettings &settings) {
     state.archivesWidth = boundedInt(object.value("archivesWidth"_L1), 280, 10000, state.archivesWidth);
     state.messageHeight = boundedInt(object.value("messageHeight"_L1), 0, 10000, state.messageHeight);
     state.revisionsHeight = boundedInt(object.value("revisionsHeight"_L1), 0, 10000, state.revisionsHeight);
-    state.textSize = boundedInt(object.value("textSize"_L1), -4, 20, state.textSize);
+    state.textSize = boundedInt(object.value("textSize"_L1), DiffPane::smallestTextSizeDelta,
+                                DiffPane::largestTextSizeDelta, state.textSize);
     state.forms = choicesFrom(object.value("forms"_L1).toObject());
     return state;
 }

@@ -53,9 +53,11 @@ void FilterField::placeCount() {
 void FilterField::keyPressEvent(QKeyEvent *event) {
     switch (event->key()) {
     case Qt::Key_Down:
+        emit firstMatchRequested();
+        break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        emit firstMatchRequested();
+        emit returnPressed();
         break;
     case Qt::Key_Escape:
         if (text().isEmpty())

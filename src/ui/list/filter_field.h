@@ -17,7 +17,7 @@ public:
     void setCounts(int matching, int all);
 
 signals:
-    /// Down or Return: on to the first match.
+    /// Down: on to the first match. Return emits `returnPressed`.
     void firstMatchRequested();
     /// Esc in an empty field: back to the list.
     void leaveRequested();

@@ -33,13 +33,15 @@ QWidget *FilteredList::bar() {
     return bar;
 }
 
-/// The placeholder lies upon the list, which keeps the focus below it.
+/// The placeholder lies upon the list, which has the focus of both.
 QWidget *FilteredList::body() {
     auto *body = new QWidget(this);
     auto *layout = new QGridLayout(body);
     layout->setContentsMargins({});
     layout->addWidget(rowList, 0, 0);
     layout->addWidget(placeholder, 0, 0);
+    placeholder->setFocusPolicy(Qt::ClickFocus);
+    placeholder->setFocusProxy(rowList);
     return body;
 }
 
@@ -49,13 +51,16 @@ void FilteredList::connectParts() {
         updateCounts();
     });
     connect(filterField, &FilterField::leaveRequested, rowList, qOverload<>(&QWidget::setFocus));
-    connect(filterField, &FilterField::firstMatchRequested, this, [this] {
-        rowList->setFocus();
-        rowList->chooseFirst();
-    });
+    connect(filterField, &FilterField::firstMatchRequested, this, &FilteredList::enterList);
+    connect(filterField, &QLineEdit::returnPressed, this, &FilteredList::enterList);
     connect(rowList, &RowListView::filterRequested, this, &FilteredList::focusFilter);
     connect(placeholder, &Placeholder::buttonClicked, filterField, &QLineEdit::clear);
     connect(&rows, &RowModel::modelReset, this, &FilteredList::updateCounts);
+}
+
+void FilteredList::enterList() {
+    rowList->setFocus();
+    rowList->chooseFirst();
 }
 
 void FilteredList::focusFilter() {
@@ -64,7 +69,12 @@ void FilteredList::focusFilter() {
 }
 
 void FilteredList::addBeforeFilter(QWidget *part) {
-    barParts->insertWidget(barParts->indexOf(filterField), part);
+    auto *pair = new QHBoxLayout;
+    pair->setSpacing(gap - smallGap);
+    pair->addWidget(part);
+    pair->addWidget(filterField, 1);
+    barParts->insertLayout(0, pair, 1);
+    barParts->setContentsMargins(paneEdge - smallGap, 0, paneEdge, 1);
 }
 
 void FilteredList::addAfterFilter(QWidget *part) {

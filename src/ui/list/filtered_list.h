@@ -26,6 +26,7 @@ public:
     const FilterField &filter() const { return *filterField; }
     void focusFilter();
 
+    /// `part` brings room of `smallGap` around it.
     void addBeforeFilter(QWidget *part);
     void addAfterFilter(QWidget *part);
     /// Puts a part between the bar and the list.
@@ -41,6 +42,7 @@ private:
     QWidget *bar();
     QWidget *body();
     void connectParts();
+    void enterList();
     void updateCounts();
 
     RowModel &rows;

@@ -1,5 +1,7 @@
 #include "ui/list/row_list_view.h"
 
+#include "ui/look/focus_frame.h"
+
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QHash>
@@ -70,8 +72,9 @@ void RowListView::chooseFirst() {
 }
 
 bool RowListView::chooseBeside(int distance) {
-    const int row = currentIndex().row() + distance;
-    if (!currentIndex().isValid() || row < 0 || row >= rows.rowCount())
+    const int outside = distance > 0 ? -1 : rows.rowCount();
+    const int row = (currentIndex().isValid() ? currentIndex().row() : outside) + distance;
+    if (row < 0 || row >= rows.rowCount())
         return false;
     setCurrentIndex(rows.index(row));
     return true;
@@ -221,8 +224,16 @@ void RowListView::focusInEvent(QFocusEvent *event) {
     viewport()->update();
 }
 
-/// Another width may be another height of the rows.
+/// A row that is current shows the focus itself.
+void RowListView::paintEvent(QPaintEvent *event) {
+    QListView::paintEvent(event);
+    if (hasFocus() && !currentIndex().isValid())
+        paintFocusFrame(*viewport());
+}
+
+/// Another width may be another height of the rows. A current row that was in view remains so.
 void RowListView::resizeEvent(QResizeEvent *event) {
+    const bool showedCurrent = QRect(QPoint(), event->oldSize()).intersects(visualRect(currentIndex()));
     const bool sameHeight =
         delegate.rowHeight(font(), event->oldSize().width()) == delegate.rowHeight(font(), event->size().width());
     if (!sameHeight)
@@ -230,6 +241,8 @@ void RowListView::resizeEvent(QResizeEvent *event) {
     QListView::resizeEvent(event);
     if (!sameHeight)
         restore();
+    if (showedCurrent)
+        scrollTo(currentIndex());
 }
 
 void RowListView::changeEvent(QEvent *event) {

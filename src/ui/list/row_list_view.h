@@ -32,7 +32,8 @@ public:
 
     /// Chooses the first row as the user would.
     void chooseFirst();
-    /// Chooses the row `distance` rows below the current one as the user would; false when there is none.
+    /// Chooses the row `distance` rows below the current one as the user would, or the first or last one while no row
+    /// is current or the filter hides it; false when there is none.
     bool chooseBeside(int distance);
 
     void keyboardSearch(const QString &typed) override;
@@ -55,6 +56,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
 

@@ -51,7 +51,7 @@ void drawBox(QPainter &painter, const QStyleOption &option, const Theme &theme) 
         drawMark(painter, box, option.state);
     }
     if (option.state.testFlag(QStyle::State_HasFocus))
-        drawRounded(painter, box.adjusted(-2, -2, 2, 2), boxRadius + 2, theme.focusRing, 1);
+        drawRounded(painter, box.adjusted(-3, -3, 3, 3), boxRadius + 3, theme.focusRing, 2);
 }
 
 void drawFieldEdge(QPainter &painter, const QStyleOption &option, const Theme &theme) {
@@ -72,9 +72,34 @@ void drawButton(QPainter &painter, const QStyleOption &option, const Theme &them
                 focused ? 2 : 1);
 }
 
+/// Buttons without an edge stand on chrome and show one only for the focus.
+void drawToolButton(QPainter &painter, const QStyleOption &option, const Theme &theme) {
+    const bool pressed = option.state & (QStyle::State_Sunken | QStyle::State_On);
+    const bool hovered = option.state.testFlags(QStyle::State_Enabled | QStyle::State_MouseOver);
+    const double weight = pressed ? 1 : (hovered ? 0.5 : 0);
+    if (weight > 0) {
+        painter.setBrush(mixed(theme.window, theme.selectionIdle, weight));
+        drawRounded(painter, option.rect, fieldRadius, Qt::transparent, 0);
+    }
+    painter.setBrush(Qt::NoBrush);
+    if (option.state.testFlag(QStyle::State_HasFocus))
+        drawRounded(painter, option.rect, fieldRadius, theme.focusRing, 2);
+}
+
 } // namespace
 
 EdgeStyle::EdgeStyle() : QProxyStyle(QStringLiteral("fusion")) {}
+
+/// A bold item of a menu that cannot be chosen is a heading.
+void EdgeStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                            const QWidget *widget) const {
+    const auto *item = element == CE_MenuItem ? qstyleoption_cast<const QStyleOptionMenuItem *>(option) : nullptr;
+    if (item == nullptr || !item->font.bold())
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionMenuItem heading(*item);
+    heading.palette.setColor(QPalette::Disabled, QPalette::Text, themeFor(item->palette).muted);
+    QProxyStyle::drawControl(element, &heading, painter, widget);
+}
 
 void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                               const QWidget *widget) const {
@@ -90,6 +115,9 @@ void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         break;
     case PE_PanelButtonCommand:
         draw = drawButton;
+        break;
+    case PE_PanelButtonTool:
+        draw = drawToolButton;
         break;
     default:
         return QProxyStyle::drawPrimitive(element, option, painter, widget);

@@ -1,8 +1,10 @@
 #include "ui/look/flat_button.h"
 
 #include "ui/look/icons.h"
+#include "ui/look/metrics.h"
 
 #include <QStyleOptionToolButton>
+#include <QStylePainter>
 #include <QToolButton>
 
 namespace kestor {
@@ -11,22 +13,55 @@ namespace {
 
 constexpr int side = 28;
 constexpr int iconSide = 16;
+constexpr int chevronSide = 12;
+constexpr int edge = 6;
+constexpr int textGap = 6;
 
-class ArrowlessButton final : public QToolButton {
+class FlatButton final : public QToolButton {
 public:
-    using QToolButton::QToolButton;
+    FlatButton(QWidget *parent, MenuArrow menuArrow) : QToolButton(parent), arrow(menuArrow) {}
+
+    QSize sizeHint() const override { return {contentWidth() + 2 * edge, side}; }
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
-    void initStyleOption(QStyleOptionToolButton *option) const override {
-        QToolButton::initStyleOption(option);
-        option->features &= ~QStyleOptionToolButton::HasMenu;
+    void paintEvent(QPaintEvent *) override {
+        QStylePainter painter(this);
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        painter.drawPrimitive(QStyle::PE_PanelButtonTool, option);
+        int x = (width() - contentWidth()) / 2;
+        drawIcon(painter, icon(), x, iconSide);
+        x += iconSide;
+        if (showsText()) {
+            x += textGap;
+            painter.setPen(palette().color(QPalette::ButtonText));
+            painter.drawText(QRect(x, 0, textWidth(), height()), Qt::AlignLeft | Qt::AlignVCenter, text());
+            x += textWidth();
+        }
+        if (showsChevron())
+            drawIcon(painter, kestor::icon(Icon::chevronDown), x + smallGap, chevronSide);
     }
+
+private:
+    bool showsText() const { return toolButtonStyle() == Qt::ToolButtonTextBesideIcon && !text().isEmpty(); }
+    bool showsChevron() const { return arrow == MenuArrow::shown && menu() != nullptr; }
+    int textWidth() const { return fontMetrics().horizontalAdvance(text()); }
+    int contentWidth() const {
+        return iconSide + (showsText() ? textGap + textWidth() : 0) + (showsChevron() ? smallGap + chevronSide : 0);
+    }
+    void drawIcon(QPainter &painter, const QIcon &drawn, int x, int sideLength) const {
+        const QRect place(x, (height() - sideLength) / 2, sideLength, sideLength);
+        drawn.paint(&painter, place, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    }
+
+    MenuArrow arrow;
 };
 
 } // namespace
 
 QToolButton *flatButton(Icon shown, const QString &name, QWidget *parent, MenuArrow arrow) {
-    auto *button = arrow == MenuArrow::shown ? new QToolButton(parent) : new ArrowlessButton(parent);
+    auto *button = new FlatButton(parent, arrow);
     button->setIcon(icon(shown));
     button->setIconSize({iconSide, iconSide});
     button->setAutoRaise(true);

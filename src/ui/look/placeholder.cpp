@@ -1,8 +1,10 @@
 #include "ui/look/placeholder.h"
 
+#include "ui/look/focus_frame.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -41,6 +43,7 @@ Placeholder::Placeholder(QWidget *parent)
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     connect(button, &QPushButton::clicked, this, &Placeholder::buttonClicked);
+    connect(qApp, &QApplication::focusChanged, this, qOverload<>(&QWidget::update));
     applyLook();
     setText({});
 }
@@ -60,6 +63,11 @@ void Placeholder::changeEvent(QEvent *event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
         applyLook();
+}
+
+void Placeholder::paintEvent(QPaintEvent *) {
+    if (hasFocus())
+        paintFocusFrame(*this);
 }
 
 void Placeholder::applyLook() {

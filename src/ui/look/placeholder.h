@@ -15,7 +15,8 @@ struct PlaceholderText {
     QString button{};
 };
 
-/// The empty state of a pane: a heading, an explanation and perhaps a button, in the middle.
+/// The empty state of a pane: a heading, an explanation and perhaps a button, in the middle. It shows the focus that it
+/// has, or that its focus proxy below it has.
 class Placeholder final : public QWidget {
     Q_OBJECT
 
@@ -30,6 +31,7 @@ signals:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     void applyLook();

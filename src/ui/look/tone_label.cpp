@@ -1,6 +1,8 @@
 #include "ui/look/tone_label.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace kestor {
 
@@ -58,9 +60,11 @@ void ToneLabel::paintEvent(QPaintEvent *) {
     painter.drawText(rect(), static_cast<int>(alignment()) | Qt::TextSingleLine, shown);
 }
 
-void ToneLabel::resizeEvent(QResizeEvent *event) {
-    QLabel::resizeEvent(event);
-    setToolTip(wantedWidth() > width() ? text() : QString());
+bool ToneLabel::event(QEvent *event) {
+    if (event->type() != QEvent::ToolTip || wantedWidth() <= width())
+        return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text(), this);
+    return true;
 }
 
 } // namespace kestor

@@ -1,5 +1,7 @@
 #include "ui/tabs/tick_all_box.h"
 
+#include "ui/look/metrics.h"
+
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
@@ -21,6 +23,11 @@ void TickAllBox::setTickAccess(TickAccess wanted) {
     update();
 }
 
+QSize TickAllBox::sizeHint() const {
+    const int side = style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this) + 2 * smallGap;
+    return {side, side};
+}
+
 void TickAllBox::nextCheckState() {
     if (access == TickAccess::editable)
         emit requested(checkState() == Qt::Checked ? Tick::unticked : Tick::ticked);
@@ -31,6 +38,7 @@ void TickAllBox::paintEvent(QPaintEvent *) {
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
+    option.rect.setLeft(smallGap);
     if (access == TickAccess::held) {
         option.state.setFlag(QStyle::State_Enabled, false);
         option.palette.setCurrentColorGroup(QPalette::Disabled);
