@@ -162,7 +162,16 @@ TEST_F(DiffPaneTest, KeyboardStaysInThePane) {
     ASSERT_TRUE(pane.isAncestorOf(QApplication::focusWidget()));
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     EXPECT_EQ(leave.count(), 1);
+    QSignalSpy past(&pane, &DiffPane::pastLastHunk);
+    QSignalSpy before(&pane, &DiffPane::beforeFirstHunk);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_N);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_P);
+    EXPECT_EQ(past.count(), 1) << "on through files without a diff";
+    EXPECT_EQ(before.count(), 1);
     pane.showDiff(subjectOf(u"a"_s), testing::oneFileDiff());
+    EXPECT_TRUE(view().hasFocus());
+    view().clearFocus();
+    pane.setFocus();
     EXPECT_TRUE(view().hasFocus());
 }
 

@@ -217,6 +217,24 @@ TEST_F(Window, OutputTakesNoFocusAndEscDismissesIt) {
     EXPECT_EQ(window->focusWidget(), list);
 }
 
+TEST_F(Window, F6ReachesTheDetailAndTheSheetWhichGivesTheFocusBack) {
+    show({u"a"_s});
+    const ChangesTab &changes = window->tabPages().changes();
+    app.commandOutput = output(u"Info"_s, 0);
+    QWidget *list = changes.focusPanes().first();
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_F6);
+    ASSERT_NE(window->focusWidget(), nullptr);
+    EXPECT_TRUE(changes.diffPane()->isAncestorOf(window->focusWidget()));
+    QTest::keyClick(window.get(), Qt::Key_F6);
+    QWidget *message = window->focusWidget();
+    QTest::keyClick(message, Qt::Key_F6);
+    ASSERT_TRUE(part<OutputSheet>()->isAncestorOf(window->focusWidget()));
+    QTest::keyClick(window->focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(part<OutputSheet>()->isVisible());
+    EXPECT_EQ(window->focusWidget(), message);
+}
+
 TEST_F(Window, AlertsComeOneAfterAnother) {
     show({u"a"_s});
     const auto publish = [this](const QString &message) {
@@ -374,7 +392,11 @@ TEST_F(Window, AProjectRowOffersItsCommands) {
 
 TEST_F(Window, KeepsItsLayoutForTheNextRun) {
     show({u"a"_s});
+    qobject_cast<QSplitter *>(window->centralWidget())->setSizes({301, 900});
+    const int width = part<ProjectListView>()->width();
+    part<ProjectListView>()->setFocus();
     QTest::keyClick(window.get(), Qt::Key_B, Qt::ControlModifier);
+    EXPECT_EQ(window->focusWidget(), window->tabPages().changes().focusPanes().first());
     window->close();
     window = std::make_unique<MainWindow>(app, fixture.settings);
     window->show();
@@ -384,6 +406,7 @@ TEST_F(Window, KeepsItsLayoutForTheNextRun) {
             button->click();
     }
     EXPECT_TRUE(part<ProjectListView>()->isVisible());
+    EXPECT_EQ(part<ProjectListView>()->width(), width);
 }
 
 } // namespace

@@ -103,6 +103,19 @@ TEST_F(RowListViewTest, AFilterThatHidesTheCurrentRowGivesItBack) {
     EXPECT_EQ(chosen.size(), 0);
 }
 
+TEST_F(RowListViewTest, AStepFromARowThatTheFilterHidesLeadsToTheEndsOfTheMatches) {
+    publish({u"a1"_s, u"b"_s, u"a2"_s, u"a3"_s});
+    for (const auto &[distance, expected] : {std::pair(1, u"a1"_s), std::pair(-1, u"a3"_s)}) {
+        rows.setFilter(ListFilter());
+        view.setCurrentId(u"b"_s);
+        rows.setFilter(ListFilter(u"a"_s));
+        EXPECT_TRUE(view.chooseBeside(distance));
+        EXPECT_EQ(view.currentId(), expected);
+    }
+    rows.setFilter(ListFilter(u"none"_s));
+    EXPECT_FALSE(view.chooseBeside(1));
+}
+
 TEST_F(RowListViewTest, MovesByKeysAndAnnouncesEachSingleStepAtOnce) {
     struct Row {
         const char *name;
