@@ -177,7 +177,10 @@ void MainWindow::setSidebarHidden(bool hidden) {
         sidebarWidth = sidebar->width();
     if (hidden && sidebar->isAncestorOf(focusWidget()))
         focusContent();
+    const bool appears = !hidden && sidebar->isHidden();
     sidebar->setVisible(!hidden);
+    if (appears)
+        columns->setSizes({sidebarWidth, columns->width() - sidebarWidth});
     header->setSidebarHidden(hidden);
 }
 
