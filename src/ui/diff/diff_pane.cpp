@@ -71,7 +71,6 @@ DiffPane::DiffPane(QWidget *parent)
     layout->setSpacing(0);
     layout->addWidget(bar);
     layout->addLayout(stack);
-    connect(stack, &QStackedLayout::currentChanged, this, [this] { setFocusProxy(stack->currentWidget()); });
     stack->addWidget(placeholder);
     stack->addWidget(view);
     placeholder->setFocusPolicy(Qt::StrongFocus);
@@ -235,6 +234,11 @@ void DiffPane::stepOrLeave(CaretDirection direction) {
 
 void DiffPane::takeFocus() {
     stack->currentWidget()->setFocus();
+}
+
+/// No focus proxy: that would bring what is shown before the bar in the order of Tab.
+void DiffPane::focusInEvent(QFocusEvent *) {
+    takeFocus();
 }
 
 void DiffPane::keyPressEvent(QKeyEvent *event) {

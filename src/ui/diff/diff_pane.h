@@ -84,6 +84,7 @@ signals:
     void textSizeDeltaChanged(int delta);
 
 protected:
+    void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:

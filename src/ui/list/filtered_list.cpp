@@ -75,6 +75,9 @@ void FilteredList::addBeforeFilter(QWidget *part) {
     pair->addWidget(filterField, 1);
     barParts->insertLayout(0, pair, 1);
     barParts->setContentsMargins(paneEdge - smallGap, 0, paneEdge, 1);
+    // In two steps: as the last widget of a ring the part precedes the filter already, which would change nothing.
+    setTabOrder(filterField, part);
+    setTabOrder(part, filterField);
 }
 
 void FilteredList::addAfterFilter(QWidget *part) {
