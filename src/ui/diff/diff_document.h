@@ -35,6 +35,8 @@ struct DiffDocument {
     ChangeMarks marks{};
     LongLines longLines{};
 
+    /// Whether a plain line belongs to the error output, its heading included.
+    bool isError(qint64 line) const { return errorHeading >= 0 && line >= errorHeading; }
     bool isPlain() const { return diff.files.isEmpty(); }
     bool hasSeveralFiles() const { return diff.files.size() > 1; }
     /// Valid as long as the document.

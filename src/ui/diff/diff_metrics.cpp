@@ -57,7 +57,7 @@ DiffMetrics diffMetrics(const DiffDocument &document, qint64 largestNumber, cons
     metrics.note.setItalic(true);
     metrics.number = smallFont(metrics.text);
     metrics.uiFont = uiFont;
-    metrics.errorHeading = boldFont(uiFont);
+    metrics.errorHeading = smallFont(uiFont);
     metrics.advance = columnAdvance(metrics.text);
     metrics.gutterWidth = document.isPlain() ? 0 : gutterWidth(largestNumber, metrics.number);
     metrics.textLeft = document.isPlain() ? paneEdge : 2 * metrics.gutterWidth + 1 + markerWidth;

@@ -9,6 +9,8 @@ namespace kestor {
 
 inline constexpr int currentHunkBar = 3;
 inline constexpr int markerWidth = 20;
+/// From the bar beside error output, which stands where other text begins, to its text.
+inline constexpr int errorIndent = 15;
 
 /// Fonts and measures of a document's rows, in logical pixels.
 struct DiffMetrics {

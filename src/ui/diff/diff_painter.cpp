@@ -151,10 +151,12 @@ private:
     void paintPlainLine(qint64 line, const QRect &area) {
         const QStringView text = scene.document.lineText(line);
         painter.fillRect(area, lineLook(signOf(text), theme).background);
-        const qint64 heading = scene.document.errorHeading;
-        if (heading >= 0 && line > heading)
+        if (scene.document.isError(line))
             paintErrorBar(area);
-        paintText(line, text, area, line == heading ? metrics.errorHeading : metrics.text, theme.text);
+        if (line == scene.document.errorHeading)
+            paintText(line, text, area, metrics.errorHeading, theme.muted);
+        else
+            paintText(line, text, area, metrics.text, theme.text);
     }
 
     DiffLineKind signOf(QStringView text) const {
@@ -166,12 +168,14 @@ private:
     }
 
     void paintErrorBar(const QRect &area) {
-        painter.fillRect(QRect(area.left(), area.top(), currentHunkBar, area.height()), theme.delMark);
+        const int left = metrics.textLeft - scene.scrolled.x();
+        painter.fillRect(QRect(left, area.top(), currentHunkBar, area.height()), theme.delMark);
     }
 
     /// The text of a line over its selected part. Syntax colors and word marks belong here: one stretch for each.
     void paintText(qint64 line, QStringView text, const QRect &area, const QFont &font, const QColor &color) {
-        const ColumnView columns = columnsOf(area);
+        ColumnView columns = columnsOf(area);
+        columns.left += scene.document.isError(line) ? errorIndent : 0;
         painter.save();
         painter.setClipRect(columns.area, Qt::IntersectClip);
         paintSelection(line, text, columns);

@@ -101,7 +101,8 @@ void DiffView::updateGeometries() {
     verticalScrollBar()->setPageStep(std::max(measures.rows.line, height - measures.rows.line - coveredHeight()));
     verticalScrollBar()->setSingleStep(measures.rows.line);
     const double columns = static_cast<double>(shown->widestLine) + 1;
-    const auto contentWidth = static_cast<qint64>(measures.textLeft + columns * measures.advance);
+    const int indent = shown->errorHeading < 0 ? 0 : errorIndent;
+    const auto contentWidth = static_cast<qint64>(measures.textLeft + indent + columns * measures.advance);
     horizontalScrollBar()->setRange(0, clampedToInt(contentWidth - viewport()->width()));
     horizontalScrollBar()->setPageStep(viewport()->width());
     horizontalScrollBar()->setSingleStep(static_cast<int>(4 * measures.advance));

@@ -36,7 +36,8 @@ TextPosition DiffView::positionAt(const QPoint &point) const {
         return {std::min(rowIndex.hunk(row.hunk).firstLine, shown->lineCount - 1), 0};
     if (row.kind != DiffRowKind::line)
         return {std::min(rowIndex.firstLine(row.file), shown->lineCount - 1), 0};
-    const double x = point.x() + horizontalScrollBar()->value() - measures.textLeft;
+    const int indent = shown->isError(row.line) ? errorIndent : 0;
+    const double x = point.x() + horizontalScrollBar()->value() - measures.textLeft - indent;
     const auto column = std::max<qint64>(0, std::llround(x / measures.advance));
     return {row.line, shown->longLines.positionAt(shown->lineText(row.line), column).index};
 }

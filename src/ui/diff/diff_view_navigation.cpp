@@ -132,7 +132,7 @@ void DiffView::showCaret() {
         scrollTo(top + rowIndex.rowHeight(row) - viewport()->height());
     }
     const auto column = static_cast<double>(shown->longLines.columnOf(shown->lineText(caret.line), caret.index));
-    const auto x = static_cast<int>(column * measures.advance);
+    const auto x = static_cast<int>(column * measures.advance) + (shown->isError(caret.line) ? errorIndent : 0);
     const auto margin = static_cast<int>(measures.advance);
     QScrollBar *const bar = horizontalScrollBar();
     if (x < bar->value()) {

@@ -8,7 +8,7 @@
 namespace kestor {
 
 /// Text as a command printed it, of any size: selectable, copied with Ctrl+C, never tinted. What was printed as an
-/// error follows under the heading "Standard error" with a red bar at its left. `naturalHeight` says how high the view
+/// error follows under the heading "Standard error", both beside a red bar. `naturalHeight` says how high the view
 /// would like to be; `textChanged` tells when that may differ, also when a long text has been read to its end.
 class PlainTextView final : public DiffView {
     Q_OBJECT
