@@ -4,6 +4,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QPlainTextEdit>
 #include <QStyleOption>
 
 namespace kestor {
@@ -54,8 +55,8 @@ void drawBox(QPainter &painter, const QStyleOption &option, const Theme &theme) 
         drawRounded(painter, box.adjusted(-3, -3, 3, 3), boxRadius + 3, theme.focusRing, 2);
 }
 
-void drawFieldEdge(QPainter &painter, const QStyleOption &option, const Theme &theme) {
-    painter.setBrush(Qt::NoBrush);
+void drawField(QPainter &painter, const QStyleOption &option, const Theme &theme) {
+    painter.setBrush(option.palette.base());
     const bool focused = option.state.testFlag(QStyle::State_HasFocus);
     const bool enabled = option.state.testFlag(QStyle::State_Enabled);
     drawRounded(painter, option.rect, fieldRadius, focused ? theme.focusRing : held(theme.outline, enabled, theme),
@@ -111,7 +112,7 @@ void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         break;
     case PE_FrameLineEdit:
     case PE_Frame:
-        draw = drawFieldEdge;
+        draw = drawField;
         break;
     case PE_PanelButtonCommand:
         draw = drawButton;
@@ -133,6 +134,8 @@ int EdgeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
         return boxSide;
+    case PM_DefaultFrameWidth: // what an editor shows would cover the frame of the focus
+        return qobject_cast<const QPlainTextEdit *>(widget) ? 2 : QProxyStyle::pixelMetric(metric, option, widget);
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
