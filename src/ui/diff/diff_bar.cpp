@@ -1,13 +1,14 @@
 #include "ui/diff/diff_bar.h"
 
+#include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 #include "ui/look/segmented_switch.h"
+#include "ui/look/tone_label.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QHelpEvent>
-#include <QLabel>
 #include <QMenu>
 #include <QPainter>
 #include <QToolButton>
@@ -19,17 +20,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int buttonSide = 28;
-
 QToolButton *barButton(Icon picture, const QString &name, const QString &toolTip, QWidget *parent) {
-    auto *const button = new QToolButton(parent);
-    button->setIcon(icon(picture));
-    button->setIconSize({16, 16});
-    button->setAutoRaise(true);
-    button->setFixedSize(buttonSide, buttonSide);
-    button->setFocusPolicy(Qt::TabFocus);
+    QToolButton *const button = flatButton(picture, toolTip, parent);
     button->setAccessibleName(name);
-    button->setToolTip(toolTip);
     return button;
 }
 
@@ -37,7 +30,8 @@ QToolButton *barButton(Icon picture, const QString &name, const QString &toolTip
 
 DiffBar::DiffBar(QMenu *menu, QWidget *parent)
     : QWidget(parent), theme(themeFor(palette())),
-      forms(new SegmentedSwitch({u"Preview"_s, u"Text"_s}, u"Show as"_s, this)), hunks(new QLabel(this)),
+      forms(new SegmentedSwitch({u"Preview"_s, u"Text"_s}, u"Show as"_s, this)),
+      hunks(new ToneLabel(QString(), Tone::muted, this)),
       previous(barButton(Icon::arrowUp, u"Previous Hunk"_s, u"Previous Hunk (Shift+F7)"_s, this)),
       next(barButton(Icon::arrowDown, u"Next Hunk"_s, u"Next Hunk (F7)"_s, this)),
       more(barButton(Icon::more, u"Diff Menu"_s, u"More"_s, this)) {
@@ -96,9 +90,6 @@ void DiffBar::clear() {
 void DiffBar::applyLook() {
     theme = themeFor(palette());
     hunks->setFont(smallFont(font()));
-    QPalette mutedPalette = palette();
-    mutedPalette.setColor(hunks->foregroundRole(), theme.muted);
-    hunks->setPalette(mutedPalette);
     update();
 }
 

@@ -9,13 +9,13 @@
 #include <cstdint>
 #include <optional>
 
-class QLabel;
 class QMenu;
 class QToolButton;
 
 namespace kestor {
 
 class SegmentedSwitch;
+class ToneLabel;
 
 /// How a changed file is shown when there are both.
 enum class DetailForm : std::uint8_t { preview, text };
@@ -54,7 +54,7 @@ private:
     DiffTitle title;
     Theme theme;
     SegmentedSwitch *forms;
-    QLabel *hunks;
+    ToneLabel *hunks;
     QToolButton *previous;
     QToolButton *next;
     QToolButton *more;

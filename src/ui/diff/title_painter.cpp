@@ -1,8 +1,8 @@
 #include "ui/diff/title_painter.h"
 
-#include "ui/diff/counts_text.h"
 #include "ui/diff/diff_metrics.h"
 #include "ui/look/badge.h"
+#include "ui/look/counts_text.h"
 #include "ui/look/elided_path.h"
 #include "ui/look/metrics.h"
 

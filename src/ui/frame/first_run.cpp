@@ -70,17 +70,13 @@ protected:
     }
 };
 
-QFont largeFont(const QFont &font) {
-    return headingFont(headingFont(headingFont(font)));
-}
-
 } // namespace
 
 FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent), frame(new QWidget(this)) {
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     auto *heading = new ToneLabel(u"Add a project"_s, Tone::plain, frame);
-    heading->setFont(largeFont(font()));
+    heading->setFont(headingFont(font(), 6));
     auto *explanation = new QLabel(u"Drop a folder here, or choose one below. Subversion working copies and Git "
                                    "repositories are recognized automatically."_s,
                                    frame);

@@ -7,7 +7,7 @@
 namespace kestor {
 
 KindTag::KindTag(QWidget *parent) : ToneLabel(QString(), Tone::muted, parent) {
-    setFont(boldFont(smallFont(smallFont(font()))));
+    setFont(boldFont(smallFont(font(), 2)));
     setAlignment(Qt::AlignCenter);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

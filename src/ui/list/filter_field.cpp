@@ -2,11 +2,10 @@
 
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
-#include "ui/look/theme.h"
+#include "ui/look/tone_label.h"
 
 #include <QAction>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLocale>
 
 namespace kestor {
@@ -20,7 +19,8 @@ constexpr int buttonRoom = 28;
 } // namespace
 
 FilterField::FilterField(const QString &placeholder, QWidget *parent)
-    : QLineEdit(parent), count(new QLabel(this)), clearing(new QAction(icon(Icon::clear), tr("Clear Filter"), this)) {
+    : QLineEdit(parent), count(new ToneLabel(QString(), Tone::muted, this)),
+      clearing(new QAction(icon(Icon::clear), tr("Clear Filter"), this)) {
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
     setMinimumHeight(fieldHeight);
@@ -77,14 +77,11 @@ void FilterField::resizeEvent(QResizeEvent *event) {
 
 void FilterField::changeEvent(QEvent *event) {
     QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange)
         applyLook();
 }
 
 void FilterField::applyLook() {
-    QPalette muted = palette();
-    muted.setColor(count->foregroundRole(), themeFor(palette()).muted);
-    count->setPalette(muted);
     count->setFont(smallFont(font()));
     placeCount();
 }

@@ -2,9 +2,9 @@
 
 #include <QLineEdit>
 
-class QLabel;
-
 namespace kestor {
+
+class ToneLabel;
 
 /// The filter of a list: search icon, text, "3 of 18" and a clear button.
 class FilterField final : public QLineEdit {
@@ -31,7 +31,7 @@ private:
     void placeCount();
     void applyLook();
 
-    QLabel *count;
+    ToneLabel *count;
     QAction *clearing;
 };
 

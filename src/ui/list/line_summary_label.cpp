@@ -1,5 +1,6 @@
 #include "ui/list/line_summary_label.h"
 
+#include "ui/look/counts_text.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 
@@ -7,14 +8,6 @@
 #include <QPainter>
 
 namespace kestor {
-
-QString additionsText(qint64 additions, const QLocale &locale) {
-    return u'+' + locale.toString(additions);
-}
-
-QString deletionsText(qint64 deletions, const QLocale &locale) {
-    return QChar(u'\u2212') + locale.toString(deletions);
-}
 
 void LineSummaryLabel::setSummary(const LineChangeSummary &wanted) {
     summary = wanted;
@@ -26,18 +19,20 @@ void LineSummaryLabel::setSummary(const LineChangeSummary &wanted) {
 }
 
 QSize LineSummaryLabel::sizeHint() const {
-    const int additions = fontMetrics().horizontalAdvance(additionsText(summary.additions, locale()));
-    const int deletions = fontMetrics().horizontalAdvance(deletionsText(summary.deletions, locale()));
-    return {additions + gap + deletions, fontMetrics().height()};
+    const CountsText counts = countsText(summary);
+    const QFontMetrics measures = fontMetrics();
+    return {measures.horizontalAdvance(counts.additions) + gap + measures.horizontalAdvance(counts.deletions),
+            measures.height()};
 }
 
 void LineSummaryLabel::paintEvent(QPaintEvent *) {
+    const CountsText counts = countsText(summary);
     const Theme theme = themeFor(palette());
     QPainter painter(this);
     painter.setPen(theme.addText);
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, additionsText(summary.additions, locale()));
+    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, counts.additions);
     painter.setPen(theme.delText);
-    painter.drawText(rect(), Qt::AlignRight | Qt::AlignVCenter, deletionsText(summary.deletions, locale()));
+    painter.drawText(rect(), Qt::AlignRight | Qt::AlignVCenter, counts.deletions);
 }
 
 } // namespace kestor

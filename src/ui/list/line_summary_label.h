@@ -6,11 +6,6 @@
 
 namespace kestor {
 
-/// The additions, "+1,214", with thousands as the locale groups them.
-QString additionsText(qint64 additions, const QLocale &locale);
-/// The deletions with a real minus sign: "−87".
-QString deletionsText(qint64 deletions, const QLocale &locale);
-
 /// "+214  −87" in the colors of added and removed lines; nothing for the zero summary.
 class LineSummaryLabel final : public QWidget {
     Q_OBJECT

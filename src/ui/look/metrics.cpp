@@ -28,12 +28,12 @@ int twoLineRowHeight(const QFont &font) {
     return qMax(44, twoLinesHeight(font) + 12);
 }
 
-QFont smallFont(const QFont &font) {
-    return resized(font, -1);
+QFont smallFont(const QFont &font, int pixels) {
+    return resized(font, -pixels);
 }
 
-QFont headingFont(const QFont &font) {
-    return boldFont(resized(font, 2));
+QFont headingFont(const QFont &font, int pixels) {
+    return boldFont(resized(font, pixels));
 }
 
 QFont boldFont(const QFont &font) {

@@ -17,10 +17,10 @@ int rowHeight(const QFont &font);
 int twoLinesHeight(const QFont &font);
 /// The height of a list row of two lines: 44 px, more for large fonts.
 int twoLineRowHeight(const QFont &font);
-/// One pixel smaller, never below 10 px.
-QFont smallFont(const QFont &font);
-/// Two pixels larger and bold.
-QFont headingFont(const QFont &font);
+/// Some pixels smaller, never below 10 px.
+QFont smallFont(const QFont &font, int pixels = 1);
+/// Some pixels larger, and bold.
+QFont headingFont(const QFont &font, int pixels = 2);
 QFont boldFont(const QFont &font);
 /// The platform's fixed font, as large as the small font.
 QFont fixedFont(const QFont &font);

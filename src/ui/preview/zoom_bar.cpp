@@ -1,5 +1,6 @@
 #include "ui/preview/zoom_bar.h"
 
+#include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 #include "ui/look/segmented_switch.h"
@@ -23,18 +24,6 @@ namespace {
 constexpr std::array factors{0.01, 0.02, 0.05, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5, 2.0, 3.0, 4.0, 6.0, 8.0, 12.0, 16.0};
 constexpr int buttonSide = 28;
 
-QToolButton *zoomButton(Icon picture, const QString &name, QWidget *parent) {
-    auto *const button = new QToolButton(parent);
-    button->setIcon(icon(picture));
-    button->setIconSize({16, 16});
-    button->setAutoRaise(true);
-    button->setFixedSize(buttonSide, buttonSide);
-    button->setFocusPolicy(Qt::TabFocus);
-    button->setAccessibleName(name);
-    button->setToolTip(name);
-    return button;
-}
-
 } // namespace
 
 double steppedFactor(double factor, int steps) {
@@ -49,8 +38,8 @@ double steppedFactor(double factor, int steps) {
 ZoomBar::ZoomBar(QWidget *parent)
     : QWidget(parent), sentence(new QLabel(this)),
       modes(new SegmentedSwitch({u"Fit"_s, u"100 %"_s}, u"Image Size"_s, this)),
-      smaller(zoomButton(Icon::minus, u"Smaller"_s, this)), percent(new QLabel(this)),
-      larger(zoomButton(Icon::plus, u"Larger"_s, this)) {
+      smaller(flatButton(Icon::minus, u"Smaller"_s, this)), percent(new QLabel(this)),
+      larger(flatButton(Icon::plus, u"Larger"_s, this)) {
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

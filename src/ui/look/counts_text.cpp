@@ -1,4 +1,4 @@
-#include "ui/diff/counts_text.h"
+#include "ui/look/counts_text.h"
 
 #include <QLocale>
 
