@@ -117,23 +117,24 @@ void MainWindow::showOutput() {
     closeSheet->setEnabled(output.has_value());
     if (!output)
         return closeOutputSheet();
-    openOutputSheet();
+    makeOutputSheet();
     sheet->setOutput(*output);
     if (sheet->isHidden())
         fitOutputSheet();
 }
 
-void MainWindow::openOutputSheet() {
+void MainWindow::makeOutputSheet() {
     if (sheet != nullptr)
         return;
     sheet = new OutputSheet(rows);
     sheet->text().setTextSizeDelta(pages->textSize());
     connect(pages, &TabPages::textSizeChanged, &sheet->text(), &PlainTextView::setTextSizeDelta);
     connect(sheet, &OutputSheet::closeRequested, closeSheet, &QShortcut::activated);
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *left, QWidget *entered) {
-        if (isAncestorOf(left) && !sheet->isAncestorOf(left) && sheet->isAncestorOf(entered))
+    const auto remember = [this, made = static_cast<QWidget *>(sheet)](QWidget *left, QWidget *entered) {
+        if (made->isAncestorOf(entered) && !made->isAncestorOf(left) && isAncestorOf(left))
             focusLeft = left;
-    });
+    };
+    connect(qApp, &QApplication::focusChanged, sheet, remember);
     rows->setStretchFactor(0, 1);
 }
 

@@ -50,7 +50,7 @@ private:
     void showTitle();
     void showFirstRunOrProject();
     void showOutput();
-    void openOutputSheet();
+    void makeOutputSheet();
     void closeOutputSheet();
     void fitOutputSheet();
     void showBusy(BusyPhase phase);

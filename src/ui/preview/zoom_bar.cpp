@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array factors{0.01, 0.02, 0.05, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5, 2.0, 3.0, 4.0, 6.0, 8.0, 12.0, 16.0};
-constexpr int buttonSide = 28;
+constexpr int zoomBarHeight = 28;
 
 } // namespace
 
@@ -54,7 +54,7 @@ ZoomBar::ZoomBar(QWidget *parent)
     sentence->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     percent->setAlignment(Qt::AlignCenter);
     percent->setAccessibleName(u"Scale"_s);
-    setFixedHeight(buttonSide);
+    setFixedHeight(zoomBarHeight);
     connect(modes, &SegmentedSwitch::chosen, this, [this](int index) {
         if (index == 0) {
             emit fitRequested();
