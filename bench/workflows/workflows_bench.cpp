@@ -56,6 +56,13 @@ QString fileName(int number) {
     return u"src/module_%1/file_%2.c"_s.arg(number / filesPerFolder).arg(number);
 }
 
+QStringList fileNames(int first, int step) {
+    QStringList names;
+    for (int i = first; i < committedFiles; i += step)
+        names.append(fileName(i));
+    return names;
+}
+
 /// Every second file is changed, the others are new.
 template <typename Repository>
 void changeFiles(Repository &repository) {
@@ -88,12 +95,15 @@ double commitToSubversion() {
     return commitWithWindow(repository.path(), RepositoryKind::svn);
 }
 
+/// The same files, named in a file as a careful hand would.
 double commitToSubversionByHand() {
     SvnFixture repository;
     changeFiles(repository);
+    repository.tree.write(u"new"_s, fileNames(1, 2).join(u'\n').toUtf8());
+    repository.tree.write(u"all"_s, fileNames(0, 1).join(u'\n').toUtf8());
     return seconds([&repository] {
-        repository.svn({u"add"_s, u"-q"_s, u"--force"_s, u"src"_s});
-        repository.svn({u"commit"_s, u"-m"_s, u"all"_s});
+        repository.svn({u"add"_s, u"-q"_s, u"--targets"_s, u"../new"_s});
+        repository.svn({u"commit"_s, u"-m"_s, u"all"_s, u"--targets"_s, u"../all"_s});
     });
 }
 
@@ -106,9 +116,10 @@ double commitToGit() {
 double commitToGitByHand() {
     GitFixture repository;
     changeFiles(repository);
+    repository.tree.write(u"all"_s, fileNames(0, 1).join(u'\n').toUtf8());
     return seconds([&repository] {
-        repository.git({u"add"_s, u"--all"_s});
-        repository.git({u"commit"_s, u"-m"_s, u"all"_s});
+        repository.git({u"add"_s, u"--all"_s, u"--pathspec-from-file=../all"_s});
+        repository.git({u"commit"_s, u"-m"_s, u"all"_s, u"--pathspec-from-file=../all"_s});
     });
 }
 
