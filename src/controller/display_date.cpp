@@ -16,13 +16,18 @@ QString mediumDateFormat(const QLocale &locale) {
     return format.replace(u"MMMM"_s, u"MMM"_s);
 }
 
+/// Some locales, "C" among them, tell seconds in their short format.
+QString shortTimeFormat(const QLocale &locale) {
+    return locale.timeFormat(QLocale::ShortFormat).remove(u":ss"_s);
+}
+
 } // namespace
 
 QString displayDate(const QDateTime &date) {
     const QLocale locale;
     const QDateTime local = date.toLocalTime();
     return locale.toString(local.date(), mediumDateFormat(locale)) + u' ' +
-           locale.toString(local.time(), QLocale::ShortFormat);
+           locale.toString(local.time(), shortTimeFormat(locale));
 }
 
 } // namespace kestor
