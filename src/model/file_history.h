@@ -63,6 +63,8 @@ public:
     qint64 revisionAt(qsizetype index) const { return entryAt(index).revision; }
     /// The position of the revision with that number; nothing when the file has none. Linear.
     std::optional<qsizetype> indexOf(qint64 revision) const;
+    /// Equal only to slices of the same log.
+    friend bool operator==(const FileHistoryRevisions &, const FileHistoryRevisions &) = default;
 
 private:
     const FileHistorySource::Change &changeAt(qsizetype index) const;

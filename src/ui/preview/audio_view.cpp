@@ -63,7 +63,7 @@ QString noteText(AudioState state) {
     case AudioState::noDevice:
         return u"No audio device."_s;
     case AudioState::failed:
-        return u"This file cannot be played."_s;
+        return u"This file cannot be shown."_s;
     default:
         return {};
     }

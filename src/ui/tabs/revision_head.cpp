@@ -31,6 +31,8 @@ namespace {
 
 constexpr int firstRowHeight = 36;
 constexpr int mostLines = 6;
+/// Laying out more would hold up the window. Copy Message takes all of it.
+constexpr qsizetype mostShown = 8000;
 constexpr Qt::TextInteractionFlags selectable = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
 
 QLabel *selectableLabel(QWidget *parent) {
@@ -105,9 +107,12 @@ RevisionHead::RevisionHead(QWidget *parent)
 }
 
 void RevisionHead::setRevision(const RevisionText &wanted) {
+    if (text == wanted)
+        return;
     text = wanted;
     revision->setText(text.revision);
     origin->setText(text.date.isEmpty() ? text.author : text.author + u" · "_s + text.date);
+    origin->setToolTip(origin->text());
     fillMessage();
     fitMessage();
 }
@@ -115,7 +120,7 @@ void RevisionHead::setRevision(const RevisionText &wanted) {
 /// A summary in bold, and beneath it the rest as it was written.
 void RevisionHead::fillMessage() {
     const QString whole = messageSummary(text.message);
-    message->setPlainText(whole);
+    message->setPlainText(whole.size() > mostShown ? whole.first(mostShown) + u'…' : whole);
     QTextCursor cursor(message->document()->firstBlock());
     cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
     QTextCharFormat bold;

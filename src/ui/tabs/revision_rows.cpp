@@ -57,7 +57,7 @@ RowContent LogRows::content(int record, const Theme &) const {
 
 QString LogRows::filterText(int record) const {
     const LogEntry &entry = entries.at(record);
-    return entry.displayRevision() + u'\n' + entry.author + u'\n' + entry.message;
+    return entry.commitHash.value_or(entry.displayRevision()) + u'\n' + entry.author + u'\n' + entry.message;
 }
 
 QString LogRows::copiedText(int record) const {
@@ -65,7 +65,8 @@ QString LogRows::copiedText(int record) const {
 }
 
 void FileRevisionRows::publish(const FileHistoryRevisions &published) {
-    replaceRecords([&] { revisions = published; });
+    if (revisions != published)
+        replaceRecords([&] { revisions = published; });
 }
 
 QString FileRevisionRows::recordId(int record) const {

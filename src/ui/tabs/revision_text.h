@@ -16,6 +16,8 @@ struct RevisionText {
     QString author{};
     QString date{};
     QString message{}; ///< as the log has it; "" and blanks alone read "(no message)"
+
+    friend bool operator==(const RevisionText &, const RevisionText &) = default;
 };
 
 RevisionText revisionText(const LogEntry &entry);

@@ -96,7 +96,7 @@ TEST_F(AudioTest, SaysWhyNothingCanBeHeard) {
     EXPECT_TRUE(comesToSay(u"0:00 / 0:04"_s));
     EXPECT_FALSE(button().isEnabled());
     view.open("broken", u"a.wav"_s);
-    EXPECT_TRUE(comesToSay(u"This file cannot be played."_s));
+    EXPECT_TRUE(comesToSay(u"This file cannot be shown."_s));
     EXPECT_FALSE(slider().isVisible());
     view.open("sound", u"b.wav"_s);
     EXPECT_TRUE(waitUntil([&] { return button().isEnabled(); }));
