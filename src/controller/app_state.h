@@ -247,6 +247,7 @@ private:
     QCoro::Task<> exportFile(Project project, QStringList arguments, QString destination);
     QCoro::Task<> loadArchivesOf(Project project, quint64 generation);
     std::optional<LogEntry> entryToArchive() const;
+    static std::shared_ptr<LatestTurn> newHistoryDiffTurn();
     void publishArchives(const QList<LogEntry> &entries);
     QCoro::Task<> writeArchive(Project project, LogEntry entry, QString chosenPath);
     /// Writes the zip to `path`, then gives it its name.
@@ -288,7 +289,7 @@ private:
     quint64 infoGeneration = 0;
     quint64 historyGeneration = 0;
     quint64 historyDiffGeneration = 0;
-    LatestTurn historyDiffTurn{2};
+    std::shared_ptr<LatestTurn> historyDiffTurn = newHistoryDiffTurn(); ///< of the selected project
     quint64 archivesGeneration = 0;
     quint64 repositoryChanges = 0; ///< counts what may have changed the log
     quint64 historyLoadedAt = 0;   ///< `repositoryChanges` when the load that is shown began

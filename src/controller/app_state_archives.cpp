@@ -138,6 +138,7 @@ QCoro::Task<> AppState::writeArchive(Project project, LogEntry entry, QString ch
         if (!file.failure.isEmpty())
             throw SVNClientError::launchFailed(file.failure);
         result = co_await writeArchiveBeside(project, entry, file.path, destination);
+        result.commandLine.replace(file.path, destination);
     }
     commandOutput = combinedOutput(u"Create Archive Zip"_s, result.commandLine, result.status,
                                    QStringList(u"Created "_s + destination), QStringList());
@@ -196,7 +197,8 @@ QCoro::Task<SVNCommandResult> AppState::archiveFromSubversion(Project project, L
 QCoro::Task<> AppState::exportTree(Project project, QString revision, QString tree) {
     const QString source = co_await svnArchiveSource(tools.svn, project, revision);
     const QString folder = QFileInfo(tree).path();
-    const bool created = QDir().mkpath(folder);
+    // What is private in the repository stays so while it is zipped.
+    const bool created = QDir().mkdir(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     if (!created)
         throw SVNClientError::launchFailed(u"Could not create the folder "_s + folder + u'.');
     const QStringList arguments = args(u"export", u"--force", u"-r", revision, source, tree);

@@ -2,11 +2,9 @@
 #include "controller/commit_selection.h"
 #include "controller/file_versions.h"
 #include "controller/media_preview.h"
-#include "controller/tool_text.h"
 #include "controller/working_diff.h"
 #include "controller/working_preview.h"
 #include "parsers/line_changes.h"
-#include "parsers/unified_diff_parser.h"
 #include "tools/arguments.h"
 
 #include <QCoroFuture>
@@ -17,19 +15,6 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 
 namespace {
-
-constexpr qsizetype largeContents = qsizetype{2} << 20;
-
-qsizetype bytesOf(const LoadedDiff &diff) {
-    const auto bytes = [](const std::optional<QByteArray> &data) {
-        return data ? data->size() : 0;
-    };
-    return diff.text.size() * qsizetype{sizeof(QChar)} + bytes(diff.preview.oldData) + bytes(diff.preview.newData);
-}
-
-LineChangeSummary summaryOf(const QByteArray &diffOutput) {
-    return lineChanges(UnifiedDiffParser::parse(withLineFeeds(toolText(diffOutput))));
-}
 
 /// The empty tree of the repository's hash kind when it has no commit yet; "" otherwise.
 QCoro::Task<QString> emptyTreeBeforeFirstCommit(std::shared_ptr<Tool> git, QString directory) {
@@ -87,13 +72,11 @@ QCoro::Task<> AppState::loadDiffForSelectedChange() {
 }
 
 void AppState::publishDiff(const std::optional<QString> &path, const LoadedDiff &diff) {
-    LoadedDiff old{diffText, diffPreview};
+    const LoadedDiff old{diffText, diffPreview};
     diffPreview = diff.preview;
     diffText = diff.text;
     diffPath = path;
-    // Giving back large contents takes milliseconds that the window does not have.
-    if (bytesOf(old) > largeContents)
-        workers.start([contents = std::move(old)]() mutable { contents = {}; });
+    release(old);
 }
 
 QCoro::Task<LoadedDiff> AppState::diffOf(Project project, WorkingCopyItem item) {
@@ -154,7 +137,7 @@ QCoro::Task<> AppState::loadLineSummary(Project project, quint64 generation) {
     try {
         const SVNCommandResult result = co_await runWorkingDiff(toolFor(project.kind), project, std::nullopt);
         const auto count = [output = result.stdoutData] {
-            return summaryOf(output);
+            return diffLineChanges(output);
         };
         if (result.status == 0)
             summary = co_await QtConcurrent::run(&workers, count);

@@ -87,6 +87,7 @@ QCoro::Task<> AppState::regroupHistory() {
 void AppState::resetHistory() {
     ++historyGeneration;
     ++historyDiffGeneration;
+    historyDiffTurn = newHistoryDiffTurn();
     const LoadedHistory before{logEntries, fileHistoryItems};
     logEntries = QList<LogEntry>();
     fileHistoryItems = FileHistory();

@@ -45,15 +45,22 @@ QCoro::Task<> AppState::selectedHistoryPathChanged() {
 }
 
 QCoro::Task<> AppState::selectedHistoryRevisionChanged() {
-    return reporting(u"Diff Failed"_s, loadDiffForSelectedHistoryRevision());
+    return loadDiffForSelectedHistoryRevision();
+}
+
+/// Two, so that one slow diff holds up no other. Those of a project that was left do not count.
+std::shared_ptr<LatestTurn> AppState::newHistoryDiffTurn() {
+    return std::make_shared<LatestTurn>(2);
 }
 
 QCoro::Task<> AppState::loadDiffForSelectedHistoryRevision() {
+    const RunningOperations::Scope operation(operations);
     const quint64 generation = ++historyDiffGeneration;
-    co_await historyDiffTurn.wait();
+    const std::shared_ptr<LatestTurn> turns = historyDiffTurn;
+    co_await turns->wait();
     if (generation != historyDiffGeneration)
         co_return;
-    const LatestTurn::Scope turn(historyDiffTurn);
+    const LatestTurn::Scope turn(*turns);
     const std::optional<Project> project = selectedProject();
     const std::optional<QString> path = selectedHistoryPath;
     const std::optional<FileHistoryRevision> revision = selectedFileHistoryRevision();
@@ -80,8 +87,12 @@ QCoro::Task<LoadedDiff> AppState::historyDiffOf(Project project, QString path, F
 QCoro::Task<LoadedDiff> AppState::printedHistoryDiffOf(Project project, QString path, FileHistoryRevision revision) {
     const QStringList arguments = historyDiffArguments(project, repositoryInfo, path, revision);
     const std::shared_ptr<Tool> tool = toolFor(project.kind);
-    const SVNCommandResult result =
-        co_await tool->run(arguments, project.path, CheckStatus::no, RunPurpose::backgroundRead);
+    SVNCommandResult result;
+    try {
+        result = co_await tool->run(arguments, project.path, CheckStatus::no, RunPurpose::backgroundRead);
+    } catch (const SVNClientError &) {
+        // No diff is no reason for an alert on every row.
+    }
     const auto decode = [path, result] {
         return loadedDiff(path, result.stdoutData, result.stderrData);
     };
@@ -128,7 +139,8 @@ QCoro::Task<> AppState::loadHistorySummary(Project project) {
         if (!entries.isEmpty())
             summary = co_await historySummaryOf(project, entries);
     } catch (const SVNClientError &) {
-        // The zero summary says that nothing is known.
+        // The zero summary says that nothing is known; the next load asks again.
+        historySummaryAsked = false;
     }
     if (selectedProjectID.value() == project.id && logEntries.value().isSharedWith(entries))
         historyLineSummary = summary;
