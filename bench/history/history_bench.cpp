@@ -33,7 +33,7 @@ void BM_gitLogToRecords(benchmark::State &state) {
     const QByteArray log = gitLog(revisions, paths);
     const QString text = QString::fromUtf8(log);
     double best = std::numeric_limits<double>::max();
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double seconds = secondsOf([&] { benchmark::DoNotOptimize(GitParsers::parseLog(text)); });
         best = std::min(best, seconds);
         state.SetIterationTime(seconds);
@@ -47,7 +47,7 @@ void BM_gitLogToRecords(benchmark::State &state) {
 void BM_logToGroupedFiles(benchmark::State &state) {
     const bool isSvn = state.range(0) == 0;
     const QByteArray log = isSvn ? svnLog(revisions, paths) : gitLog(revisions, paths);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const QList<LogEntry> entries = loadedLog(isSvn ? RepositoryKind::svn : RepositoryKind::git, log, {});
         benchmark::DoNotOptimize(loadedHistory(entries, isSvn ? u"^/trunk"_s : QString(), {}));
     }
@@ -62,7 +62,7 @@ void BM_grouping(benchmark::State &state) {
     const double withLog = allocatedBytes();
     double best = std::numeric_limits<double>::max();
     double withGroups = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const FileHistory *files = nullptr;
         const double seconds = secondsOf([&] { files = new FileHistory(groupedByFile(entries, u"^/trunk"_s)); });
         withGroups = allocatedBytes();

@@ -80,7 +80,7 @@ void BM_loadHistory(benchmark::State &state) {
     app.repositoryInfo = RepositoryInfo{.relativeURL = u"^/trunk"_s};
     double longest = 0;
     int round = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
         tool->log = svnLog(revisions + ++round % 2, static_cast<int>(state.range(1)));
         state.ResumeTiming();

@@ -10,6 +10,7 @@
 #include <QMap>
 #include <QThreadPool>
 
+#include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
 #include <fcntl.h>
@@ -122,9 +123,11 @@ TEST(Zip, HasTheOrderOfTheNamesWhateverTheDisksIs) {
     TempTree tree;
     const QStringList sorted =
         args("src/", "src/-", "src/B", "src/a/", "src/a/1", "src/a/2", "src/a-b", "src/z", "src/ä");
-    for (auto name = sorted.crbegin(); name != sorted.crend(); ++name) {
-        if (!name->endsWith(u'/'))
-            tree.write(*name);
+    QStringList reversed = sorted;
+    std::reverse(reversed.begin(), reversed.end());
+    for (const QString &name : std::as_const(reversed)) {
+        if (!name.endsWith(u'/'))
+            tree.write(name);
     }
     QStringList order;
     EXPECT_EQ(writeZip(tree.path(u"src"_s), tree.path(u"out.zip"_s), {}), QString());
