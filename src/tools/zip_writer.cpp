@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <locale.h>
 #include <memory>
 #include <string>
 #include <sys/stat.h>
@@ -73,6 +74,26 @@ private:
     std::unique_ptr<struct archive, decltype(&archive_write_free)> archive{archive_write_new(), &archive_write_free};
     std::unique_ptr<archive_entry, decltype(&archive_entry_free)> entry{archive_entry_new(), &archive_entry_free};
     std::vector<char> block = std::vector<char>(blockSize);
+};
+
+/// libarchive takes names as the thread's locale has them; they are UTF-8, whatever that of the program is.
+class Utf8Locale {
+public:
+    Utf8Locale() : utf8(::newlocale(LC_CTYPE_MASK, "C.UTF-8", nullptr)) {
+        if (utf8 != nullptr)
+            before = ::uselocale(utf8);
+    }
+    ~Utf8Locale() {
+        if (utf8 == nullptr)
+            return;
+        ::uselocale(before);
+        ::freelocale(utf8);
+    }
+    Q_DISABLE_COPY_MOVE(Utf8Locale)
+
+private:
+    locale_t utf8;
+    locale_t before = nullptr;
 };
 
 ZipWriter::ZipWriter(const QSaveFile &file, std::stop_token stopToken)
@@ -179,6 +200,7 @@ QString writeZip(const QString &source, const QString &destination, const std::s
     QSaveFile file(destination);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
         return u"Could not write %1: %2"_s.arg(destination, file.errorString());
+    const Utf8Locale locale;
     try {
         ZipWriter zip(file, stop);
         addTree(zip, nativePath(source));

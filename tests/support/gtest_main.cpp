@@ -1,5 +1,6 @@
 #include <QApplication>
 
+#include <clocale>
 #include <gtest/gtest.h>
 
 int main(int argc, char **argv) {
@@ -9,6 +10,8 @@ int main(int argc, char **argv) {
     qputenv("GIT_CONFIG_GLOBAL", "/dev/null");
     qputenv("GIT_CONFIG_NOSYSTEM", "1");
     QApplication application(argc, argv);
+    // What tests read with libarchive has UTF-8 names.
+    std::setlocale(LC_CTYPE, "C.UTF-8");
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
 }
