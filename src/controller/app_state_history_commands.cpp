@@ -3,13 +3,9 @@
 #include "controller/history_commands.h"
 #include "controller/path_targets.h"
 #include "controller/written_file.h"
-#include "rules/working_copy_paths.h"
 
 #include <QCoroFuture>
-#include <QFileInfo>
 #include <QtConcurrent>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -142,41 +138,6 @@ QCoro::Task<> AppState::exportFile(Project project, QStringList arguments, QStri
     }
     commandOutput = combinedOutput(u"Export File"_s, result.commandLine, result.status,
                                    QStringList(u"Saved "_s + destination), QStringList());
-}
-
-QCoro::Task<> AppState::runAskedCommand(Project project, QString title, QStringList arguments,
-                                        RefreshAfter refreshAfter) {
-    if (project.kind == RepositoryKind::git)
-        return runGitCommand(title, arguments, project.path, refreshAfter, ShowOutput::always);
-    return runCommand(title, arguments, project.path, refreshAfter, ShowOutput::always);
-}
-
-QString AppState::selectedActionPath() const {
-    if (selectedTab.value() == WorkflowTab::history && selectedHistoryPath.value())
-        return *selectedHistoryPath.value();
-    const QList<WorkingCopyItem> items = actionItems();
-    return items.isEmpty() ? QString() : items.first().path;
-}
-
-QString AppState::typedTarget(const Project &project, const QString &text) const {
-    if (!isKnownPath(project, text))
-        return text;
-    return project.kind == RepositoryKind::svn ? svnTarget(text) : gitTarget(text);
-}
-
-QString AppState::typedSource(const Project &project, const QString &text) const {
-    return project.kind == RepositoryKind::svn ? typedTarget(project, text) : text;
-}
-
-bool AppState::isKnownPath(const Project &project, const QString &text) const {
-    if (text.isEmpty())
-        return false;
-    const auto hasPath = [&text](const WorkingCopyItem &item) {
-        return item.path == text;
-    };
-    const QList<WorkingCopyItem> &rows = changes.value();
-    return fileHistoryItems.value().indexOf(text) || std::any_of(rows.begin(), rows.end(), hasPath) ||
-           QFileInfo::exists(absolutePath(text, project.path));
 }
 
 } // namespace kestor

@@ -15,13 +15,19 @@ QCoro::Task<std::optional<QMap<QString, QString>>> ScriptedUser::prompt(QString 
         labels.append(field.label + u'=' + field.value);
     asked.append(u"prompt "_s + title + u": "_s + labels.join(u", "_s));
     // A member named here would be moved from.
-    const auto answer = promptAnswer;
+    const auto answer = promptAnswers.isEmpty() ? promptAnswer : promptAnswers.takeFirst();
     co_return answer;
 }
 
 QCoro::Task<std::optional<QString>> ScriptedUser::chooseDirectory(QString title) {
     asked.append(u"directory "_s + title);
     const auto answer = chosenDirectory;
+    co_return answer;
+}
+
+QCoro::Task<std::optional<QString>> ScriptedUser::chooseFile(QString title) {
+    asked.append(u"file "_s + title);
+    const auto answer = chosenFile;
     co_return answer;
 }
 

@@ -10,8 +10,10 @@ namespace kestor::testing {
 class ScriptedUser final : public UserInteraction {
 public:
     bool confirms = true;
-    std::optional<QMap<QString, QString>> promptAnswer{};
+    std::optional<QMap<QString, QString>> promptAnswer{}; ///< of every prompt that promptAnswers has no answer for
+    QList<std::optional<QMap<QString, QString>>> promptAnswers{}; ///< of the next prompts, in turn
     std::optional<QString> chosenDirectory{};
+    std::optional<QString> chosenFile{};
     std::optional<QString> chosenSaveFile{};
     bool fileManagerWorks = true;
     TerminalResult terminalResult{};
@@ -21,6 +23,7 @@ public:
     QCoro::Task<bool> confirm(QString title, QString message) override;
     QCoro::Task<std::optional<QMap<QString, QString>>> prompt(QString title, QList<PromptField> fields) override;
     QCoro::Task<std::optional<QString>> chooseDirectory(QString title) override;
+    QCoro::Task<std::optional<QString>> chooseFile(QString title) override;
     QCoro::Task<std::optional<QString>> chooseSaveFile(QString title, QString button, QString name) override;
     QCoro::Task<bool> openInFileManager(QString directory) override;
     QCoro::Task<TerminalResult> openTerminal(QString directory) override;

@@ -46,6 +46,12 @@ QFuture<std::optional<QString>> askDirectory(const QString &title, QWidget *wind
     return chosenFile(dialog);
 }
 
+QFuture<std::optional<QString>> askFile(const QString &title, QWidget *window) {
+    auto *dialog = new QFileDialog(window, title);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    return chosenFile(dialog);
+}
+
 QFuture<std::optional<QString>> askSaveFile(const QString &title, const QString &button, const QString &name,
                                             QWidget *window) {
     auto *dialog = new QFileDialog(window, title);
@@ -90,6 +96,13 @@ QCoro::Task<std::optional<QString>> WindowInteraction::chooseDirectory(QString t
     if (!window)
         co_return std::nullopt;
     const QFuture<std::optional<QString>> answer = askDirectory(title, window);
+    co_return co_await answer;
+}
+
+QCoro::Task<std::optional<QString>> WindowInteraction::chooseFile(QString title) {
+    if (!window)
+        co_return std::nullopt;
+    const QFuture<std::optional<QString>> answer = askFile(title, window);
     co_return co_await answer;
 }
 

@@ -1,24 +1,24 @@
-#include "controller/app_state.h"
 #include "controller/combined_output.h"
+#include "controller/workspace.h"
 
 using namespace Qt::StringLiterals;
 
 namespace kestor {
 
-QCoro::Task<> AppState::runCommand(QString title, QStringList arguments, QString workingDirectory,
-                                   RefreshAfter refreshAfter, ShowOutput showOutput) {
+QCoro::Task<> Workspace::runCommand(QString title, QStringList arguments, QString workingDirectory,
+                                    RefreshAfter refreshAfter, ShowOutput showOutput) {
     return reporting(title + u" Failed"_s,
                      runToolCommand(RepositoryKind::svn, title, arguments, workingDirectory, refreshAfter, showOutput));
 }
 
-QCoro::Task<> AppState::runGitCommand(QString title, QStringList arguments, QString workingDirectory,
-                                      RefreshAfter refreshAfter, ShowOutput showOutput) {
+QCoro::Task<> Workspace::runGitCommand(QString title, QStringList arguments, QString workingDirectory,
+                                       RefreshAfter refreshAfter, ShowOutput showOutput) {
     return reporting(title + u" Failed"_s,
                      runToolCommand(RepositoryKind::git, title, arguments, workingDirectory, refreshAfter, showOutput));
 }
 
-QCoro::Task<> AppState::runToolCommand(RepositoryKind kind, QString title, QStringList arguments,
-                                       QString workingDirectory, RefreshAfter refreshAfter, ShowOutput showOutput) {
+QCoro::Task<> Workspace::runToolCommand(RepositoryKind kind, QString title, QStringList arguments,
+                                        QString workingDirectory, RefreshAfter refreshAfter, ShowOutput showOutput) {
     SVNCommandResult result;
     {
         const BusyScope running(busy, title);
@@ -31,18 +31,18 @@ QCoro::Task<> AppState::runToolCommand(RepositoryKind kind, QString title, QStri
         co_await reloadAfterChange();
 }
 
-QCoro::Task<> AppState::runSelectedProjectCommand(QString title, QStringList arguments, RefreshAfter refreshAfter,
-                                                  ShowOutput showOutput) {
+QCoro::Task<> Workspace::runSelectedProjectCommand(QString title, QStringList arguments, RefreshAfter refreshAfter,
+                                                   ShowOutput showOutput) {
     return runInSelectedProject(RepositoryKind::svn, title, arguments, refreshAfter, showOutput);
 }
 
-QCoro::Task<> AppState::runSelectedGitCommand(QString title, QStringList arguments, RefreshAfter refreshAfter,
-                                              ShowOutput showOutput) {
+QCoro::Task<> Workspace::runSelectedGitCommand(QString title, QStringList arguments, RefreshAfter refreshAfter,
+                                               ShowOutput showOutput) {
     return runInSelectedProject(RepositoryKind::git, title, arguments, refreshAfter, showOutput);
 }
 
-QCoro::Task<> AppState::runInSelectedProject(RepositoryKind kind, QString title, QStringList arguments,
-                                             RefreshAfter refreshAfter, ShowOutput showOutput) {
+QCoro::Task<> Workspace::runInSelectedProject(RepositoryKind kind, QString title, QStringList arguments,
+                                              RefreshAfter refreshAfter, ShowOutput showOutput) {
     const std::optional<Project> project = requiredProject();
     if (!project)
         co_return;
@@ -57,6 +57,13 @@ QCoro::Task<> AppState::runInSelectedProject(RepositoryKind kind, QString title,
     }
     const QString failureTitle = title + u" Failed"_s;
     co_await reporting(failureTitle, runToolCommand(kind, title, arguments, project->path, refreshAfter, showOutput));
+}
+
+QCoro::Task<> Workspace::runAskedCommand(Project project, QString title, QStringList arguments,
+                                         RefreshAfter refreshAfter) {
+    if (project.kind == RepositoryKind::git)
+        return runGitCommand(title, arguments, project.path, refreshAfter, ShowOutput::always);
+    return runCommand(title, arguments, project.path, refreshAfter, ShowOutput::always);
 }
 
 } // namespace kestor

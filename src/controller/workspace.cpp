@@ -1,0 +1,132 @@
+#include "controller/workspace.h"
+
+#include "controller/combined_output.h"
+#include "controller/commit_plan.h"
+#include "controller/path_targets.h"
+#include "rules/working_copy_paths.h"
+#include "tools/git_client.h"
+#include "tools/svn_admin_client.h"
+#include "tools/svn_client.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+namespace {
+
+// Enough to read a few folders on a slow disk while others parse.
+constexpr int workerThreads = 4;
+
+} // namespace
+
+Tools systemTools(QSettings &settings) {
+    return {std::make_shared<SVNClient>(settings), std::make_shared<SVNAdminClient>(settings),
+            std::make_shared<GitClient>()};
+}
+
+Workspace::Workspace(QSettings &settings, UserInteraction &interaction, Tools commandLineTools)
+    : preferences(settings), user(interaction), tools(std::move(commandLineTools)) {
+    workers.setMaxThreadCount(workerThreads);
+}
+
+std::optional<Project> Workspace::selectedProject() const {
+    const QList<Project> &all = projects.value();
+    const auto isSelected = [this](const Project &project) {
+        return project.id == selectedProjectID.value();
+    };
+    const auto found = std::find_if(all.begin(), all.end(), isSelected);
+    return found == all.end() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<WorkingCopyItem> Workspace::selectedChange() const {
+    const QList<WorkingCopyItem> &all = changes.value();
+    const auto isSelected = [this](const WorkingCopyItem &item) {
+        return item.path == selectedChangeID.value();
+    };
+    const auto found = std::find_if(all.begin(), all.end(), isSelected);
+    return found == all.end() ? std::nullopt : std::optional(*found);
+}
+
+QList<WorkingCopyItem> Workspace::actionItems() const {
+    const CommitRequest ticked{changes, selectedCommitPaths, QString(), {}};
+    QList<WorkingCopyItem> items = ticked.items();
+    const std::optional<WorkingCopyItem> selected = selectedChange();
+    if (items.isEmpty() && selected)
+        items.append(*selected);
+    return items;
+}
+
+void Workspace::showAlert(const QString &title, const QString &message) {
+    alert = AppAlert{QUuid::createUuid(), title, message};
+}
+
+void Workspace::showError(const QString &title, const SVNClientError &error) {
+    const SVNCommandResult *result = error.failedResult();
+    if (result == nullptr) {
+        showAlert(title, error.errorDescription());
+        return;
+    }
+    commandOutput = commandOutputOf(title, *result);
+    showAlert(title, failureMessage(*result));
+}
+
+QCoro::Task<> Workspace::reporting(QString title, QCoro::Task<> work, std::function<bool()> isRelevant) {
+    const RunningOperations::Scope running(operations);
+    std::optional<SVNClientError> failure;
+    try {
+        co_await work;
+    } catch (const SVNClientError &error) {
+        failure = error;
+    }
+    if (failure && !closing && (!isRelevant || isRelevant()))
+        showError(title, *failure);
+}
+
+std::optional<Project> Workspace::requiredProject() {
+    const std::optional<Project> project = selectedProject();
+    if (!project)
+        showAlert(u"No Project Selected"_s, u"Choose a project first."_s);
+    return project;
+}
+
+std::shared_ptr<Tool> Workspace::toolFor(RepositoryKind kind) const {
+    return kind == RepositoryKind::svn ? tools.svn : tools.git;
+}
+
+bool Workspace::isCurrent(const Project &project, quint64 generation, quint64 latest) const {
+    return generation == latest && selectedProjectID.value() == project.id;
+}
+
+QString Workspace::selectedActionPath() const {
+    if (selectedTab.value() == WorkflowTab::history && selectedHistoryPath.value())
+        return *selectedHistoryPath.value();
+    const QList<WorkingCopyItem> items = actionItems();
+    return items.isEmpty() ? QString() : items.first().path;
+}
+
+QString Workspace::typedTarget(const Project &project, const QString &text) const {
+    if (!isKnownPath(project, text))
+        return text;
+    return project.kind == RepositoryKind::svn ? svnTarget(text) : gitTarget(text);
+}
+
+QString Workspace::typedSource(const Project &project, const QString &text) const {
+    return project.kind == RepositoryKind::svn ? typedTarget(project, text) : text;
+}
+
+bool Workspace::isKnownPath(const Project &project, const QString &text) const {
+    if (text.isEmpty())
+        return false;
+    const auto hasPath = [&text](const WorkingCopyItem &item) {
+        return item.path == text;
+    };
+    const QList<WorkingCopyItem> &rows = changes.value();
+    return fileHistoryItems.value().indexOf(text) || std::any_of(rows.begin(), rows.end(), hasPath) ||
+           QFileInfo::exists(absolutePath(text, project.path));
+}
+
+} // namespace kestor
