@@ -1,6 +1,5 @@
 #include "controller/app_state.h"
 
-
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QFileInfo>

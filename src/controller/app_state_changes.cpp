@@ -1,6 +1,7 @@
 #include "controller/app_state.h"
 #include "controller/commit_selection.h"
 #include "controller/file_versions.h"
+#include "controller/git_reference.h"
 #include "controller/media_preview.h"
 #include "controller/working_diff.h"
 #include "controller/working_preview.h"
@@ -18,8 +19,7 @@ namespace {
 
 /// The empty tree of the repository's hash kind when it has no commit yet; "" otherwise.
 QCoro::Task<QString> emptyTreeBeforeFirstCommit(std::shared_ptr<Tool> git, QString directory) {
-    const SVNCommandResult head = co_await git->run(args(u"rev-parse", u"--verify", u"--quiet", u"HEAD"), directory,
-                                                    CheckStatus::no, RunPurpose::backgroundRead);
+    const SVNCommandResult head = co_await lookedUpReference(git, u"HEAD"_s, directory);
     if (head.status == 0)
         co_return QString();
     const SVNCommandResult tree = co_await git->run(args(u"hash-object", u"-t", u"tree", u"/dev/null"), directory,

@@ -1,6 +1,7 @@
 #include "controller/app_state.h"
 #include "controller/combined_output.h"
 #include "controller/deletion.h"
+#include "controller/git_reference.h"
 #include "controller/path_command_run.h"
 #include "controller/revert_plan.h"
 #include "controller/tool_text.h"
@@ -98,8 +99,7 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
         co_return co_await QtConcurrent::run(&workers, plan);
     }
     const GitRowFacts facts = gitFacts;
-    const SVNCommandResult head = co_await tools.git->run(args(u"rev-parse", u"--verify", u"--quiet", u"HEAD"),
-                                                          project.path, CheckStatus::no, RunPurpose::backgroundRead);
+    const SVNCommandResult head = co_await lookedUpReference(tools.git, u"HEAD"_s, project.path);
     const GitHead commits = head.status == 0 ? GitHead::exists : GitHead::unborn;
     const auto plan = [items, facts, commits, root = project.path] {
         return onDisk(gitRevertPlan(items, withVacantOldNames(facts, root), commits), root);

@@ -1,5 +1,6 @@
 #include "controller/commit_preparation.h"
 
+#include "controller/git_reference.h"
 #include "controller/path_command_run.h"
 #include "controller/tool_text.h"
 #include "rules/working_copy_paths.h"
@@ -40,12 +41,6 @@ void writeIndex(const GitIndexCopy &copy) {
 std::optional<QByteArray> fileContent(const QString &path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
-}
-
-QCoro::Task<QByteArray> gitHead(std::shared_ptr<Tool> git, QString directory) {
-    const SVNCommandResult result = co_await git->run(args(u"rev-parse", u"--verify", u"--quiet", u"HEAD"), directory,
-                                                      CheckStatus::no, RunPurpose::backgroundRead);
-    co_return result.stdoutData;
 }
 
 /// Runs the command for what it can still do.
@@ -103,8 +98,8 @@ QCoro::Task<GitIndexCopy> copyOfGitIndex(std::shared_ptr<Tool> git, QString dire
     };
     const std::optional<QByteArray> content = co_await QtConcurrent::run(read);
     copy.content = content;
-    const QByteArray head = co_await gitHead(git, directory);
-    copy.head = head;
+    const SVNCommandResult head = co_await lookedUpReference(git, u"HEAD"_s, directory);
+    copy.head = head.stdoutData;
     co_return copy;
 }
 
@@ -112,8 +107,8 @@ QCoro::Task<> restoreGitIndex(std::shared_ptr<Tool> git, QString directory, GitI
     if (copy.path.isEmpty())
         co_return;
     try {
-        const QByteArray head = co_await gitHead(git, directory);
-        if (head != copy.head)
+        const SVNCommandResult head = co_await lookedUpReference(git, u"HEAD"_s, directory);
+        if (head.stdoutData != copy.head)
             co_return;
         const auto write = [copy] {
             writeIndex(copy);
@@ -174,8 +169,7 @@ QCoro::Task<> undoSvnPreparation(std::shared_ptr<Tool> svn, QString directory, S
 QCoro::Task<bool> isMerging(std::shared_ptr<Tool> git, QString directory) {
     const QStringList heads{u"MERGE_HEAD"_s, u"CHERRY_PICK_HEAD"_s};
     for (const QString &head : heads) {
-        const SVNCommandResult result = co_await git->run(args(u"rev-parse", u"--verify", u"--quiet", head), directory,
-                                                          CheckStatus::no, RunPurpose::backgroundRead);
+        const SVNCommandResult result = co_await lookedUpReference(git, head, directory);
         if (result.status == 0)
             co_return true;
     }

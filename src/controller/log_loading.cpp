@@ -1,6 +1,7 @@
 #include "controller/log_loading.h"
 
 #include "controller/file_grouping.h"
+#include "controller/git_reference.h"
 #include "controller/tool_text.h"
 #include "parsers/git_parsers.h"
 #include "parsers/svn_xml_parsers.h"
@@ -8,13 +9,14 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 namespace kestor {
 
 namespace {
 
 QCoro::Task<bool> isBeforeFirstCommit(std::shared_ptr<Tool> git, QString directory) {
-    const SVNCommandResult head = co_await git->run(args(u"rev-parse", u"--verify", u"--quiet", u"HEAD"), directory,
-                                                    CheckStatus::no, RunPurpose::backgroundRead);
+    const SVNCommandResult head = co_await lookedUpReference(git, u"HEAD"_s, directory);
     // Outside of a repository the status is another one.
     co_return head.status == 1;
 }
