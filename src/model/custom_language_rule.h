@@ -17,6 +17,9 @@ struct CustomLanguageRule {
     QString colorHex{}; ///< as typed by the user
     std::optional<QString> syntaxFilePath{};
 
+    /// The color of a rule that has none yet.
+    static constexpr QStringView defaultColorHex = u"#6e7781";
+
     /// The trimmed path of the syntax file; nothing when there is none or it is blank.
     std::optional<QString> normalizedSyntaxFilePath() const;
     /// "#RRGGBB" in upper case for a typed color of three or six hexadecimal digits, with or without "#".
