@@ -79,6 +79,8 @@ struct AppProperties {
     QProperty<std::optional<AppAlert>> alert{};
     QProperty<std::optional<CommandOutput>> commandOutput{};
     QProperty<QList<CustomLanguageRule>> customLanguageRules{};
+    /// Of the selected project, the largest first; absent until its files have been counted.
+    QProperty<std::optional<QList<LanguageDistributionEntry>>> languageDistribution{};
 };
 
 } // namespace kestor

@@ -9,12 +9,10 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 
 AppState::AppState(QSettings &settings, UserInteraction &interaction, Tools commandLineTools)
-    : Workspace(settings, interaction, std::move(commandLineTools)), projectStore(settings),
-      languageConfigurationStore(settings) {
+    : Workspace(settings, interaction, std::move(commandLineTools)), projectStore(settings) {
     projects = projectStore.load();
     if (!projects.value().isEmpty())
         selectedProjectID = projects.value().first().id;
-    customLanguageRules = languageConfigurationStore.load();
 }
 
 AppState::~AppState() {
@@ -22,6 +20,7 @@ AppState::~AppState() {
     for (const std::shared_ptr<Tool> &tool : {tools.svn, tools.svnAdmin, tools.git})
         tool->stop();
     archiveZipClient.stop();
+    languageShares.stop();
     // What reads on a worker, or waits for an answer, still holds on to this object.
     const QDeadlineTimer deadline(10000);
     while (!operations.isIdle() && !deadline.hasExpired())

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "controller/commit_plan.h"
+#include "controller/language_rules.h"
+#include "controller/language_shares.h"
 #include "controller/latest_turn.h"
 #include "controller/log_loading.h"
 #include "controller/repository_detection.h"
@@ -8,7 +10,6 @@
 #include "controller/status_rows.h"
 #include "controller/working_diff.h"
 #include "controller/workspace.h"
-#include "model/language_configuration_store.h"
 #include "model/project_store.h"
 #include "tools/archive_zip_client.h"
 
@@ -116,6 +117,9 @@ public:
     /// the user chooses.
     QCoro::Task<> createArchiveZip();
 
+    LanguageRules languageRules{*this};
+    LanguageShares languageShares{*this};
+
 private:
     /// The folder of the selected project; nothing after an alert when there is none or it is gone.
     std::optional<QString> selectedProjectDirectory();
@@ -188,7 +192,6 @@ private:
     QCoro::Task<> addIgnoreLines(Project project, QStringList lines);
     ArchiveZipClient archiveZipClient{};
     ProjectStore projectStore;
-    LanguageConfigurationStore languageConfigurationStore;
     GitRowFacts gitFacts;        ///< of the rows of `changes`
     TickDecisions tickDecisions; ///< on rows of `changes`
     quint64 statusGeneration = 0;

@@ -35,6 +35,8 @@ QCoro::Task<> AppState::tabChanged() {
         return loadHistory();
     if (tab == WorkflowTab::archives && (archivesNeedsReload() || archiveEntries.value().isEmpty()))
         return loadArchives();
+    if (tab == WorkflowTab::configuration)
+        return languageShares.load();
     return nothing();
 }
 
@@ -64,9 +66,11 @@ QCoro::Task<> AppState::reloadEverything(RunPurpose purpose, WorkflowTab tab) {
     const RunningOperations::Scope running(operations);
     // The log does not wait for the diffs of the Changes tab. Its busy message is the later one and stays.
     const QCoro::Task<> status = loadStatus(purpose);
+    const QCoro::Task<> shares = languageShares.reload();
     co_await loadInfo();
     co_await loadLogOf(tab);
     co_await status;
+    co_await shares;
 }
 
 QCoro::Task<> AppState::loadLogOf(WorkflowTab tab) {

@@ -137,6 +137,7 @@ void AppState::resetProjectState() {
     incomingHeadRevision = std::nullopt;
     incomingOutdatedItems = QList<WorkingCopyItem>();
     repositoryInfo = RepositoryInfo();
+    languageShares.reset();
 }
 
 void AppState::storeProjectKind(const QUuid &id, RepositoryKind kind) {

@@ -34,8 +34,8 @@ public:
     virtual QCoro::Task<std::optional<QMap<QString, QString>>> prompt(QString title, QList<PromptField> fields) = 0;
     /// Lets the user choose one existing folder (absolute path); nothing when cancelled.
     virtual QCoro::Task<std::optional<QString>> chooseDirectory(QString title) = 0;
-    /// Lets the user choose one existing file (absolute path); nothing when cancelled.
-    virtual QCoro::Task<std::optional<QString>> chooseFile(QString title) = 0;
+    /// Lets the user choose one existing file (absolute path); nothing when cancelled. `message` says what for.
+    virtual QCoro::Task<std::optional<QString>> chooseFile(QString title, QString message = QString()) = 0;
     /// Lets the user choose where to save a file (absolute path), with `name` offered and an existing file confirmed;
     /// nothing when cancelled. `button` accepts.
     virtual QCoro::Task<std::optional<QString>> chooseSaveFile(QString title, QString button, QString name) = 0;

@@ -25,8 +25,8 @@ QCoro::Task<std::optional<QString>> ScriptedUser::chooseDirectory(QString title)
     co_return answer;
 }
 
-QCoro::Task<std::optional<QString>> ScriptedUser::chooseFile(QString title) {
-    asked.append(u"file "_s + title);
+QCoro::Task<std::optional<QString>> ScriptedUser::chooseFile(QString title, QString message) {
+    asked.append(u"file "_s + title + (message.isEmpty() ? message : u": "_s + message));
     const auto answer = chosenFile;
     co_return answer;
 }

@@ -23,7 +23,7 @@ public:
     QCoro::Task<bool> confirm(QString title, QString message) override;
     QCoro::Task<std::optional<QMap<QString, QString>>> prompt(QString title, QList<PromptField> fields) override;
     QCoro::Task<std::optional<QString>> chooseDirectory(QString title) override;
-    QCoro::Task<std::optional<QString>> chooseFile(QString title) override;
+    QCoro::Task<std::optional<QString>> chooseFile(QString title, QString message = QString()) override;
     QCoro::Task<std::optional<QString>> chooseSaveFile(QString title, QString button, QString name) override;
     QCoro::Task<bool> openInFileManager(QString directory) override;
     QCoro::Task<TerminalResult> openTerminal(QString directory) override;

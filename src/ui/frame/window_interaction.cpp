@@ -8,6 +8,8 @@
 #include <QCoroFuture>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QLabel>
 
 namespace kestor {
 
@@ -46,9 +48,17 @@ QFuture<std::optional<QString>> askDirectory(const QString &title, QWidget *wind
     return chosenFile(dialog);
 }
 
-QFuture<std::optional<QString>> askFile(const QString &title, QWidget *window) {
+/// Dialogs of the platform have no room for a message.
+void addMessage(QFileDialog &dialog, const QString &message) {
+    auto *grid = qobject_cast<QGridLayout *>(dialog.layout());
+    if (grid != nullptr && !message.isEmpty())
+        grid->addWidget(new QLabel(message), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+QFuture<std::optional<QString>> askFile(const QString &title, const QString &message, QWidget *window) {
     auto *dialog = new QFileDialog(window, title);
     dialog->setFileMode(QFileDialog::ExistingFile);
+    addMessage(*dialog, message);
     return chosenFile(dialog);
 }
 
@@ -99,10 +109,10 @@ QCoro::Task<std::optional<QString>> WindowInteraction::chooseDirectory(QString t
     co_return co_await answer;
 }
 
-QCoro::Task<std::optional<QString>> WindowInteraction::chooseFile(QString title) {
+QCoro::Task<std::optional<QString>> WindowInteraction::chooseFile(QString title, QString message) {
     if (!window)
         co_return std::nullopt;
-    const QFuture<std::optional<QString>> answer = askFile(title, window);
+    const QFuture<std::optional<QString>> answer = askFile(title, message, window);
     co_return co_await answer;
 }
 

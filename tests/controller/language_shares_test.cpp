@@ -1,0 +1,161 @@
+#include "support/app_fixture.h"
+#include "support/printers.h"
+#include "support/repositories.h"
+
+#include <QElapsedTimer>
+#include <QSemaphore>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+namespace {
+
+using testing::AppFixture;
+using testing::awaited;
+using testing::GitFixture;
+using testing::ScriptedUser;
+using testing::TempTree;
+using testing::waitUntil;
+
+/// While it lives, no count begins.
+class HeldWorkers {
+public:
+    HeldWorkers() {
+        for (int thread = 0; thread < threads; ++thread)
+            QThreadPool::globalInstance()->start([this] { free.acquire(); });
+    }
+    ~HeldWorkers() { free.release(threads); }
+    Q_DISABLE_COPY_MOVE(HeldWorkers)
+
+private:
+    const int threads = QThreadPool::globalInstance()->maxThreadCount();
+    QSemaphore free{};
+};
+
+/// Each language with its bytes; "not counted" before there is a count.
+QString shares(const AppState &app) {
+    const auto distribution = app.languageDistribution.value();
+    if (!distribution)
+        return u"not counted"_s;
+    QStringList texts;
+    for (const LanguageDistributionEntry &entry : *distribution)
+        texts.append(entry.name + u' ' + QString::number(entry.bytes));
+    return texts.join(u", "_s);
+}
+
+void showTab(AppState &app, WorkflowTab tab) {
+    app.selectedTab = tab;
+    awaited(app.tabChanged());
+}
+
+TEST(LanguageShares, AreCountedWhenTheyAreShownAndOutOfDate) {
+    GitFixture project;
+    project.write(u"a.c"_s, "12345");
+    AppFixture fixture;
+    AppState &app = fixture.app;
+    fixture.open(project.path(), RepositoryKind::git);
+    EXPECT_EQ(shares(app), u"not counted"_s) << "another tab is shown";
+    showTab(app, WorkflowTab::configuration);
+    EXPECT_EQ(shares(app), u"C 5"_s);
+
+    project.write(u"b.cpp"_s, "1234567");
+    showTab(app, WorkflowTab::changes);
+    showTab(app, WorkflowTab::configuration);
+    EXPECT_EQ(shares(app), u"C 5"_s) << "shown again";
+    awaited(app.refreshAll());
+    EXPECT_EQ(shares(app), u"C++ 7, C 5"_s);
+
+    project.write(u"c.py"_s, "1");
+    showTab(app, WorkflowTab::changes);
+    awaited(app.refreshAll());
+    EXPECT_EQ(shares(app), u"C++ 7, C 5"_s) << "the refresh waits for the tab";
+    showTab(app, WorkflowTab::configuration);
+    EXPECT_EQ(shares(app), u"C++ 7, C 5, Python 1"_s);
+}
+
+TEST(LanguageShares, FollowTheLastOfSeveralEditsOfTheRules) {
+    GitFixture project;
+    project.write(u"a.c"_s, "12345");
+    AppFixture fixture;
+    AppState &app = fixture.app;
+    fixture.open(project.path(), RepositoryKind::git);
+    showTab(app, WorkflowTab::configuration);
+    QStringList published;
+    const auto notifier = app.languageDistribution.addNotifier([&] { published.append(shares(app)); });
+    QElapsedTimer sinceEdit;
+    const QUuid id = app.languageRules.addCustomLanguageRule();
+    for (const QString &name : {u"One"_s, u"Two"_s, u"Three"_s}) {
+        sinceEdit.start();
+        app.languageRules.updateCustomLanguageRule({id, u"C"_s, name, u"#123456"_s, {}});
+        waitUntil([&] { return sinceEdit.hasExpired(200); });
+    }
+    EXPECT_TRUE(waitUntil([&] { return !published.isEmpty(); }));
+    EXPECT_EQ(published, QStringList(u"Three 5"_s));
+    EXPECT_GE(sinceEdit.elapsed(), 490);
+}
+
+TEST(LanguageShares, OfAnotherProjectAreNeverShown) {
+    GitFixture one;
+    one.write(u"a.c"_s);
+    GitFixture two;
+    two.write(u"a.py"_s, "123");
+    AppFixture fixture;
+    AppState &app = fixture.app;
+    fixture.open(one.path(), RepositoryKind::git);
+    fixture.open(two.path(), RepositoryKind::git);
+    const QUuid second = *app.selectedProjectID.value();
+    app.selectedProjectID = app.projects.value().at(app.projects.value().first().id == second ? 1 : 0).id;
+    awaited(app.projectSelectionChanged());
+    QStringList published;
+    const auto notifier = app.languageDistribution.addNotifier([&] { published.append(shares(app)); });
+    app.selectedTab = WorkflowTab::configuration;
+    std::vector<QCoro::Task<>> tasks;
+    {
+        const HeldWorkers held;
+        tasks.push_back(app.tabChanged());
+        app.selectedProjectID = second;
+        tasks.push_back(app.projectSelectionChanged());
+    }
+    for (QCoro::Task<> &task : tasks)
+        awaited(std::move(task));
+    EXPECT_EQ(published, QStringList(u"Python 3"_s));
+    awaited(app.removeSelectedProject());
+    EXPECT_EQ(published.at(1), u"not counted"_s);
+}
+
+TEST(LanguageShares, EndWithTheProgram) {
+    TempTree folder;
+    for (int file = 0; file < 30; ++file)
+        folder.write(u"project/%1/a.c"_s.arg(file));
+    QSettings settings(folder.path(u"test.conf"_s), QSettings::IniFormat);
+    ProjectStore(settings).save({{QUuid::createUuid(), u"p"_s, folder.path(u"project"_s), RepositoryKind::git}});
+    ScriptedUser user;
+    auto app = std::make_unique<AppState>(settings, user, systemTools(settings));
+    app->selectedTab = WorkflowTab::configuration;
+    QString published;
+    const auto notifier = app->languageDistribution.addNotifier([&] { published = shares(*app); });
+    app->tabChanged();
+    app.reset();
+    EXPECT_EQ(published, QString());
+}
+
+TEST(LanguageShares, ShowInTheOutputSheet) {
+    GitFixture project;
+    project.write(u"a.c"_s, "12345");
+    AppFixture fixture;
+    AppState &app = fixture.app;
+    fixture.open(project.path(), RepositoryKind::git);
+    app.languageShares.showLanguageDistribution();
+    EXPECT_FALSE(app.commandOutput.value()) << "nothing is counted yet";
+    showTab(app, WorkflowTab::configuration);
+    app.languageShares.showLanguageDistribution();
+    const std::optional<CommandOutput> output = app.commandOutput.value();
+    ASSERT_TRUE(output);
+    EXPECT_EQ(output->title, u"Language Distribution"_s);
+    EXPECT_EQ(output->languageDistribution, app.languageDistribution.value());
+}
+
+} // namespace
+} // namespace kestor
