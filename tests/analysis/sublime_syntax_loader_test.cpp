@@ -1,0 +1,164 @@
+#include "analysis/sublime_syntax_loader.h"
+#include "support/printers.h"
+#include "support/temp_tree.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::TempTree;
+
+TEST(SublimeSyntaxLoader, ReadsScalarsOfOneLine) {
+    const QString none = u"<none>"_s;
+    const struct Row {
+        const char *name;
+        QString line;
+        QString expected;
+    } rows[] = {
+        {"plain", u"match: \\b(if|else)\\b"_s, u"\\b(if|else)\\b"_s},
+        {"list item", u"- match: x"_s, u"x"_s},
+        {"no blank behind the colon", u"match:x"_s, u"x"_s},
+        {"blanks and tabs around", u"match:\t x \t"_s, u"x"_s},
+        {"other blanks belong to the value", u"match: \u00A0x"_s, u"\u00A0x"_s},
+        {"a comment belongs to the value", u"match: x # y"_s, u"x # y"_s},
+        {"another key", u"matches: x"_s, none},
+        {"key without colon", u"match x"_s, none},
+        {"key inside", u"{match: x}"_s, none},
+        {"two blanks behind the dash", u"-  match: x"_s, none},
+        {"empty", u"match:"_s, none},
+        {"blank", u"- match:  "_s, none},
+        {"literal block", u"match: |-"_s, none},
+        {"folded block", u"match: >"_s, none},
+        {"quoted block sign", u"match: '|'"_s, u"|"_s},
+        {"empty quotes", u"match: ''"_s, u""_s},
+        {"single quotes", uR"(match: 'it''s \b \\ "q"')"_s, uR"(it's \b \\ "q")"_s},
+        {"double quotes", uR"(match: "\\b \"q\" \d it''s")"_s, uR"(\b "q" \d it''s)"_s},
+        {"backslashes come before quotes", uR"(match: "a\\"b")"_s, uR"(a"b)"_s},
+        {"one quote", u"match: '"_s, u"'"_s},
+        {"one double quote", u"match: \""_s, u"\""_s},
+        {"quotes that do not match", u"match: 'x\""_s, u"'x\""_s},
+        {"quotes within", u"match: x'y'"_s, u"x'y'"_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(SublimeSyntaxLoader::yamlScalarValue(u"match", row.line).value_or(none), row.expected);
+    }
+}
+
+TEST(SublimeSyntaxLoader, ColorsAndRanksScopes) {
+    const struct Row {
+        QString scope;
+        QString color;
+        int priority;
+    } rows[] = {
+        {u"Comment.line.string"_s, u"#6A737D"_s, 100},
+        {u"string.quoted.comment"_s, u"#6A737D"_s, 100},
+        {u"keyword.control.string"_s, u"#0A7F42"_s, 90},
+        {u"keyword.control"_s, u"#B42D8D"_s, 60},
+        {u"storage.type"_s, u"#B42D8D"_s, 60},
+        {u"entity.name.function variable"_s, u"#0550AE"_s, 40},
+        {u"support.function.builtin"_s, u"#0550AE"_s, 40},
+        {u"constant.numeric.integer"_s, u"#953800"_s, 40},
+        {u"meta.numeric"_s, u"#953800"_s, 40},
+        {u"variable.parameter"_s, u"#0A7A83"_s, 40},
+        {u"invalid.illegal"_s, u"#CF222E"_s, 40},
+        {u"meta.block"_s, u"#57606A"_s, 40},
+        {u"entity.other support.class"_s, u"#57606A"_s, 40},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.scope.toStdString());
+        EXPECT_EQ(SublimeSyntaxLoader::colorHex(row.scope), row.color);
+        EXPECT_EQ(SublimeSyntaxLoader::priority(row.scope), row.priority);
+    }
+}
+
+/// "pattern color priority" of every rule; "unreadable" without a definition.
+QStringList loaded(const QString &path) {
+    const std::optional<SyntaxDefinition> definition = SublimeSyntaxLoader::definition(path);
+    if (!definition)
+        return {u"unreadable"_s};
+    QStringList lines;
+    for (const SyntaxHighlightRule &rule : definition->rules)
+        lines.append(u"%1 %2 %3"_s.arg(rule.pattern, rule.colorHex).arg(rule.priority));
+    return lines;
+}
+
+constexpr const char *wildFile = R"(%YAML 1.2
+---
+# A language as people write it
+name: Kestrel
+file_extensions: [kes]
+scope: source.kestrel
+variables:
+  ident: '[A-Za-z_]\w*'
+contexts:
+  main:
+    - meta_scope: meta.block
+    - scope: keyword.unused
+    - match: '\b(if|else)\b'
+      scope: keyword.control.kestrel
+    - match: "\"(\\.|[^\"])*\""
+      comment: a pair may have lines between
+      captures:
+        1: constant.character.escape
+      scope: string.quoted.double
+    - match: \{\{
+      push: block
+    - match: ({{ident}})
+      scope: entity.name.function
+      scope: keyword.second
+    - match: |-
+        (?x) a
+        b
+      scope: constant.lost
+	- match: #.*$
+	  scope: comment.line
+)";
+
+TEST(SublimeSyntaxLoader, ReadsFilesAsTheyAreFound) {
+    const QStringList expected{u"\\b(if|else)\\b #B42D8D 60"_s, u"\"(\\.|[^\"])*\" #0A7F42 90"_s,
+                               u"({{ident}}) #0550AE 40"_s, u"#.*$ #6A737D 100"_s};
+    const QByteArray lf = wildFile;
+    QByteArray crlf = lf;
+    QByteArray cr = lf;
+    const struct Row {
+        const char *name;
+        QByteArray content;
+        QStringList expected;
+    } rows[] = {
+        {"line feeds", lf, expected},
+        {"CR LF", crlf.replace("\n", "\r\n"), expected},
+        {"CR", cr.replace('\n', '\r'), expected},
+        {"byte order mark", QByteArray("\xEF\xBB\xBF- match: a\nscope: b\n"), {u"a #57606A 40"_s}},
+        {"no line end", "- match: a\n  scope: b", {u"a #57606A 40"_s}},
+        {"UTF-8", "- match: \xC3\xA9+\n  scope: string", {u"é+ #0A7F42 90"_s}},
+        {"Latin-1", "# \xA9\n- match: \xE9+\n  scope: string", {u"é+ #0A7F42 90"_s}},
+        {"other line breaks",
+         "match: a\xC2\x85scope: b\xE2\x80\xA8match: c\x0Bscope: d",
+         {u"a #57606A 40"_s, u"c #57606A 40"_s}},
+        {"the last match before a scope", "match: a\nmatch: |\nmatch: b\nscope: c", {u"b #57606A 40"_s}},
+        {"no pairs", "scope: a\nmatch: b\n", {}},
+        {"empty", "", {}},
+        {"binary",
+         QByteArray("\x7F"
+                    "ELF\x00\x01\xFF\xFEmatch: x\x00\n\x00scope: y\n",
+                    36),
+         {}},
+        {"large", QByteArray("  - match: a\n    scope: b\n").repeated(40'000), QStringList(40'000, u"a #57606A 40"_s)},
+    };
+    TempTree tree;
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        tree.write(u"a.sublime-syntax"_s, row.content);
+        EXPECT_EQ(loaded(tree.path(u"a.sublime-syntax"_s)), row.expected);
+    }
+    ASSERT_EQ(::mkfifo(tree.path(u"pipe"_s).toUtf8().constData(), 0600), 0);
+    for (const QString &unreadable : {u"missing"_s, u""_s, u"pipe"_s})
+        EXPECT_EQ(loaded(tree.path(unreadable)), QStringList{u"unreadable"_s});
+}
+
+} // namespace
+} // namespace kestor

@@ -1,0 +1,263 @@
+#include "analysis/compiled_syntax.h"
+#include "analysis/syntax_highlighter.h"
+#include "support/printers.h"
+#include "support/temp_tree.h"
+
+#include <QHash>
+#include <QRegularExpression>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <random>
+#include <tuple>
+
+namespace kestor {
+
+// GoogleTest finds printers in the namespace of the type.
+static void PrintTo(const SyntaxSpan &span, std::ostream *out) {
+    *out << span.start << '+' << span.length << ' ' << span.colorHex.toStdString();
+}
+
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::TempTree;
+
+QString colorName(const QString &hex) {
+    static const QHash<QString, QString> names{{u"#6A737D"_s, u"comment"_s}, {u"#0A7F42"_s, u"string"_s},
+                                               {u"#B42D8D"_s, u"keyword"_s}, {u"#953800"_s, u"number"_s},
+                                               {u"#0550AE"_s, u"name"_s},    {u"#116329"_s, u"tag"_s},
+                                               {u"#0969DA"_s, u"link"_s}};
+    return names.value(hex, hex);
+}
+
+/// "colour(text)" for every span.
+QString colored(const QString &line, const SyntaxDefinition &definition) {
+    QStringList spans;
+    for (const SyntaxSpan &span : SyntaxHighlighter::collectedMatches(line, definition.rules))
+        spans.append(u"%1(%2)"_s.arg(colorName(span.colorHex), line.sliced(span.start, span.length)));
+    return spans.join(u' ');
+}
+
+TEST(SyntaxHighlighter, ColorsLinesOfEveryRuleSet) {
+    const struct Row {
+        const char *name;
+        QString language;
+        QString line;
+        QString expected;
+    } rows[] = {
+        {"a comment inside a string drops the string", u"c"_s, u"x = \"http://host\"; if (1)"_s,
+         u"comment(//host\"; if (1))"_s},
+        {"strings", u"C++"_s, uR"(f("a \" b", '\'', "open)"_s, uR"(string("a \" b") string('\''))"_s},
+        {"of two comments the earlier one, even if the other went on", u"Go"_s, u"a /* // */ \"b /* c */\" // end"_s,
+         u"comment(/* // */) comment(/* c */)"_s},
+        {"the longer of two comments that start together", u"Rust"_s, u"//**/ x"_s, u"comment(//**/ x)"_s},
+        {"keyword, type, number", u"Swift"_s, u"let n: Int = 12.5e-3 + 0x1F + i32"_s,
+         u"keyword(let) name(Int) number(12.5e-3) name(i32)"_s},
+        {"whole words only", u"Java"_s, u"classes ifs _if if_ élif ifé 7up if"_s, u"keyword(if)"_s},
+        {"python", u"Python"_s, u"def f(x): return '#' + \"a\" # None"_s,
+         u"keyword(def) keyword(return) comment(#' + \"a\" # None)"_s},
+        {"python None is a keyword", u"python"_s, u"x = None or 3"_s, u"keyword(None) keyword(or) number(3)"_s},
+        {"tags and attributes", u"HTML"_s, u"<a href=\"x\" data-y='z'>text</a><!-- <b> --></>"_s,
+         u"tag(<a) number(href) string(\"x\") number(data-y) string('z') tag(</a) comment(<!-- <b> -->) comment(</>)"_s},
+        {"a quoted comment loses its quotes", u"xml"_s, u"\"<!-- a -->\""_s, u"comment(<!-- a -->)"_s},
+        {"style sheet", u"SCSS"_s, u"color: #fff; width: 1.5em; display: none; /* x: 1 */"_s,
+         u"name(color) number(#fff) name(width) number(1.5em) name(display) keyword(none) comment(/* x: 1 */)"_s},
+        {"a property named like a value", u"css"_s, u"grid: auto"_s, u"name(grid) keyword(auto)"_s},
+        {"keys beat strings, comments beat both", u"JSON"_s, u"\"a\" : [\"b\", true, -1] # \"c\": no"_s,
+         u"name(\"a\") string(\"b\") keyword(true) number(1) comment(# \"c\": no)"_s},
+        {"headings hold all else", u"Markdown"_s, u"## A `b` **c**"_s, u"name(## A `b` **c**)"_s},
+        {"markdown spans", u"restructuredtext"_s, u"a `**b**` [c](d) __e__ #f"_s,
+         u"number(`**b**`) link([c](d)) keyword(__e__)"_s},
+        {"a quotation drops nothing of higher priority", u"markdown"_s, u"> a `b`"_s, u"number(`b`)"_s},
+        {"sql", u"SQL"_s, u"SELECT 'it''s' FROM t WHERE a = 1.5 -- AND 'x'"_s,
+         u"keyword(SELECT) string('it''s') keyword(FROM) keyword(WHERE) number(1.5) comment(-- AND 'x')"_s},
+        {"sql keywords are upper-case", u"sql"_s, u"select Null NULL"_s, u"keyword(NULL)"_s},
+        {"lua", u"Lua"_s, u"local s = 'a' .. 1 -- end"_s, u"keyword(local) string('a') number(1) comment(-- end)"_s},
+        {"variables beat keywords", u"Shell"_s, u"if [ $if = ${done} ]; then echo \"$x\" '\\' # fi"_s,
+         u"keyword(if) number($if) number(${done}) keyword(then) string(\"$x\") string('\\') comment(# fi)"_s},
+        {"a target named like a keyword", u"Makefile"_s, u"include: $(if) ${x} # all"_s,
+         u"name(include) number($(if)) number(${x}) comment(# all)"_s},
+        {"cmake", u"CMake"_s, u"target_link_libraries(x \"a\")"_s, u"keyword(target_link_libraries) string(\"a\")"_s},
+        {"clojure", u"Clojure"_s, u"(defn f [:a/b-c? 'x] \"s\") ; nil"_s,
+         u"keyword(defn) number(:a/b-c?) string(\"s\") comment(; nil)"_s},
+        {"the last line break may stay", u"c"_s, u"// a\n"_s, u"comment(// a)"_s},
+        {"a comment ends at no line break inside", u"c"_s, u"// a\rif"_s, u"keyword(if)"_s},
+        {"nothing", u"c"_s, u""_s, u""_s},
+        {"half a character", u"c"_s, u"if "_s + QChar(0xD800) + u" \""_s + QChar(0xDC00) + u"\""_s,
+         u"keyword(if) string(\""_s + QChar(0xDC00) + u"\")"_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const std::optional<SyntaxDefinition> definition = SyntaxHighlighter::defaultDefinition(row.language);
+        ASSERT_TRUE(definition);
+        EXPECT_EQ(colored(row.line, *definition), row.expected);
+    }
+    EXPECT_FALSE(SyntaxHighlighter::defaultDefinition(u"CoffeeScript"));
+    EXPECT_FALSE(SyntaxHighlighter::defaultDefinition(u"Just"));
+    EXPECT_FALSE(SyntaxHighlighter::defaultDefinition(u""));
+}
+
+TEST(SyntaxHighlighter, RanksByPriorityThenStartThenLengthThenOrder) {
+    const struct Row {
+        const char *name;
+        QList<SyntaxHighlightRule> rules;
+        QString line;
+        QString expected;
+    } rows[] = {
+        {"priority", {{u"bc"_s, u"1"_s, 1}, {u"abcd"_s, u"2"_s, 0}}, u"abcd"_s, u"1(bc)"_s},
+        {"start", {{u"bcd"_s, u"1"_s, 5}, {u"ab"_s, u"2"_s, 5}}, u"abcd"_s, u"2(ab)"_s},
+        {"length", {{u"ab"_s, u"1"_s, -1}, {u"abc"_s, u"2"_s, -1}}, u"abc"_s, u"2(abc)"_s},
+        {"order", {{u"a."_s, u"1"_s, 0}, {u".b"_s, u"2"_s, 0}}, u"ab"_s, u"1(ab)"_s},
+        {"words and expressions in their order",
+         {{u"a\\w"_s, u"1"_s, 0}, {u"\\b(?:ab)\\b"_s, u"2"_s, 0}},
+         u"ab"_s,
+         u"1(ab)"_s},
+        {"what is dropped frees its place",
+         {{u"b"_s, u"1"_s, 2}, {u"abc"_s, u"2"_s, 1}, {u"c"_s, u"3"_s, 0}},
+         u"abc"_s,
+         u"1(b) 3(c)"_s},
+        {"an invalid pattern among valid ones",
+         {{u"(a"_s, u"1"_s, 0}, {u"b"_s, u"2"_s, 0}, {u"{{x}"_s, u"3"_s, 0}},
+         u"ab"_s,
+         u"2(b)"_s},
+        {"empty matches are none", {{u"x*|(?=b)"_s, u"1"_s, 0}}, u"axxb"_s, u"1(xx)"_s},
+        {"case is part of a pattern",
+         {{u"(?i)\\b(if)\\b"_s, u"1"_s, 0}, {u"\\b(if)\\b"_s, u"2"_s, 0}},
+         u"IF if"_s,
+         u"1(IF) 1(if)"_s},
+        {"units of UTF-16", {{u"\\w+$"_s, u"1"_s, 0}}, u"🚀 𝒜b"_s, u"1(𝒜b)"_s},
+        {"a look behind sees what came before", {{u"(?<=a)a"_s, u"1"_s, 0}}, u"aaa"_s, u"1(a) 1(a)"_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(colored(row.line, {row.rules}), row.expected);
+    }
+}
+
+/// The same by the plain expressions of Qt, step by step.
+QList<SyntaxSpan> plainMatches(const QString &text, const QList<SyntaxHighlightRule> &rules) {
+    struct Candidate {
+        SyntaxSpan span;
+        int priority;
+    };
+    std::vector<Candidate> candidates;
+    for (const SyntaxHighlightRule &rule : rules) {
+        const QRegularExpression expression(u"(*ANY)"_s + rule.pattern, QRegularExpression::UseUnicodePropertiesOption);
+        for (auto matches = expression.globalMatch(text); matches.hasNext();) {
+            const QRegularExpressionMatch match = matches.next();
+            if (match.capturedLength() > 0)
+                candidates.push_back({{match.capturedStart(), match.capturedLength(), rule.colorHex}, rule.priority});
+        }
+    }
+    std::ranges::stable_sort(candidates, {}, [](const Candidate &candidate) {
+        return std::tuple(-candidate.priority, candidate.span.start, -candidate.span.length);
+    });
+    QList<bool> flags(text.size(), false);
+    QList<SyntaxSpan> spans;
+    for (const Candidate &candidate : candidates) {
+        const auto begin = flags.begin() + candidate.span.start;
+        if (std::find(begin, begin + candidate.span.length, true) != begin + candidate.span.length)
+            continue;
+        std::fill_n(begin, candidate.span.length, true);
+        spans.append(candidate.span);
+    }
+    std::ranges::stable_sort(spans, {}, &SyntaxSpan::start);
+    return spans;
+}
+
+/// Pieces that begin, end and look like what the rules match.
+QString generatedLine(std::mt19937 &random) {
+    static const QStringList pieces{
+        u" "_s,      u" "_s,    u"  "_s,     u"\t"_s,      u"\""_s,    u"'"_s,      u"\\"_s,     u"//"_s,   u"/*"_s,
+        u"*/"_s,     u"#"_s,    u"--"_s,     u"<!--"_s,    u"-->"_s,   u"</"_s,     u"<a"_s,     u">"_s,    u"="_s,
+        u":"_s,      u"`"_s,    u"**"_s,     u"__"_s,      u"["_s,     u"]("_s,     u")"_s,      u"$"_s,    u"${x}"_s,
+        u"$(y)"_s,   u";"_s,    u"."_s,      u"if"_s,      u"class"_s, u"None"_s,   u"SELECT"_s, u"Int"_s,  u"i32"_s,
+        u"solid"_s,  u"true"_s, u"end"_s,    u"include"_s, u"defn"_s,  u"12"_s,     u"1.5e-3"_s, u"#fff"_s, u"10px"_s,
+        u"x"_s,      u"_"_s,    u"é"_s,      u"e\u0301"_s, u"²"_s,     u"\u0663"_s, u"\u203F"_s, u"𝒜"_s,    u"🚀"_s,
+        u"\u2028"_s, u"\r"_s,   u"\u00A0"_s, u"\u0085"_s,  u"-"_s,     u"%"_s,      u"> "_s,     u"# "_s,   u"!"_s};
+    QString line;
+    const int count = static_cast<int>(random() % 24);
+    for (int i = 0; i < count; ++i)
+        line += pieces[static_cast<qsizetype>(random() % static_cast<unsigned>(pieces.size()))];
+    return line;
+}
+
+TEST(CompiledSyntax, GivesWhatThePlainExpressionsGive) {
+    for (const QString &language : {u"c"_s, u"python"_s, u"html"_s, u"css"_s, u"json"_s, u"markdown"_s, u"sql"_s,
+                                    u"lua"_s, u"shell"_s, u"cmake"_s, u"clojure"_s}) {
+        SCOPED_TRACE(language.toStdString());
+        const SyntaxDefinition definition = *SyntaxHighlighter::defaultDefinition(language);
+        CompiledSyntax syntax(definition);
+        std::mt19937 random(7); // NOLINT: the same lines in every run
+        for (int i = 0; i < 1500; ++i) {
+            const QString line = generatedLine(random);
+            ASSERT_EQ(syntax.collectedMatches(line), plainMatches(line, definition.rules)) << line.toStdString();
+        }
+    }
+}
+
+TEST(CompiledSyntax, GivesUpOnPatternsThatBacktrackWithoutEnd) {
+    for (const QString &pattern : {u"(a+)+$"_s, u"(a|aa)+$"_s, u"(*LIMIT_MATCH=4000000000)(a+)+$"_s,
+                                   u"(*NO_JIT)(a+)+$"_s, u"((?R)?a)+b"_s, u"^(?=(.*a)*b)x"_s}) {
+        SCOPED_TRACE(pattern.toStdString());
+        CompiledSyntax syntax({{{pattern, u"trap"_s, 9}, {u"!"_s, u"sound"_s, 1}}});
+        const QString line = u'x' + QString(3000, u'a') + u"!b!"_s;
+        EXPECT_EQ(syntax.collectedMatches(line), (QList<SyntaxSpan>{{3001, 1, u"sound"_s}, {3003, 1, u"sound"_s}}));
+        EXPECT_EQ(syntax.collectedMatches(u"!"_s), (QList<SyntaxSpan>{{0, 1, u"sound"_s}}));
+    }
+}
+
+TEST(CompiledSyntax, CopesWithLongLines) {
+    CompiledSyntax syntax(*SyntaxHighlighter::defaultDefinition(u"c"));
+    const QString string = u'"' + QString(4000, u'x') + u'"';
+    EXPECT_EQ(syntax.collectedMatches(string), (QList<SyntaxSpan>{{0, 4002, u"#0A7F42"_s}}));
+    const QString unclosed = u"/*"_s.repeated(500'000) + u" if"_s;
+    EXPECT_EQ(syntax.collectedMatches(unclosed), (QList<SyntaxSpan>{{1'000'001, 2, u"#B42D8D"_s}}));
+}
+
+CustomLanguageRule rule(const QString &extension, const QString &name, const std::optional<QString> &file = {}) {
+    return {.fileExtension = extension, .languageName = name, .syntaxFilePath = file};
+}
+
+TEST(SyntaxHighlighter, ChoosesTheDefinitionOfAFile) {
+    TempTree tree;
+    tree.write(u"own.sublime-syntax"_s, "- match: own\n  scope: keyword\n");
+    tree.write(u"empty.sublime-syntax"_s, "name: none\n");
+    const QString own = tree.path(u"own.sublime-syntax"_s);
+    const QString empty = tree.path(u"empty.sublime-syntax"_s);
+    const QString missing = tree.path(u"missing"_s);
+    // "own" is the file's definition; "!" none at all.
+    const struct Row {
+        const char *name;
+        QString path;
+        QList<CustomLanguageRule> rules;
+        QString like;
+    } rows[] = {
+        {"by extension", u"src/a.PY"_s, {}, u"python"_s},
+        {"by name", u"a/CMakeLists.txt"_s, {}, u"cmake"_s},
+        {"unknown", u"a/LICENSE"_s, {}, u"!"_s},
+        {"a language without definition", u"a.coffee"_s, {}, u"!"_s},
+        {"rule", u"a.inc"_s, {rule(u" .INC"_s, u" PHP "_s)}, u"php"_s},
+        {"a rule beats the name", u"CMakeLists.txt"_s, {rule(u"txt"_s, u"SQL"_s)}, u"sql"_s},
+        {"a rule for an unknown language beats the built-in one", u"a.c"_s, {rule(u"c"_s, u"Cee"_s)}, u"!"_s},
+        {"the last rule", u"a.c"_s, {rule(u"c"_s, u"Lua"_s, own), rule(u"C."_s, u"SQL"_s)}, u"sql"_s},
+        {"a rule without name is none", u"a.c"_s, {rule(u"c"_s, u"SQL"_s), rule(u"c"_s, u" "_s, own)}, u"sql"_s},
+        {"file", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, u" "_s + own + u"\n"_s)}, u"own"_s},
+        {"file without rules", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, empty)}, u"sql"_s},
+        {"missing file", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, missing)}, u"sql"_s},
+        {"folder", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, tree.path())}, u"sql"_s},
+        {"blank path", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, u" "_s)}, u"sql"_s},
+        {"a rule without extension is for no file", u"Makefile"_s, {rule(u"."_s, u"SQL"_s)}, u"makefile"_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const std::optional<SyntaxDefinition> expected = row.like == u"own"
+                                                             ? SyntaxDefinition{{{u"own"_s, u"#B42D8D"_s, 60}}}
+                                                             : SyntaxHighlighter::defaultDefinition(row.like);
+        EXPECT_EQ(SyntaxHighlighter::definition(row.path, row.rules), expected);
+    }
+}
+
+} // namespace
+} // namespace kestor
