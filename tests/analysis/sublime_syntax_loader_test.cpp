@@ -145,7 +145,7 @@ TEST(SublimeSyntaxLoader, ReadsFilesAsTheyAreFound) {
         {"binary",
          QByteArray("\x7F"
                     "ELF\x00\x01\xFF\xFEmatch: x\x00\n\x00scope: y\n",
-                    36),
+                    28),
          {}},
         {"large", QByteArray("  - match: a\n    scope: b\n").repeated(40'000), QStringList(40'000, u"a #57606A 40"_s)},
     };
