@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controller/commit_plan.h"
+#include "controller/git_branches.h"
 #include "controller/language_rules.h"
 #include "controller/language_shares.h"
 #include "controller/latest_turn.h"
@@ -117,6 +118,7 @@ public:
     /// the user chooses.
     QCoro::Task<> createArchiveZip();
 
+    GitBranches branches{*this};
     LanguageRules languageRules{*this};
     LanguageShares languageShares{*this};
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "model/git_branch.h"
 #include "model/prompt_field.h"
+#include "model/switch_target.h"
 
 #include <QCoroTask>
 #include <QList>
@@ -18,6 +20,15 @@ struct TerminalResult {
     enum class Outcome : std::uint8_t { opened, notFound, failed };
     Outcome outcome = Outcome::opened;
     QString errorDescription{}; ///< of a failure
+};
+
+/// The texts of the panel that asks for a new folder.
+struct NewFolderTexts {
+    QString title{};
+    QString message{};
+    QString button{};    ///< accepts
+    QString nameLabel{}; ///< of the field with the name
+    QString name{};      ///< offered
 };
 
 /// Everything the controller asks of the user and the desktop. The window implements it; tests script it.
@@ -39,6 +50,13 @@ public:
     /// Lets the user choose where to save a file (absolute path), with `name` offered and an existing file confirmed;
     /// nothing when cancelled. `button` accepts.
     virtual QCoro::Task<std::optional<QString>> chooseSaveFile(QString title, QString button, QString name) = 0;
+    /// Lets the user choose the place and the name of a folder that is to be created (absolute path), whatever stands
+    /// there; nothing when cancelled.
+    virtual QCoro::Task<std::optional<QString>> chooseNewFolder(NewFolderTexts texts) = 0;
+    /// Lets the user choose one of the branches, or type a name, which then counts as that of a local one; nothing when
+    /// cancelled or when neither was done. `currentBranchName` is marked and offered.
+    virtual QCoro::Task<std::optional<SwitchTarget>> chooseBranch(QList<GitBranch> branches,
+                                                                  std::optional<QString> currentBranchName) = 0;
     /// Opens the folder in the file manager; false when that failed.
     virtual QCoro::Task<bool> openInFileManager(QString directory) = 0;
     /// Opens a terminal in the folder.

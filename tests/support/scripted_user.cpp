@@ -37,6 +37,22 @@ QCoro::Task<std::optional<QString>> ScriptedUser::chooseSaveFile(QString title, 
     co_return answer;
 }
 
+QCoro::Task<std::optional<QString>> ScriptedUser::chooseNewFolder(NewFolderTexts texts) {
+    asked.append(u"new folder "_s + texts.title + u" ["_s + texts.button + u"]: "_s + texts.nameLabel + texts.name);
+    const auto answer = chosenNewFolder;
+    co_return answer;
+}
+
+QCoro::Task<std::optional<SwitchTarget>> ScriptedUser::chooseBranch(QList<GitBranch> branches,
+                                                                    std::optional<QString> currentBranchName) {
+    QStringList names;
+    for (const GitBranch &branch : std::as_const(branches))
+        names.append(branch.name);
+    asked.append(u"branch "_s + currentBranchName.value_or(u"(none)"_s) + u" of "_s + names.join(u", "_s));
+    const auto answer = chosenBranch;
+    co_return answer;
+}
+
 QCoro::Task<bool> ScriptedUser::openInFileManager(QString directory) {
     asked.append(u"file manager "_s + directory);
     co_return fileManagerWorks;

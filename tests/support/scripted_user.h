@@ -15,6 +15,8 @@ public:
     std::optional<QString> chosenDirectory{};
     std::optional<QString> chosenFile{};
     std::optional<QString> chosenSaveFile{};
+    std::optional<QString> chosenNewFolder{};
+    std::optional<SwitchTarget> chosenBranch{};
     bool fileManagerWorks = true;
     TerminalResult terminalResult{};
 
@@ -25,6 +27,9 @@ public:
     QCoro::Task<std::optional<QString>> chooseDirectory(QString title) override;
     QCoro::Task<std::optional<QString>> chooseFile(QString title, QString message = QString()) override;
     QCoro::Task<std::optional<QString>> chooseSaveFile(QString title, QString button, QString name) override;
+    QCoro::Task<std::optional<QString>> chooseNewFolder(NewFolderTexts texts) override;
+    QCoro::Task<std::optional<SwitchTarget>> chooseBranch(QList<GitBranch> branches,
+                                                          std::optional<QString> currentBranchName) override;
     QCoro::Task<bool> openInFileManager(QString directory) override;
     QCoro::Task<TerminalResult> openTerminal(QString directory) override;
 };

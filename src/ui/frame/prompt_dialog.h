@@ -23,8 +23,6 @@ public:
     QMap<QString, QString> texts() const;
 
 private:
-    QWidget *fieldRows(const QList<PromptField> &fields);
-    QWidget *buttons();
     void focusFirst();
 
     QList<std::pair<QString, QLineEdit *>> edits{};

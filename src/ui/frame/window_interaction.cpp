@@ -1,8 +1,10 @@
 #include "ui/frame/window_interaction.h"
 
+#include "ui/frame/branch_dialog.h"
 #include "ui/frame/desktop.h"
 #include "ui/frame/dialog_answer.h"
 #include "ui/frame/message_dialog.h"
+#include "ui/frame/new_folder_dialog.h"
 #include "ui/frame/prompt_dialog.h"
 
 #include <QCoroFuture>
@@ -74,6 +76,23 @@ QFuture<std::optional<QString>> askSaveFile(const QString &title, const QString 
     return chosenFile(dialog);
 }
 
+QFuture<std::optional<QString>> askNewFolder(const NewFolderTexts &texts, QWidget *window) {
+    auto *dialog = new NewFolderDialog(texts, window);
+    const auto accepted = [dialog] {
+        return std::optional(dialog->path());
+    };
+    return answerOf<std::optional<QString>>(dialog, accepted, std::nullopt);
+}
+
+QFuture<std::optional<SwitchTarget>> askBranch(const QList<GitBranch> &branches,
+                                               const std::optional<QString> &currentBranchName, QWidget *window) {
+    auto *dialog = new BranchDialog(branches, currentBranchName, window);
+    const auto accepted = [dialog] {
+        return dialog->target();
+    };
+    return answerOf<std::optional<SwitchTarget>>(dialog, accepted, std::nullopt);
+}
+
 } // namespace
 
 void WindowInteraction::setWindow(QWidget *askingWindow) {
@@ -120,6 +139,21 @@ QCoro::Task<std::optional<QString>> WindowInteraction::chooseSaveFile(QString ti
     if (!window)
         co_return std::nullopt;
     const QFuture<std::optional<QString>> answer = askSaveFile(title, button, name, window);
+    co_return co_await answer;
+}
+
+QCoro::Task<std::optional<QString>> WindowInteraction::chooseNewFolder(NewFolderTexts texts) {
+    if (!window)
+        co_return std::nullopt;
+    const QFuture<std::optional<QString>> answer = askNewFolder(texts, window);
+    co_return co_await answer;
+}
+
+QCoro::Task<std::optional<SwitchTarget>> WindowInteraction::chooseBranch(QList<GitBranch> branches,
+                                                                         std::optional<QString> currentBranchName) {
+    if (!bringToFront())
+        co_return std::nullopt;
+    const QFuture<std::optional<SwitchTarget>> answer = askBranch(branches, currentBranchName, window);
     co_return co_await answer;
 }
 

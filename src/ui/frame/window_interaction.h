@@ -19,6 +19,9 @@ public:
     QCoro::Task<std::optional<QString>> chooseDirectory(QString title) override;
     QCoro::Task<std::optional<QString>> chooseFile(QString title, QString message = QString()) override;
     QCoro::Task<std::optional<QString>> chooseSaveFile(QString title, QString button, QString name) override;
+    QCoro::Task<std::optional<QString>> chooseNewFolder(NewFolderTexts texts) override;
+    QCoro::Task<std::optional<SwitchTarget>> chooseBranch(QList<GitBranch> branches,
+                                                          std::optional<QString> currentBranchName) override;
     QCoro::Task<bool> openInFileManager(QString directory) override;
     QCoro::Task<TerminalResult> openTerminal(QString directory) override;
 

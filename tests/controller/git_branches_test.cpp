@@ -1,0 +1,213 @@
+#include "support/app_fixture.h"
+#include "support/printers.h"
+#include "support/repositories.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+namespace {
+
+using testing::AppFixture;
+using testing::awaited;
+using testing::GitFixture;
+using testing::SvnFixture;
+using testing::TempTree;
+
+/// As long as it lives, a `git` of before the subcommand `switch` is first on PATH.
+class OldGit {
+public:
+    OldGit() {
+        tree.write(u"git"_s, "#!/bin/sh\n"
+                             "if [ \"$1\" = switch ]; then\n"
+                             "  echo \"git: 'switch' is not a git command. See 'git --help'.\" >&2; exit 1\n"
+                             "fi\n"
+                             "exec /usr/bin/git \"$@\"\n");
+        QFile::setPermissions(tree.path(u"git"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        qputenv("PATH", QFile::encodeName(tree.path()) + ':' + before);
+    }
+    ~OldGit() { qputenv("PATH", before); }
+
+private:
+    TempTree tree{};
+    QByteArray before = qgetenv("PATH");
+};
+
+/// A clone ("clone" beside "wc") of a repository with the branches "main", "topic" and "feature/x", whose file a.txt
+/// holds the name of its branch.
+class ClonedBranches : public ::testing::Test {
+protected:
+    ClonedBranches() {
+        for (const QString &branch : {u"main"_s, u"topic"_s, u"feature/x"_s}) {
+            if (branch != u"main")
+                origin.git({u"switch"_s, u"-q"_s, u"-c"_s, branch});
+            origin.write(u"a.txt"_s, branch.toUtf8());
+            origin.commitAll(u"on "_s + branch);
+        }
+        origin.git({u"switch"_s, u"-q"_s, u"main"_s});
+        testing::runTool(u"git"_s, {u"clone"_s, u"-q"_s, origin.path(), path()}, origin.tree.path());
+        f.open(path(), RepositoryKind::git);
+    }
+    QString path() const { return origin.tree.path(u"clone"_s); }
+    QByteArray git(const QStringList &arguments) const { return testing::runTool(u"git"_s, arguments, path()); }
+    void switchTo(const SwitchTarget &target) {
+        f.app.alert = std::nullopt;
+        f.app.commandOutput = std::nullopt;
+        f.user.chosenBranch = target;
+        awaited(f.app.branches.switchGitBranch());
+    }
+    /// What the header shows, and the branch that the file is of.
+    QStringList shown() const {
+        return {f.app.repositoryInfo.value().workingRevision.value_or(QString()),
+                QString::fromUtf8(origin.tree.read(u"clone/a.txt"_s))};
+    }
+
+    GitFixture origin{};
+    AppFixture f{};
+};
+
+TEST(GitBranches, NeedAGitProject) {
+    AppFixture f;
+    awaited(f.app.branches.switchGitBranch());
+    EXPECT_EQ(f.alertText(), u"No Project Selected: Choose a project first."_s);
+    SvnFixture repository;
+    f.open(repository.path(), RepositoryKind::svn);
+    awaited(f.app.branches.switchGitBranch());
+    EXPECT_EQ(f.alertText(), u"Git Command Unavailable: This project is an SVN working copy."_s);
+    EXPECT_TRUE(f.user.asked.isEmpty());
+}
+
+TEST_F(ClonedBranches, AreOfferedWithoutThePointerOfTheRemoteAndCancelledQuietly) {
+    awaited(f.app.branches.switchGitBranch());
+    EXPECT_EQ(f.user.asked, QStringList(u"branch main of main, origin/feature/x, origin/main, origin/topic"_s));
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(f.app.commandOutput.value(), std::nullopt);
+    EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
+    git({u"switch"_s, u"-q"_s, u"--detach"_s});
+    awaited(f.app.branches.switchGitBranch());
+    EXPECT_TRUE(f.user.asked.last().startsWith(u"branch (none) of main, "_s)) << "a detached HEAD has none";
+}
+
+TEST_F(ClonedBranches, AreSwitchedToAndEverythingShownFollows) {
+    struct Row {
+        const char *name;
+        SwitchTarget target;
+        QString command; ///< of the output
+        QStringList shown;
+        QString says; ///< part of the output
+    };
+    const Row rows[] = {
+        {"a remote branch is tracked",
+         {u"origin/topic"_s, true},
+         u"switch --track origin/topic"_s,
+         {u"topic"_s, u"topic"_s},
+         u"set up to track"_s},
+        {"a local branch", {u"main"_s, false}, u"switch main"_s, {u"main"_s, u"main"_s}, u"up to date"_s},
+        {"a remote branch whose local one exists",
+         {u"origin/topic"_s, true},
+         u"switch topic"_s,
+         {u"topic"_s, u"topic"_s},
+         u"The local branch topic exists already"_s},
+        {"the current branch", {u"topic"_s, false}, u"switch topic"_s, {u"topic"_s, u"topic"_s}, u"Already on"_s},
+        {"a typed name that only the remote has",
+         {u"feature/x"_s, false},
+         u"switch feature/x"_s,
+         {u"feature/x"_s, u"feature/x"_s},
+         u"set up to track"_s},
+    };
+    f.app.selectedTab = WorkflowTab::history;
+    awaited(f.app.tabChanged());
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        switchTo(row.target);
+        EXPECT_EQ(f.alertText(), QString());
+        ASSERT_TRUE(f.app.commandOutput.value());
+        const CommandOutput output = *f.app.commandOutput.value();
+        EXPECT_EQ(output.title, u"Switch Branch"_s);
+        EXPECT_TRUE(output.commandLine.endsWith(u"git "_s + row.command)) << output.commandLine.toStdString();
+        EXPECT_TRUE((output.stdoutText + output.stderrText).contains(row.says)) << output.stdoutText.toStdString();
+        EXPECT_EQ(shown(), row.shown);
+        EXPECT_EQ(f.app.logEntries.value().first().message, u"on "_s + row.shown.first()) << "the visible tab";
+        EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
+    }
+}
+
+TEST_F(ClonedBranches, ThatATagOrAnotherRemoteNameResemblesAreTold) {
+    git({u"branch"_s, u"same"_s});
+    git({u"tag"_s, u"same"_s});
+    git({u"branch"_s, u"origin/topic"_s});
+    awaited(f.app.branches.switchGitBranch());
+    EXPECT_EQ(f.user.asked.last(), u"branch main of main, origin/topic, same, origin/feature/x, origin/main, "
+                                   "remotes/origin/topic"_s);
+    switchTo({u"same"_s, false});
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(QString::fromUtf8(git({u"symbolic-ref"_s, u"HEAD"_s})), u"refs/heads/same\n"_s);
+    switchTo({u"remotes/origin/topic"_s, true});
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(shown(), (QStringList{u"topic"_s, u"topic"_s}));
+}
+
+TEST_F(ClonedBranches, StayWhenTheSwitchFails) {
+    switchTo({u"none"_s, false});
+    EXPECT_EQ(f.alertText(), u"Switch Branch Failed: fatal: invalid reference: none\n"_s);
+    switchTo({u"--detach"_s, false});
+    EXPECT_EQ(f.alertText(), u"Switch Branch Failed: The name of a branch cannot begin with \"-\": --detach"_s);
+    origin.tree.write(u"clone/a.txt"_s, "mine");
+    switchTo({u"origin/topic"_s, true});
+    EXPECT_TRUE(f.alertText().startsWith(u"Switch Branch Failed: error: Your local changes"_s))
+        << f.alertText().toStdString();
+    EXPECT_EQ(shown(), (QStringList{u"main"_s, u"mine"_s}));
+    EXPECT_EQ(f.rows(), QStringList(u"*M a.txt"_s)) << "also what changed meanwhile is shown";
+}
+
+TEST_F(ClonedBranches, AreShownTrueWhenAHookFailsAfterTheSwitch) {
+    origin.tree.write(u"clone/.git/hooks/post-checkout"_s, "#!/bin/sh\necho no lfs >&2\nexit 2\n");
+    QFile::setPermissions(path() + u"/.git/hooks/post-checkout"_s, QFile::ReadOwner | QFile::ExeOwner);
+    switchTo({u"topic"_s, false});
+    EXPECT_TRUE(f.alertText().contains(u"no lfs"_s));
+    EXPECT_EQ(shown(), (QStringList{u"topic"_s, u"topic"_s}));
+}
+
+TEST_F(ClonedBranches, AreCheckedOutByAGitThatCannotSwitch) {
+    const OldGit old;
+    switchTo({u"origin/topic"_s, true});
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(shown(), (QStringList{u"topic"_s, u"topic"_s}));
+    EXPECT_TRUE(f.app.commandOutput.value()->commandLine.endsWith(u"git checkout --track origin/topic"_s));
+    switchTo({u"main"_s, false});
+    EXPECT_EQ(shown(), (QStringList{u"main"_s, u"main"_s}));
+    origin.tree.write(u"clone/a.txt"_s, "mine");
+    for (const QString &name : {u"a.txt"_s, u"*.txt"_s, u"."_s, u":/"_s}) {
+        switchTo({name, false});
+        EXPECT_TRUE(f.alertText().contains(u"is not a git command"_s)) << name.toStdString();
+        EXPECT_EQ(origin.tree.read(u"clone/a.txt"_s), "mine") << "no branch, and its changes are not lost";
+    }
+    switchTo({u"none"_s, false});
+    EXPECT_TRUE(f.alertText().contains(u"did not match"_s));
+}
+
+TEST(GitBranches, OfARepositoryWithoutCommitsAreNone) {
+    GitFixture repository;
+    AppFixture f;
+    f.open(repository.path(), RepositoryKind::git);
+    awaited(f.app.branches.switchGitBranch());
+    EXPECT_EQ(f.user.asked, QStringList(u"branch (none) of "_s));
+    EXPECT_EQ(f.alertText(), QString());
+}
+
+TEST(GitBranches, AreNotListedByAGitThatFails) {
+    GitFixture repository;
+    AppFixture f;
+    f.open(repository.path(), RepositoryKind::git);
+    repository.tree.write(u"wc/.git/HEAD"_s, "broken");
+    awaited(f.app.branches.switchGitBranch());
+    EXPECT_TRUE(f.alertText().startsWith(u"Switch Branch Failed: fatal: "_s));
+    EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
+    EXPECT_TRUE(f.user.asked.isEmpty());
+}
+
+} // namespace
+} // namespace kestor
