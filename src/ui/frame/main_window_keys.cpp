@@ -71,14 +71,14 @@ void MainWindow::findProject() {
 /// Gives the focus to the list of the page, or to what stands in its place.
 void MainWindow::focusContent() {
     QWidget *wanted = content->currentWidget() == firstRun ? firstRun : pages->currentWidget();
-    const ListTab *page = pages->current();
+    const TabPage *page = pages->current();
     if (page != nullptr && wanted == page)
         wanted = page->focusPanes().first();
     wanted->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::focusFilter() {
-    ListTab *page = pages->current();
+    TabPage *page = pages->current();
     if (page != nullptr && page->isVisible())
         page->focusFilter();
 }
@@ -90,7 +90,7 @@ void MainWindow::focusMessage() {
 
 void MainWindow::turnToPane(Turn turn) {
     QList<QWidget *> panes{sidebar->list()};
-    if (const ListTab *page = pages->current())
+    if (const TabPage *page = pages->current())
         panes += page->focusPanes();
     if (sheet != nullptr)
         panes += &sheet->text();

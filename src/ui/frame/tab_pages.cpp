@@ -71,8 +71,8 @@ void TabPages::prepare(ListTab &page) {
 
 void TabPages::shareListWidth(int width) {
     layout.listWidth = width;
-    for (const WorkflowTab tab : {WorkflowTab::changes, WorkflowTab::history}) {
-        auto *page = qobject_cast<ListTab *>(tabPages.value(tab));
+    for (const WorkflowTab tab : {WorkflowTab::changes, WorkflowTab::history, WorkflowTab::configuration}) {
+        auto *page = qobject_cast<TabPage *>(tabPages.value(tab));
         if (page != nullptr)
             page->setListWidth(width);
     }
@@ -100,8 +100,8 @@ void TabPages::shareForms(const FormChoices &choices) {
     }
 }
 
-ListTab *TabPages::current() const {
-    return qobject_cast<ListTab *>(currentWidget());
+TabPage *TabPages::current() const {
+    return qobject_cast<TabPage *>(currentWidget());
 }
 
 void TabPages::restore(const WindowState &saved) {

@@ -12,6 +12,7 @@ namespace kestor {
 class ChangesTab;
 class Commands;
 class ListTab;
+class TabPage;
 
 /// The pages of the five tabs, each made when it is first shown. They share the width of their lists, Archives apart,
 /// the text size of their diffs, and the choice of a preview or text.
@@ -24,7 +25,7 @@ public:
 
     ChangesTab &changes() const { return *changesTab; }
     /// The page that is shown; nullptr for one without a list.
-    ListTab *current() const;
+    TabPage *current() const;
 
     /// What of a window's state is about the pages.
     void restore(const WindowState &saved);

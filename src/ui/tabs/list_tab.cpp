@@ -3,13 +3,11 @@
 #include "ui/list/filter_field.h"
 #include "ui/list/filtered_list.h"
 #include "ui/list/row_list_view.h"
-#include "ui/look/line_splitter.h"
 #include "ui/preview/detail_pane.h"
 
 #include <QAction>
 #include <QKeyEvent>
 #include <QScopedValueRollback>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <chrono>
@@ -18,36 +16,21 @@ namespace kestor {
 
 namespace {
 
-constexpr int smallestList = 280;
-constexpr int smallestDetail = 400;
 /// Shorter work does not draw anything as held back.
 constexpr std::chrono::milliseconds holdTime{400};
 
 } // namespace
 
-ListTab::ListTab(AppState &state, QWidget *parent)
-    : QWidget(parent), app(state), parts(new LineSplitter(Qt::Horizontal, this)) {
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(parts);
+ListTab::ListTab(AppState &state, QWidget *parent) : TabPage(parent), app(state) {
     holding.setSingleShot(true);
     holding.setInterval(holdTime);
     connect(&holding, &QTimer::timeout, this, [this] { setAccess(TickAccess::held); });
-    connect(parts, &QSplitter::splitterMoved, this, [this] {
-        if (sharesListWidth())
-            emit listWidthChosen(parts->sizes().first());
-    });
     addKeys();
 }
 
 void ListTab::setParts(QWidget *column, FilteredList *filtered, QWidget *detail) {
     filteredList = filtered;
-    parts->addWidget(column);
-    parts->addWidget(detail);
-    parts->setStretchFactor(1, 1);
-    column->setMinimumWidth(smallestList);
-    detail->setMinimumWidth(smallestDetail);
-    ListTab::setListWidth(standardListWidth);
+    setColumns(column, detail);
     addList(filtered->list());
     connect(&filtered->filter(), &QLineEdit::textChanged, this, [this](const QString &text) {
         if (shownProject)
@@ -55,10 +38,6 @@ void ListTab::setParts(QWidget *column, FilteredList *filtered, QWidget *detail)
     });
     observers.watch(app.selectedProjectID, [this] { showProject(); });
     observers.watch(app.busyMessage, [this] { showBusy(); });
-}
-
-void ListTab::setListWidth(int width) {
-    parts->setSizes({width, smallestDetail});
 }
 
 void ListTab::addList(RowListView &list) {

@@ -4,12 +4,12 @@
 #include "ui/diff/text_selection.h"
 #include "ui/list/row_delegate.h"
 #include "ui/tabs/observers.h"
+#include "ui/tabs/tab_page.h"
 
 #include <QHash>
 #include <QList>
 #include <QTimer>
 #include <QUuid>
-#include <QWidget>
 
 #include <cstdint>
 #include <optional>
@@ -21,33 +21,23 @@ namespace kestor {
 class DetailPane;
 class DiffPane;
 class FilteredList;
-class LineSplitter;
 class RowListView;
 
-/// A tab with lists beside a detail, and what all such tabs have in common: the splitter, the filter text of each
-/// project, the keys that walk through the diff and on to the next row, Esc, and parts that are held while busy.
-class ListTab : public QWidget {
+/// A tab with lists beside a detail, and what all such tabs have in common: the filter text of each project, the keys
+/// that walk through the diff and on to the next row, Esc, and parts that are held while busy.
+class ListTab : public TabPage {
     Q_OBJECT
 
 public:
-    /// The widgets that take the focus in turn.
-    virtual QList<QWidget *> focusPanes() const = 0;
     /// nullptr for a tab that shows no diffs.
     DetailPane *detailPane() const { return details; }
     DiffPane *diffPane() const { return pane; }
 
-    /// The width of the column of lists.
-    virtual void setListWidth(int width);
-
-    void focusFilter();
+    void focusFilter() override;
     /// Of the project shown; kept per project, not saved.
     QString filterText() const;
     /// Clears the filter, else gives the focus to the list; false when there was nothing to do.
     bool escape();
-
-signals:
-    /// The user has moved the splitter, and other tabs with such lists are to follow.
-    void listWidthChosen(int width);
 
 protected:
     /// What a key walks through.
@@ -61,11 +51,7 @@ protected:
     void setDetailPane(DetailPane *shownPane);
     /// A list from which Return leads into the diff and Esc back.
     void addList(RowListView &list);
-    LineSplitter &splitter() { return *parts; }
 
-    static constexpr int standardListWidth = 400;
-    /// Whether the width that the user gives the lists now is for other tabs too.
-    virtual bool sharesListWidth() const { return true; }
     /// Whether the pane shows what is selected, and not what was before.
     virtual bool isDetailUpToDate() const { return true; }
     /// Chooses the next row when there is nothing more to walk through in this one; false when there is none.
@@ -86,7 +72,6 @@ private:
     void showProject();
     void showBusy();
 
-    LineSplitter *parts;
     FilteredList *filteredList = nullptr;
     DetailPane *details = nullptr;
     DiffPane *pane = nullptr; ///< of `details`
