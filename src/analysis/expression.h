@@ -1,7 +1,5 @@
 #pragma once
 
-#include "analysis/text_range.h"
-
 #include <QString>
 #include <QStringView>
 
@@ -12,6 +10,14 @@
 #include <vector>
 
 namespace kestor {
+
+/// A match, in UTF-16 units.
+struct TextRange {
+    qsizetype start = 0;
+    qsizetype length = 0;
+
+    friend bool operator==(const TextRange &, const TextRange &) = default;
+};
 
 /// What matching one line may cost, in steps of some nanoseconds.
 struct StepBudget {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/text_range.h"
+#include "analysis/expression.h"
 
 #include <QString>
 #include <QStringView>

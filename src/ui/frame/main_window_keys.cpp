@@ -93,7 +93,7 @@ void MainWindow::turnToPane(Turn turn) {
     if (const TabPage *page = pages->current())
         panes += page->focusPanes();
     if (sheet != nullptr)
-        panes += &sheet->text();
+        panes += &sheet->pane();
     if (QWidget *pane = nextPane(panes, focusWidget(), turn))
         pane->setFocus(Qt::ShortcutFocusReason);
 }

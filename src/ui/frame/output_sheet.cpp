@@ -2,6 +2,9 @@
 
 #include "ui/diff/plain_text_view.h"
 #include "ui/frame/icon_label.h"
+#include "ui/list/language_texts.h"
+#include "ui/list/language_view.h"
+#include "ui/list/row_list_view.h"
 #include "ui/look/bar.h"
 #include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
@@ -13,6 +16,7 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPainter>
+#include <QStackedLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -25,20 +29,25 @@ namespace {
 constexpr int edgeHeight = 2;
 
 QString printedText(const CommandOutput &output) {
+    if (output.languageDistribution)
+        return languagesText(*output.languageDistribution);
     const bool needsBreak = !output.stdoutText.isEmpty() && !output.stdoutText.endsWith(u'\n');
     return output.stdoutText + (needsBreak ? u"\n"_s : QString()) + output.stderrText;
 }
 
 } // namespace
 
-OutputSheet::OutputSheet(QWidget *parent) : QWidget(parent), view(new PlainTextView(this)) {
+OutputSheet::OutputSheet(QWidget *parent)
+    : QWidget(parent), view(new PlainTextView), languages(new LanguageView), stack(new QStackedLayout) {
     setMinimumHeight(leastHeight);
     view->setAccessibleName(u"Output"_s);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, edgeHeight, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(head());
-    layout->addWidget(view, 1);
+    layout->addLayout(stack, 1);
+    stack->addWidget(view);
+    stack->addWidget(languages);
     connect(view, &PlainTextView::leaveRequested, this, &OutputSheet::closeRequested);
 }
 
@@ -71,23 +80,49 @@ QWidget *OutputSheet::head() {
 }
 
 void OutputSheet::setOutput(const CommandOutput &shown) {
+    const bool hadFocus = pane().hasFocus();
     output = shown;
-    const bool succeeded = output.status == 0;
-    const Tone tone = succeeded ? Tone::success : Tone::failure;
     title->setText(output.title);
-    sign->setIcon(succeeded ? Icon::check : Icon::warning, tone);
-    status->setText(u"Exit status %1"_s.arg(output.status));
-    status->setTone(tone);
     commandLine->setText(output.commandLine);
-    setAccessibleName(u"%1, %2"_s.arg(output.title, status->text()));
-    view->setOutput(output.stdoutText, output.stderrText);
+    if (output.languageDistribution)
+        showLanguages();
+    else
+        showCommand();
+    if (hadFocus)
+        pane().setFocus(Qt::OtherFocusReason);
     update();
     QAccessibleEvent announcement(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&announcement);
 }
 
+void OutputSheet::showCommand() {
+    const bool succeeded = output.status == 0;
+    const Tone tone = succeeded ? Tone::success : Tone::failure;
+    sign->setIcon(succeeded ? Icon::check : Icon::warning, tone);
+    status->setText(u"Exit status %1"_s.arg(output.status));
+    status->setTone(tone);
+    sign->show();
+    status->show();
+    setAccessibleName(u"%1, %2"_s.arg(output.title, status->text()));
+    view->setOutput(output.stdoutText, output.stderrText);
+    stack->setCurrentWidget(view);
+}
+
+/// Nothing ran that could have succeeded or failed.
+void OutputSheet::showLanguages() {
+    sign->hide();
+    status->hide();
+    setAccessibleName(output.title);
+    languages->setShares(output.languageDistribution);
+    stack->setCurrentWidget(languages);
+}
+
+QWidget &OutputSheet::pane() {
+    return output.languageDistribution ? static_cast<QWidget &>(languages->list()) : *view;
+}
+
 int OutputSheet::wantedHeight() const {
-    return edgeHeight + barHeight + view->naturalHeight();
+    return edgeHeight + barHeight + (output.languageDistribution ? languages->naturalHeight() : view->naturalHeight());
 }
 
 void OutputSheet::copyAll() const {

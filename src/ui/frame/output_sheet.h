@@ -4,13 +4,17 @@
 
 #include <QWidget>
 
+class QStackedLayout;
+
 namespace kestor {
 
 class IconLabel;
+class LanguageView;
 class PlainTextView;
 class ToneLabel;
 
-/// What a command printed, below the page of the tab. It never takes the focus by itself.
+/// What a command printed, or the languages of a project, below the page of the tab. It never takes the focus by
+/// itself.
 class OutputSheet final : public QWidget {
     Q_OBJECT
 
@@ -21,7 +25,9 @@ public:
 
     void setOutput(const CommandOutput &output);
     PlainTextView &text() { return *view; }
-    /// With which all of the text would be seen.
+    /// What takes the focus: the text, or the rows of the languages.
+    QWidget &pane();
+    /// With which all of it would be seen.
     int wantedHeight() const;
 
 signals:
@@ -32,6 +38,8 @@ protected:
 
 private:
     QWidget *head();
+    void showCommand();
+    void showLanguages();
     void copyAll() const;
 
     CommandOutput output{};
@@ -40,6 +48,8 @@ private:
     ToneLabel *status = nullptr;
     ToneLabel *commandLine = nullptr;
     PlainTextView *view;
+    LanguageView *languages;
+    QStackedLayout *stack;
 };
 
 } // namespace kestor

@@ -3,6 +3,7 @@
 #include "ui/list/revision_columns.h"
 #include "ui/list/row_text_painter.h"
 #include "ui/look/metrics.h"
+#include "ui/look/swatch.h"
 
 #include <QAbstractScrollArea>
 #include <QPainter>
@@ -18,6 +19,8 @@ namespace {
 
 /// The label leaves rows that are narrower.
 constexpr int labelRowWidth = 340;
+/// What the share of a language takes at the end of its row.
+constexpr int shareWidth = 64;
 
 /// The square of a tick box or badge at `x` in the vertical middle of `line`.
 QRect squareAt(int x, const QRect &line) {
@@ -148,6 +151,18 @@ void RowDelegate::paintColumns(RowTextPainter &texts, const QFont &font, const Q
     texts.paintText(columns.message, row.message, font, RunRole::name);
     texts.paintText(columns.author, row.author, font, RunRole::folder);
     texts.paintText(columns.date, row.date, font, RunRole::folder);
+}
+
+void RowDelegate::paintRow(QPainter &painter, const QStyleOptionViewItem &option, const LanguageRow &row) const {
+    QRect line = option.rect;
+    line.setWidth(qMin(line.width(), languageRowWidth));
+    paintSwatch(painter, line.left() + paneEdge, line, row.color, theme);
+    QRect text = textArea(line, line.left() + paneEdge + swatchSide + gap);
+    RowTextPainter texts(painter, theme, rows.filter());
+    texts.paintAtRight(text, row.share, option.font, RunRole::name);
+    text.setRight(text.right() - shareWidth);
+    const int taken = texts.paintAtRight(text, row.size, option.font, RunRole::folder);
+    texts.paintText(text.adjusted(0, 0, -taken - gap, 0), row.name, option.font, RunRole::name);
 }
 
 } // namespace kestor

@@ -19,7 +19,10 @@ enum class TickAccess : std::uint8_t {
     held,     ///< read-only, and drawn so
 };
 
-/// Paints the rows of a RowModel: paths with tick box, badge and label, or revisions on one or two lines.
+/// Rows of languages are no wider, so that the eye finds from a name to its share.
+inline constexpr int languageRowWidth = 640;
+
+/// Paints the rows of a RowModel: paths with tick box, badge and label, revisions on one or two lines, or languages.
 class RowDelegate final : public QAbstractItemDelegate {
     Q_OBJECT
 
@@ -42,6 +45,7 @@ private:
     void paintBackground(QPainter &painter, const QStyleOptionViewItem &option) const;
     void paintRow(QPainter &painter, const QStyleOptionViewItem &option, const PathRow &row) const;
     void paintRow(QPainter &painter, const QStyleOptionViewItem &option, const RevisionRow &row) const;
+    void paintRow(QPainter &painter, const QStyleOptionViewItem &option, const LanguageRow &row) const;
     void paintTick(QPainter &painter, const QStyleOptionViewItem &option, const QRect &rect, Tick tick) const;
     /// Paints the label at the right end of `rect` and returns its width.
     int paintLabel(QPainter &painter, const QFont &font, const QRect &rect, const PathRow &row) const;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/list/language_row.h"
 #include "ui/list/list_filter.h"
 #include "ui/list/path_row.h"
 #include "ui/list/revision_row.h"
@@ -14,7 +15,7 @@
 namespace kestor {
 
 /// What a row says.
-using RowContent = std::variant<PathRow, RevisionRow>;
+using RowContent = std::variant<PathRow, RevisionRow, LanguageRow>;
 
 /// How the rows of a list are laid out.
 enum class RowShape : std::uint8_t {
