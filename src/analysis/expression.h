@@ -1,5 +1,7 @@
 #pragma once
 
+#include "analysis/text_range.h"
+
 #include <QString>
 #include <QStringView>
 
@@ -10,14 +12,6 @@
 #include <vector>
 
 namespace kestor {
-
-/// A match, in UTF-16 units.
-struct TextRange {
-    qsizetype start = 0;
-    qsizetype length = 0;
-
-    friend bool operator==(const TextRange &, const TextRange &) = default;
-};
 
 /// What matching one line may cost, in steps of some nanoseconds.
 struct StepBudget {

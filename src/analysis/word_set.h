@@ -1,6 +1,6 @@
 #pragma once
 
-#include "analysis/expression.h"
+#include "analysis/text_range.h"
 
 #include <QString>
 #include <QStringView>

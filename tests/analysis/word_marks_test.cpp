@@ -1,0 +1,120 @@
+#include "analysis/word_marks.h"
+#include "support/printers.h"
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// The line with its marks in brackets.
+QString marked(const QString &line, const std::vector<TextRange> &marks) {
+    QString result = line;
+    for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark)
+        result.insert(mark->end(), u']').insert(mark->start, u'[');
+    return result;
+}
+
+TEST(WordMarks, MarkWhatChanged) {
+    const struct Row {
+        const char *name;
+        QString removed;
+        QString added;
+        QString markedRemoved;
+        QString markedAdded;
+    } rows[] = {
+        {"one word", u"return a_1 < 5;"_s, u"return b < 5;"_s, u"return [a_1] < 5;"_s, u"return [b] < 5;"_s},
+        {"added words", u"f(int a) const"_s, u"f(int a, bool b)"_s, u"f(int a) [const]"_s, u"f(int a[, bool b])"_s},
+        {"signs and a word become one", u"if (n > 5) x"_s, u"if (n >= c_.max) x"_s, u"if (n > [5]) x"_s,
+         u"if (n >[= c_.max]) x"_s},
+        {"two signs join", u"a += b"_s, u"c += d"_s, u"[a += b]"_s, u"[c += d]"_s},
+        {"three signs do not", u"a(); b"_s, u"c(); d"_s, u"[a](); [b]"_s, u"[c](); [d]"_s},
+        {"a word between does not", u"a same b"_s, u"c same d"_s, u"[a] same [b]"_s, u"[c] same [d]"_s},
+        {"only added", u"// peer"_s, u"// the peer"_s, u"// peer"_s, u"// [the] peer"_s},
+        {"blanks only", u"\tx"_s, u"    x"_s, u"[\t]x"_s, u"[    ]x"_s},
+        {"blanks at the end", u"x"_s, u"x  "_s, u"x"_s, u"x[  ]"_s},
+        {"longer words hold lines together", u"x value y"_s, u"y value x"_s, u"[x] value [y]"_s, u"[y] value [x]"_s},
+        {"letters of all scripts", u"größe = é́"_s, u"größer = é"_s, u"[größe = é́]"_s, u"[größer = é]"_s},
+        {"whole characters", u"a 🚀 b"_s, u"a 🛰 b"_s, u"a [🚀] b"_s, u"a [🛰] b"_s},
+        {"the same", u"same"_s, u"same"_s, u"same"_s, u"same"_s},
+        {"empty", u""_s, u"x"_s, u""_s, u"[x]"_s},
+        {"repeated ends are not used twice", u"aa a"_s, u"aa a a"_s, u"aa a"_s, u"aa a [a]"_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const WordMarks marks = wordMarks(row.removed, row.added);
+        EXPECT_EQ(marked(row.removed, marks.removed), row.markedRemoved);
+        EXPECT_EQ(marked(row.added, marks.added), row.markedAdded);
+    }
+}
+
+TEST(WordMarks, AreBounded) {
+    const QString longest = QString(1999, u'a') + u'b';
+    EXPECT_EQ(wordMarks(longest, u"b"_s).removed, (std::vector<TextRange>{{0, 2000}}));
+    EXPECT_EQ(wordMarks(longest + u'b', u"b"_s), WordMarks());
+    QString many = u"begin "_s;
+    for (int i = 0; i < 150; ++i)
+        many += QString::number(i) + u'+';
+    QString reversed = many + u"y end"_s;
+    many += u"x end"_s;
+    for (int i = 0; i < 75; ++i)
+        reversed.replace(u"%1+"_s.arg(i), u"+%1"_s.arg(i));
+    const WordMarks marks = wordMarks(many, reversed);
+    ASSERT_EQ(marks.removed.size(), 1U);
+    EXPECT_EQ(marks.removed.front().start, 6);
+    EXPECT_EQ(marks.removed.front().end(), many.size() - 4);
+}
+
+using Lines = std::vector<QString>;
+using Pairs = std::vector<qsizetype>;
+
+Pairs pairs(const Lines &removed, const Lines &added) {
+    const std::vector<QStringView> removedViews(removed.begin(), removed.end());
+    const std::vector<QStringView> addedViews(added.begin(), added.end());
+    return pairedLines(removedViews, addedViews);
+}
+
+TEST(PairedLines, AreSimilarAndInOrder) {
+    const struct Row {
+        const char *name;
+        Lines removed;
+        Lines added;
+        Pairs expected;
+    } rows[] = {
+        {"one each", {u"return a < 5;"_s}, {u"return a < limit;"_s}, {0}},
+        {"exactly 0.4", {u"abcd xxxxxx"_s}, {u"abcd"_s}, {0}},
+        {"below 0.4", {u"abcd xxxxxxx"_s}, {u"abcd"_s}, {-1}},
+        {"blanks and signs do not count", {u"    (a);"_s}, {u"    (b);"_s}, {-1}},
+        {"no words", {u"});"_s}, {u"}}"_s}, {-1}},
+        {"a word counts as often as both have it", {u"ab ab ab ab ab"_s}, {u"ab"_s}, {-1}},
+        {"the most similar one", {u"int value = 1;"_s}, {u"int other = value;"_s, u"int value = 2;"_s}, {1}},
+        {"the first of equal ones", {u"if (ready(5))"_s}, {u"if (ready(x))"_s, u"y"_s, u"if (ready(x))"_s}, {0}},
+        {"no crossing", {u"alpha beta"_s, u"gamma delta"_s}, {u"gamma delta x"_s, u"alpha beta x"_s}, {-1, 0}},
+        {"more removed than added", {u"a"_s, u"return first;"_s, u"b"_s}, {u"return second;"_s}, {-1, 0, -1}},
+        {"two in order", {u"x one two"_s, u"y three four"_s}, {u"z one two"_s, u"new"_s, u"w three four"_s}, {0, 2}},
+        {"nothing added", {u"a"_s}, {}, {-1}},
+        {"long lines", {QString(2001, u'a'), u"same word"_s}, {QString(2001, u'a'), u"same word!"_s}, {-1, 1}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(pairs(row.removed, row.added), row.expected);
+    }
+}
+
+TEST(PairedLines, AreBounded) {
+    const auto lines = [](int count, const QString &text) {
+        Lines all;
+        for (int i = 0; i < count; ++i)
+            all.push_back(text + QString::number(i));
+        return all;
+    };
+    EXPECT_EQ(pairs(lines(100, u"some words "_s), lines(100, u"some words "_s)).back(), 99);
+    EXPECT_EQ(pairs(lines(100, u"some words "_s), lines(101, u"some words "_s)), Pairs(100, -1));
+    EXPECT_EQ(pairs(lines(100, u"a b c d e f "_s.repeated(160)), lines(100, u"a b c d e f "_s.repeated(160))),
+              Pairs(100, -1))
+        << "more words than are compared";
+}
+
+} // namespace
+} // namespace kestor
