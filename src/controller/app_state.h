@@ -7,6 +7,7 @@
 #include "controller/latest_turn.h"
 #include "controller/log_loading.h"
 #include "controller/repository_detection.h"
+#include "controller/repository_setup.h"
 #include "controller/revert_plan.h"
 #include "controller/status_rows.h"
 #include "controller/working_diff.h"
@@ -119,6 +120,7 @@ public:
     QCoro::Task<> createArchiveZip();
 
     GitBranches branches{*this};
+    RepositorySetup setup{*this};
     LanguageRules languageRules{*this};
     LanguageShares languageShares{*this};
 

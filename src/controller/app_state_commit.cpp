@@ -5,23 +5,11 @@
 #include "controller/path_command_run.h"
 
 #include <QCoroFuture>
-#include <QDir>
-#include <QFileInfo>
 #include <QtConcurrent>
 
 using namespace Qt::StringLiterals;
 
 namespace kestor {
-
-namespace {
-
-/// svn looks whether the message is the name of a file, relative to its working directory.
-MessageNamesFile messageNamesFile(const QString &message, const QString &directory) {
-    const bool names = !message.contains(u'\n') && QFileInfo::exists(QDir(directory).absoluteFilePath(message));
-    return names ? MessageNamesFile::yes : MessageNamesFile::no;
-}
-
-} // namespace
 
 QCoro::Task<> AppState::commitSelected() {
     const RunningOperations::Scope running(operations);

@@ -4,6 +4,9 @@
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
+#include <QDir>
+#include <QFileInfo>
+
 #include <algorithm>
 #include <optional>
 
@@ -77,6 +80,11 @@ QStringList svnCommitPaths(const CommitRequest &request) {
     QStringList sorted(paths.begin(), paths.end());
     sorted.sort();
     return sorted;
+}
+
+MessageNamesFile messageNamesFile(const QString &message, const QString &directory) {
+    const bool names = !message.contains(u'\n') && QFileInfo::exists(QDir(directory).absoluteFilePath(message));
+    return names ? MessageNamesFile::yes : MessageNamesFile::no;
 }
 
 CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageNamesFile) {

@@ -35,6 +35,9 @@ struct CommitPlan {
 /// Whether the message is taken for the name of an existing file, which svn refuses without being told otherwise.
 enum class MessageNamesFile : std::uint8_t { no, yes };
 
+/// What holds for `message` where svn runs in `directory`. Looks at the disk.
+MessageNamesFile messageNamesFile(const QString &message, const QString &directory);
+
 /// Missing rows are deleted and unversioned ones added first, neighbours in one run; then everything is committed, with
 /// the new folders on the way. A folder goes alone, without what its row does not tell of.
 CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageNamesFile);

@@ -1,0 +1,310 @@
+#include "support/app_fixture.h"
+#include "support/printers.h"
+#include "support/repositories.h"
+#include "support/svn_server.h"
+
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+namespace {
+
+using testing::AppFixture;
+using testing::awaited;
+using testing::GitFixture;
+using testing::runTool;
+using testing::SvnFixture;
+using testing::SvnServer;
+using testing::TempTree;
+
+QMap<QString, QString> typed(const QString &key, const QString &text) {
+    return {{key, text}};
+}
+
+/// A controller, a folder to work in, and what the user answers to the questions in turn.
+class Setup : public ::testing::Test {
+protected:
+    void checkOut(const QString &url, const QString &name) {
+        forget();
+        f.user.promptAnswers = {typed(u"url"_s, url), typed(u"name"_s, name)};
+        f.user.chosenDirectory = tree.path();
+        awaited(f.app.setup.checkoutRepository());
+    }
+    void importFrom(const QString &folder, const QString &url) {
+        forget();
+        f.user.chosenDirectory = folder;
+        f.user.promptAnswers = {QMap<QString, QString>{{u"url"_s, url}, {u"message"_s, u"größe"_s}}};
+        awaited(f.app.setup.importDirectory());
+    }
+    void exportTo(const QString &source, const QString &name) {
+        forget();
+        f.user.promptAnswers = {typed(u"source"_s, source), typed(u"name"_s, name)};
+        f.user.chosenDirectory = tree.path();
+        awaited(f.app.setup.exportRepository());
+    }
+    void create(const QString &name) {
+        forget();
+        f.user.chosenNewFolder = tree.path(name);
+        awaited(f.app.setup.createSVNRepository());
+    }
+    void forget() {
+        f.app.alert = std::nullopt;
+        f.app.commandOutput = std::nullopt;
+        f.user.asked.clear();
+    }
+    /// Files below a folder with their contents, and its folders.
+    QStringList contents(const QString &relative) const {
+        QStringList all;
+        for (const QString &entry : tree.entries(relative))
+            all.append(entry + u'=' + QString::fromUtf8(tree.read(relative + u'/' + entry)));
+        return all;
+    }
+    QString outputTitle() const { return f.app.commandOutput.value() ? f.app.commandOutput.value()->title : QString(); }
+    QString selectedPath() const { return f.app.selectedProject() ? f.app.selectedProject()->path : QString(); }
+
+    TempTree tree{};
+    AppFixture f{};
+};
+
+/// Files and folders whose names every layer has to pass on as they are.
+void writeOddTree(TempTree &tree, const QString &folder) {
+    tree.write(folder + u"/a.txt"_s, "one\n");
+    tree.write(folder + u"/größe/icon@2x.png"_s, "p");
+    tree.write(folder + u"/-dash"_s, "d");
+    tree.write(folder + u"/a b/100%.txt"_s, "h");
+    tree.makeDirectory(folder + u"/empty"_s);
+}
+
+TEST_F(Setup, CreatesARepositoryWithAWorkingCopyBeside) {
+    for (const QString &name : {u"Demo"_s, u"größe @2 #1"_s}) {
+        SCOPED_TRACE(name.toStdString());
+        create(name);
+        EXPECT_EQ(f.alertText(), QString());
+        EXPECT_EQ(f.user.asked,
+                  QStringList(u"new folder Create SVN Repository [Create]: Repository Name:NewRepository"_s));
+        ASSERT_TRUE(f.app.commandOutput.value());
+        EXPECT_EQ(f.app.commandOutput.value()->stdoutText, u"Created repository at "_s + tree.path(name) +
+                                                               u".repo\nCreated working copy at "_s + tree.path(name));
+        EXPECT_EQ(selectedPath(), tree.path(name));
+        EXPECT_EQ(f.app.selectedProject()->kind, RepositoryKind::svn);
+        tree.write(name + u"/new.txt"_s);
+        runTool(u"svn"_s, {u"add"_s, u"new.txt"_s}, tree.path(name));
+        runTool(u"svn"_s, {u"commit"_s, u"-m"_s, u"first"_s}, tree.path(name));
+    }
+}
+
+TEST_F(Setup, CreatesNothingWhereSomethingStands) {
+    const QStringList before = tree.entries();
+    awaited(f.app.setup.createSVNRepository());
+    f.user.chosenNewFolder = tree.path() + u'/';
+    awaited(f.app.setup.createSVNRepository());
+    EXPECT_EQ(f.alertText(), u"Repository Name Required: Choose a folder name for the new SVN repository."_s);
+    EXPECT_EQ(tree.entries(), before);
+    tree.makeDirectory(u"Demo"_s);
+    create(u"Demo"_s);
+    EXPECT_EQ(f.alertText(), u"Working Directory Already Exists: "_s + tree.path(u"Demo"_s) + u" already exists."_s);
+    tree.makeDirectory(u"Left.repo"_s);
+    create(u"Left"_s);
+    EXPECT_EQ(f.alertText(), u"Repository Already Exists: "_s + tree.path(u"Left.repo"_s) + u" already exists."_s);
+    create(u"none/Demo"_s);
+    EXPECT_TRUE(f.alertText().startsWith(u"Create SVN Repository Failed: "_s)) << f.alertText().toStdString();
+    EXPECT_EQ(tree.entries(), (QStringList{u"Demo/"_s, u"Left.repo/"_s}));
+    EXPECT_TRUE(f.app.projects.value().isEmpty());
+    EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
+}
+
+TEST_F(Setup, BringsATreeIntoARepositoryAndOutAgain) {
+    writeOddTree(tree, u"tree@1"_s);
+    runTool(u"svnadmin"_s, {u"create"_s, tree.path(u"my repo"_s)}, tree.path());
+    tree.write(u"my repo/conf/svnserve.conf"_s, "[general]\nanon-access = write\n");
+    const SvnServer server(tree.path());
+    const QStringList expected = contents(u"tree@1"_s);
+    const QString urls[] = {u"file://"_s + tree.path(u"my repo"_s) + u"/ä@b"_s, server.url(u"my%20repo/plain"_s)};
+    for (int round = 0; const QString &url : urls) {
+        SCOPED_TRACE(url.toStdString());
+        const QString number = QString::number(++round);
+        importFrom(tree.path(u"tree@1"_s), url);
+        EXPECT_EQ(f.alertText(), QString());
+        EXPECT_EQ(outputTitle(), u"Import"_s);
+        EXPECT_EQ(f.user.asked, (QStringList{u"directory Choose Directory To Import"_s,
+                                             u"prompt Import: Repository URL=, Message=Initial import"_s}));
+        checkOut(url, u"wc@"_s + number);
+        EXPECT_EQ(f.alertText(), QString());
+        EXPECT_EQ(outputTitle(), u"Checkout"_s);
+        EXPECT_EQ(selectedPath(), tree.path(u"wc@"_s + number));
+        EXPECT_EQ(contents(u"wc@"_s + number), expected);
+        exportTo(url, u"out@"_s + number);
+        EXPECT_EQ(f.alertText(), QString());
+        EXPECT_EQ(outputTitle(), u"Export"_s);
+        EXPECT_EQ(f.user.asked,
+                  (QStringList{u"prompt Export: URL Or Path="_s, u"directory Choose Export Destination Parent"_s,
+                               u"prompt Export Folder: Folder Name="_s}));
+        EXPECT_EQ(contents(u"out@"_s + number), expected);
+    }
+    exportTo(u"größe/icon@2x.png"_s, u"icon.png"_s);
+    EXPECT_EQ(tree.read(u"icon.png"_s), "p") << "a path of the selected project is a name";
+}
+
+TEST_F(Setup, ClonesAllBranchesAndTags) {
+    GitFixture origin;
+    writeOddTree(origin.tree, u"wc"_s);
+    origin.commitAll(u"first"_s);
+    origin.git({u"tag"_s, u"v1"_s});
+    origin.git({u"branch"_s, u"topic"_s});
+    runTool(u"git"_s, {u"clone"_s, u"-q"_s, u"--bare"_s, origin.path(), tree.path(u"ä b.git"_s)}, tree.path());
+    for (const QString &url :
+         {tree.path(u"ä b.git"_s), u"file://"_s + tree.path(u"ä b.git"_s), u"file://"_s + tree.path(u"ä%20b.git"_s)}) {
+        SCOPED_TRACE(url.toStdString());
+        const QString name = u"clone"_s + QString::number(f.app.projects.value().size());
+        checkOut(url, name);
+        EXPECT_EQ(f.alertText(), QString());
+        EXPECT_EQ(f.user.asked.last(), u"prompt Checkout Folder: Folder Name="_s + offeredFolderName(url));
+        EXPECT_EQ(f.app.selectedProject()->kind, RepositoryKind::git);
+        EXPECT_EQ(selectedPath(), tree.path(name));
+        EXPECT_EQ(tree.read(name + u"/größe/icon@2x.png"_s), "p");
+        const QByteArray names = runTool(u"git"_s, {u"for-each-ref"_s, u"--format=%(refname)"_s}, tree.path(name));
+        EXPECT_EQ(names, "refs/heads/main\nrefs/remotes/origin/HEAD\nrefs/remotes/origin/main\nrefs/remotes/origin/"
+                         "topic\nrefs/tags/v1\n");
+    }
+}
+
+TEST_F(Setup, RefusesBeforeAnyToolRuns) {
+    SvnFixture repository;
+    const QString url = u"file://"_s + repository.tree.path(u"repo/trunk"_s);
+    tree.write(u"taken/a"_s);
+    const QStringList before = tree.entries();
+    struct Row {
+        const char *name;
+        QString url;
+        QString folder;
+        QString alert; ///< its beginning
+    };
+    const Row rows[] = {
+        {"nothing typed", QString(), u"x"_s, QString()},
+        {"an option", u"--version"_s, u"x"_s, u"Invalid Address: An address cannot begin"_s},
+        {"a path of Windows", u"C:\\repos\\x"_s, u"x"_s, u"Invalid Address: C:\\repos\\x is a path as on Windows"_s},
+        {"no name", url, QString(), u"Folder Name Required: "_s},
+        {"a way out", url, u"../x"_s, u"Invalid Folder Name: "_s},
+        {"a folder with files", url, u"taken"_s,
+         u"Destination Already Exists: "_s + tree.path(u"taken"_s) + u" already exists."_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        checkOut(row.url, row.folder);
+        EXPECT_TRUE(row.alert.isEmpty() ? f.alertText().isEmpty() : f.alertText().startsWith(row.alert))
+            << f.alertText().toStdString();
+        exportTo(row.url, row.folder);
+        EXPECT_TRUE(row.alert.isEmpty() ? f.alertText().isEmpty() : f.alertText().startsWith(row.alert))
+            << f.alertText().toStdString();
+        EXPECT_EQ(f.app.commandOutput.value(), std::nullopt) << "a tool ran";
+    }
+    EXPECT_EQ(tree.entries(), before);
+    tree.makeDirectory(u"free"_s);
+    checkOut(url, u"free"_s);
+    EXPECT_EQ(selectedPath(), tree.path(u"free"_s)) << "an empty folder is taken";
+}
+
+TEST_F(Setup, OfAFailureTellsTheWordsOfTheTool) {
+    struct Row {
+        const char *name;
+        QString url;
+        QString words;
+    };
+    runTool(u"git"_s, {u"init"_s, u"-q"_s, u"--bare"_s, tree.path(u"r.git"_s)}, tree.path());
+    const Row rows[] = {
+        {"no repository", u"file://"_s + tree.path(u"none"_s), u"Unable to open repository"_s},
+        {"no URL", tree.path(u"none"_s), u"does not appear to be a URL"_s},
+        {"no server", u"svn://127.0.0.1:1/x"_s, u"Connection refused"_s},
+        {"no Git repository", tree.path(u"none.git"_s), u"does not exist"_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        checkOut(row.url, u"x"_s);
+        EXPECT_TRUE(f.alertText().startsWith(u"Checkout Failed: "_s) && f.alertText().contains(row.words))
+            << f.alertText().toStdString();
+        EXPECT_FALSE(f.alertText().contains(tree.path(u"x"_s)) && !tree.exists(u"x"_s)) << "nothing is left to name";
+        EXPECT_TRUE(f.app.projects.value().isEmpty());
+        EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
+    }
+}
+
+TEST_F(Setup, NamesWhatAFailedCheckoutLeft) {
+    SvnFixture repository;
+    repository.write(u"a.txt"_s);
+    repository.write(u"b.txt"_s);
+    repository.commitAll(u"two files"_s);
+    const QByteArray path = qgetenv("PATH");
+    // Checks everything out and then fails, as when the connection breaks; with "empty" it leaves a mere folder.
+    tree.write(u"bin/svn"_s, "#!/bin/sh\n"
+                             "[ \"$1\" = checkout ] || exec /usr/bin/svn \"$@\"\n"
+                             "case \"$3\" in *bare) mkdir \"$3\"; touch \"$3/part\";; *) /usr/bin/svn \"$@\";; esac\n"
+                             "echo 'svn: E170013: Connection lost' >&2; exit 1\n");
+    QFile::setPermissions(tree.path(u"bin/svn"_s), QFile::ReadOwner | QFile::ExeOwner);
+    qputenv("PATH", QFile::encodeName(tree.path(u"bin"_s)) + ':' + path);
+    const QString url = u"file://"_s + repository.tree.path(u"repo/trunk"_s);
+    checkOut(url, u"bare"_s);
+    EXPECT_EQ(f.alertText(), u"Checkout Failed: svn: E170013: Connection lost\nWhat was done until then is in "_s +
+                                 tree.path(u"bare"_s) + u'.');
+    EXPECT_TRUE(f.app.projects.value().isEmpty());
+    EXPECT_TRUE(tree.exists(u"bare/part"_s));
+    checkOut(url, u"usable"_s);
+    EXPECT_TRUE(f.alertText().contains(tree.path(u"usable"_s))) << f.alertText().toStdString();
+    EXPECT_EQ(selectedPath(), tree.path(u"usable"_s)) << "a working copy that can be cleaned up and updated";
+    qputenv("PATH", path);
+}
+
+TEST_F(Setup, OverwritesNoFileByAnExport) {
+    SvnFixture repository;
+    repository.write(u"a.txt"_s, "new\n");
+    repository.commitAll(u"first"_s);
+    tree.write(u"old.txt"_s, "old\n");
+    exportTo(repository.path(u"a.txt"_s), u"old.txt"_s);
+    EXPECT_TRUE(f.alertText().startsWith(u"Destination Already Exists"_s));
+    EXPECT_EQ(tree.read(u"old.txt"_s), "old\n");
+    exportTo(u"file://"_s + repository.tree.path(u"repo/none"_s), u"new"_s);
+    EXPECT_TRUE(f.alertText().startsWith(u"Export Failed: svn: "_s));
+}
+
+TEST_F(Setup, MakesRemoteDirectories) {
+    awaited(f.app.setup.makeRemoteDirectory());
+    EXPECT_EQ(f.alertText(), u"No Project Selected: Choose a project first."_s);
+    SvnFixture repository;
+    repository.write(u"a.txt"_s);
+    f.open(repository.path(), RepositoryKind::svn);
+    const QString url = u"file://"_s + repository.tree.path(u"repo/trunk"_s);
+    for (const QString &name : {u"plain"_s, u"a b@5"_s}) {
+        forget();
+        f.user.promptAnswer = QMap<QString, QString>{{u"url"_s, url + u'/' + name}, {u"message"_s, u"a.txt"_s}};
+        awaited(f.app.setup.makeRemoteDirectory());
+        EXPECT_EQ(f.alertText(), QString());
+        EXPECT_EQ(outputTitle(), u"Remote Directory"_s);
+        EXPECT_EQ(f.user.asked, QStringList(u"prompt Remote Directory: Repository URL="_s + url + u", Message="_s));
+    }
+    EXPECT_EQ(repository.svn({u"list"_s, url}), "a b@5/\nplain/\n");
+    forget();
+    f.user.promptAnswer = QMap<QString, QString>{{u"url"_s, url + u"/x"_s}, {u"message"_s, QString()}};
+    awaited(f.app.setup.makeRemoteDirectory());
+    EXPECT_EQ(f.app.commandOutput.value(), std::nullopt) << "a message is needed";
+}
+
+TEST_F(Setup, EndsQuietlyWhenAQuestionIsCancelled) {
+    f.user.promptAnswer = std::nullopt;
+    awaited(f.app.setup.checkoutRepository());
+    awaited(f.app.setup.exportRepository());
+    awaited(f.app.setup.importDirectory());
+    f.user.promptAnswers = {typed(u"url"_s, u"file:///x"_s)};
+    awaited(f.app.setup.checkoutRepository());
+    f.user.promptAnswers = {typed(u"url"_s, u"file:///x"_s)};
+    f.user.chosenDirectory = tree.path();
+    awaited(f.app.setup.checkoutRepository());
+    awaited(f.app.setup.importDirectory());
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(f.app.commandOutput.value(), std::nullopt);
+    EXPECT_TRUE(tree.entries().isEmpty());
+}
+
+} // namespace
+} // namespace kestor
