@@ -17,6 +17,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int signalStatusBase = 128;
+/// What a child that was told to end may need to clean up, in milliseconds.
+constexpr int cleanUpTime = 1000;
 
 SVNClientError couldNotLaunch(const QString &displayName, const QString &reason) {
     return SVNClientError::launchFailed(u"Could not launch %1: %2"_s.arg(displayName, reason));
@@ -47,8 +49,7 @@ QString launchObstacle(const ChildCommand &command) {
 class Child final : public QProcess, public Stoppable {
 public:
     explicit Child(const ChildCommand &command);
-    /// A running child was told to end by `stop` and gets the time to clean up: QProcess would kill it.
-    ~Child() override { setProcessState(NotRunning); }
+    ~Child() override;
     Q_DISABLE_COPY_MOVE(Child)
 
     void stop() override;
@@ -83,6 +84,14 @@ Child::Child(const ChildCommand &command) {
     setChildProcessModifier([] { ::setsid(); });
     connectSignals();
     start(ReadOnly);
+}
+
+/// A child that still runs was told to end by `stop`. svn never hears of that while it waits for a silent server.
+Child::~Child() {
+    const qint64 id = processId();
+    if (id > 0 && !waitForFinished(cleanUpTime))
+        ::kill(-static_cast<pid_t>(id), SIGKILL);
+    setProcessState(NotRunning); // QProcess would wait longer
 }
 
 void Child::connectSignals() {

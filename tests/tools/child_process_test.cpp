@@ -187,5 +187,15 @@ TEST(ChildProcess, StopEndsTheWaitBeforeItReturnsAndLetsChildrenCleanUp) {
     EXPECT_TRUE(waitUntil([&] { return hasEnded(tree.read(u"id"_s).trimmed().toInt()); }));
 }
 
+TEST(ChildProcess, StopAlsoEndsAChildThatDoesNotListen) {
+    TempTree tree;
+    QStringList failures;
+    ChildProcesses children;
+    noteFailure(&children, u"trap '' TERM; cd %1; echo $$ > id; sleep 60"_s.arg(tree.path()), &failures);
+    ASSERT_TRUE(waitUntil([&] { return tree.read(u"id"_s).endsWith('\n'); }));
+    children.stop();
+    EXPECT_TRUE(waitUntil([&] { return hasEnded(tree.read(u"id"_s).trimmed().toInt()); }));
+}
+
 } // namespace
 } // namespace kestor
