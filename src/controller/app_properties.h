@@ -64,14 +64,17 @@ struct AppProperties {
     QProperty<bool> archivesLoaded{false};       ///< a load has succeeded: no `archiveEntries` means an empty log
     QProperty<std::optional<qint64>> selectedArchiveEntryID{}; ///< a revision number
 
-    QProperty<QList<LogEntry>> incomingEntries{};
+    QProperty<QList<LogEntry>> incomingEntries{}; ///< newest first
+    QProperty<bool> incomingLoaded{false};        ///< a load has succeeded: no `incomingEntries` means nothing comes
     QProperty<std::optional<qint64>> selectedIncomingRevision{};
-    QProperty<LineChangeSummary> incomingLineSummary{};
-    QProperty<QString> incomingDiffText{};
-    QProperty<DiffPreview> incomingDiffPreview{};
+    QProperty<LineChangeSummary> incomingLineSummary{}; ///< follows the list later; zero until it is known
+    QProperty<QString> incomingDiffText{};              ///< as printed; "" when no revision is selected
+    QProperty<DiffPreview> incomingDiffPreview{};       ///< kind `empty`: the diff text alone is shown
+    /// The revision that `incomingDiffText` and `incomingDiffPreview` belong to; published after them.
+    QProperty<std::optional<qint64>> incomingDiffRevision{};
     QProperty<std::optional<qint64>> incomingBaseRevision{};
     QProperty<std::optional<qint64>> incomingHeadRevision{};
-    QProperty<QList<WorkingCopyItem>> incomingOutdatedItems{};
+    QProperty<QList<WorkingCopyItem>> incomingOutdatedItems{}; ///< sorted by path, those of externals too
 
     QProperty<QString> commitMessage{};
     QProperty<RepositoryInfo> repositoryInfo{};

@@ -2,6 +2,7 @@
 
 #include "controller/commit_plan.h"
 #include "controller/git_branches.h"
+#include "controller/incoming_changes.h"
 #include "controller/language_rules.h"
 #include "controller/language_shares.h"
 #include "controller/latest_turn.h"
@@ -119,6 +120,7 @@ public:
     /// the user chooses.
     QCoro::Task<> createArchiveZip();
 
+    IncomingChanges incoming{*this};
     GitBranches branches{*this};
     RepositorySetup setup{*this};
     LanguageRules languageRules{*this};

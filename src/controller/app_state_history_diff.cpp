@@ -2,6 +2,7 @@
 #include "controller/file_versions.h"
 #include "controller/history_diff.h"
 #include "controller/media_preview.h"
+#include "controller/printed_diff.h"
 
 #include <QCoroFuture>
 #include <QtConcurrent>
@@ -11,21 +12,6 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 
 namespace {
-
-/// The contents of a file before and after a revision, as far as there are such.
-struct FileContents {
-    std::optional<QByteArray> before{};
-    std::optional<QByteArray> after{};
-};
-
-QCoro::Task<FileContents> svnContents(std::shared_ptr<Tool> svn, Project project, SvnVersions versions) {
-    FileContents contents;
-    if (versions.before)
-        contents.before = co_await svnContent(svn, project, versions.before->source, versions.before->revision);
-    if (versions.after)
-        contents.after = co_await svnContent(svn, project, versions.after->source, versions.after->revision);
-    co_return contents;
-}
 
 QCoro::Task<FileContents> gitContents(std::shared_ptr<Tool> git, Project project, QString path, GitVersions versions) {
     FileContents contents;
@@ -86,17 +72,7 @@ QCoro::Task<LoadedDiff> AppState::historyDiffOf(Project project, QString path, F
 
 QCoro::Task<LoadedDiff> AppState::printedHistoryDiffOf(Project project, QString path, FileHistoryRevision revision) {
     const QStringList arguments = historyDiffArguments(project, repositoryInfo, path, revision);
-    const std::shared_ptr<Tool> tool = toolFor(project.kind);
-    SVNCommandResult result;
-    try {
-        result = co_await tool->run(arguments, project.path, CheckStatus::no, RunPurpose::backgroundRead);
-    } catch (const SVNClientError &) {
-        // No diff is no reason for an alert on every row.
-    }
-    const auto decode = [path, result] {
-        return loadedDiff(path, result.stdoutData, result.stderrData);
-    };
-    co_return co_await QtConcurrent::run(&workers, decode);
+    co_return co_await printedDiff(toolFor(project.kind), project, arguments, path, &workers);
 }
 
 QCoro::Task<std::optional<DiffPreview>> AppState::richDiffPreviewForHistoryRevision(Project project, QString path,

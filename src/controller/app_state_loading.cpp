@@ -35,6 +35,8 @@ QCoro::Task<> AppState::tabChanged() {
         return loadHistory();
     if (tab == WorkflowTab::archives && (archivesNeedsReload() || archiveEntries.value().isEmpty()))
         return loadArchives();
+    if (tab == WorkflowTab::incoming && (incoming.incomingNeedsReload() || incomingEntries.value().isEmpty()))
+        return incoming.loadIncoming();
     if (tab == WorkflowTab::configuration)
         return languageShares.load();
     return nothing();
@@ -79,8 +81,9 @@ QCoro::Task<> AppState::loadLogOf(WorkflowTab tab) {
         return loadHistory();
     case WorkflowTab::archives:
         return loadArchives();
-    case WorkflowTab::changes:
     case WorkflowTab::incoming:
+        return incoming.loadIncoming();
+    case WorkflowTab::changes:
     case WorkflowTab::configuration:
         break;
     }

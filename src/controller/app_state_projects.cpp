@@ -128,14 +128,7 @@ void AppState::resetProjectState() {
     publishDiff(std::nullopt, LoadedDiff());
     resetHistory();
     resetArchives();
-    incomingEntries = QList<LogEntry>();
-    selectedIncomingRevision = std::nullopt;
-    incomingLineSummary = LineChangeSummary();
-    incomingDiffText = QString();
-    incomingDiffPreview = DiffPreview();
-    incomingBaseRevision = std::nullopt;
-    incomingHeadRevision = std::nullopt;
-    incomingOutdatedItems = QList<WorkingCopyItem>();
+    incoming.clearIncoming();
     repositoryInfo = RepositoryInfo();
     languageShares.reset();
 }

@@ -34,4 +34,13 @@ QCoro::Task<std::optional<QByteArray>> svnContent(std::shared_ptr<Tool> svn, Pro
     return printedContent(svn, project, args(u"cat", u"-r", QString::number(revision), source));
 }
 
+QCoro::Task<FileContents> svnContents(std::shared_ptr<Tool> svn, Project project, SvnVersions versions) {
+    FileContents contents;
+    if (versions.before)
+        contents.before = co_await svnContent(svn, project, versions.before->source, versions.before->revision);
+    if (versions.after)
+        contents.after = co_await svnContent(svn, project, versions.after->source, versions.after->revision);
+    co_return contents;
+}
+
 } // namespace kestor

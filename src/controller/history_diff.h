@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controller/file_versions.h"
 #include "model/file_history.h"
 #include "model/line_change_summary.h"
 #include "model/log_entry.h"
@@ -22,22 +23,6 @@ QString svnHistoryTarget(const RepositoryInfo &info, const QString &path, const 
 /// The vector that prints what a revision changed in a file.
 QStringList historyDiffArguments(const Project &project, const RepositoryInfo &info, const QString &path,
                                  const FileHistoryRevision &revision);
-
-/// One version of a file as svnContent takes it.
-struct SvnVersion {
-    QString source{};
-    qint64 revision = 0;
-
-    friend bool operator==(const SvnVersion &, const SvnVersion &) = default;
-};
-
-/// The versions of a file before and after a revision, as far as there are such.
-struct SvnVersions {
-    std::optional<SvnVersion> before{};
-    std::optional<SvnVersion> after{};
-
-    friend bool operator==(const SvnVersions &, const SvnVersions &) = default;
-};
 
 /// A file that `action` adds has no version before it, one that it deletes none after it.
 SvnVersions svnVersions(const RepositoryInfo &info, const QString &path, const FileHistoryRevision &revision);

@@ -1,0 +1,169 @@
+#include "controller/incoming_changes.h"
+
+#include "parsers/line_changes.h"
+#include "tools/arguments.h"
+
+#include <QCoroFuture>
+#include <QtConcurrent>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+namespace {
+
+const LogEntry *entryOf(const QList<LogEntry> &entries, std::optional<qint64> revision) {
+    const auto found = std::find_if(entries.begin(), entries.end(),
+                                    [revision](const LogEntry &entry) { return entry.revision == revision; });
+    return found == entries.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+QCoro::Task<> IncomingChanges::refreshIncoming() {
+    const RunningOperations::Scope running(workspace.operations);
+    co_await workspace.refreshSelectedProjectKind();
+    co_await workspace.loadInfo();
+    co_await loadIncoming();
+}
+
+QCoro::Task<> IncomingChanges::loadIncoming() {
+    const RunningOperations::Scope running(workspace.operations);
+    const std::optional<Project> project = workspace.selectedProject();
+    if (!project || project->kind == RepositoryKind::git) {
+        clearIncoming();
+        co_return;
+    }
+    const quint64 number = ++generation;
+    const std::function<bool()> isRelevant = [this, project, number] {
+        return workspace.isCurrent(*project, number, generation);
+    };
+    co_await workspace.reporting(u"Incoming Failed"_s, load(*project, number), isRelevant);
+}
+
+QCoro::Task<> IncomingChanges::load(Project project, quint64 number) {
+    const quint64 changesBefore = workspace.repositoryChanges;
+    IncomingStatus loaded;
+    {
+        const BusyScope loading(workspace.busy, u"Loading incoming"_s, BusyKind::load);
+        loaded = co_await loadedStatus(project);
+        QList<LogEntry> entries;
+        if (workspace.isCurrent(project, number, generation) && !loaded.range.isEmpty())
+            entries = co_await loadedEntries(project, loaded.range);
+        if (!workspace.isCurrent(project, number, generation))
+            co_return;
+        // All at once: after a failure everything is as it was.
+        publish(loaded, entries);
+        loadedAt = changesBefore;
+    }
+    const QCoro::Task<> summary = loadLineSummary(project, loaded);
+    co_await loadDiffForSelectedIncomingRevision();
+    co_await summary;
+}
+
+QCoro::Task<QByteArray> IncomingChanges::printed(Project project, QStringList arguments) {
+    const RunningOperations::Scope running(workspace.operations);
+    const std::shared_ptr<Tool> svn = workspace.toolFor(project.kind);
+    const SVNCommandResult result =
+        co_await svn->run(arguments, project.path, CheckStatus::yes, RunPurpose::backgroundRead);
+    co_return result.stdoutData;
+}
+
+QCoro::Task<IncomingStatus> IncomingChanges::loadedStatus(Project project) {
+    const QCoro::Task<QByteArray> infoRun = printed(project, args(u"info", u"--xml"));
+    const QCoro::Task<QByteArray> statusRun = printed(project, args(u"status", u"--xml", u"-u"));
+    const QByteArray printedInfo = co_await infoRun;
+    const QByteArray printedStatus = co_await statusRun;
+    const auto read = [printedInfo, printedStatus] {
+        return incomingStatus(printedInfo, printedStatus);
+    };
+    co_return co_await QtConcurrent::run(&workspace.workers, read);
+}
+
+QCoro::Task<QList<LogEntry>> IncomingChanges::loadedEntries(Project project, IncomingRange range) {
+    const QByteArray log = co_await printed(project, incomingLogArguments(range));
+    const QList<LogEntry> known = workspace.incomingEntries;
+    const auto read = [log, range, known] {
+        return incomingEntriesOf(log, range, known);
+    };
+    co_return co_await QtConcurrent::run(&workspace.workers, read);
+}
+
+void IncomingChanges::publish(const IncomingStatus &loaded, const QList<LogEntry> &entries) {
+    const QList<LogEntry> before = workspace.incomingEntries;
+    info = loaded.info;
+    workspace.incomingBaseRevision = loaded.range.base;
+    workspace.incomingHeadRevision = loaded.range.head;
+    workspace.incomingOutdatedItems = loaded.outdatedItems;
+    workspace.incomingEntries = entries;
+    workspace.incomingLoaded = true;
+    if (entryOf(entries, workspace.selectedIncomingRevision) == nullptr)
+        workspace.selectedIncomingRevision = entries.isEmpty() ? std::nullopt : std::optional(entries.first().revision);
+    workspace.release(before);
+}
+
+QCoro::Task<> IncomingChanges::loadLineSummary(Project project, IncomingStatus loaded) {
+    const RunningOperations::Scope running(workspace.operations);
+    const QStringList arguments =
+        loaded.range.isEmpty() ? QStringList() : incomingSummaryArguments(loaded.info, loaded.range);
+    // What lies between two revisions never changes.
+    if (arguments == summarizedArguments)
+        co_return;
+    summarizedArguments = arguments;
+    workspace.incomingLineSummary = LineChangeSummary();
+    if (arguments.isEmpty())
+        co_return;
+    std::optional<LineChangeSummary> summary;
+    try {
+        summary = co_await lineSummaryForIncomingRange(project, arguments);
+    } catch (const SVNClientError &) {
+        // The zero summary says that nothing is known; the next load asks again.
+    }
+    if (summarizedArguments != arguments)
+        co_return;
+    if (summary)
+        workspace.incomingLineSummary = *summary;
+    else
+        summarizedArguments.clear();
+}
+
+QCoro::Task<LineChangeSummary> IncomingChanges::lineSummaryForIncomingRange(Project project, QStringList arguments) {
+    const QByteArray diff = co_await printed(project, arguments);
+    const auto count = [diff] {
+        return diffLineChanges(diff);
+    };
+    workspace.release(diff);
+    co_return co_await QtConcurrent::run(&workspace.workers, count);
+}
+
+void IncomingChanges::clearIncoming() {
+    ++generation;
+    ++diffGeneration;
+    diffTurn = newDiffTurn();
+    loadedAt = workspace.repositoryChanges;
+    summarizedArguments.clear();
+    workspace.incomingLineSummary = LineChangeSummary();
+    const QList<LogEntry> before = workspace.incomingEntries;
+    info = RepositoryInfo();
+    workspace.incomingBaseRevision = std::nullopt;
+    workspace.incomingHeadRevision = std::nullopt;
+    workspace.incomingOutdatedItems = QList<WorkingCopyItem>();
+    workspace.incomingEntries = QList<LogEntry>();
+    workspace.incomingLoaded = false;
+    workspace.selectedIncomingRevision = std::nullopt;
+    publishDiff(std::nullopt, LoadedDiff());
+    workspace.release(before);
+}
+
+std::optional<LogEntry> IncomingChanges::selectedIncomingLogEntry() const {
+    const LogEntry *const entry = entryOf(workspace.incomingEntries, workspace.selectedIncomingRevision);
+    return entry == nullptr ? std::nullopt : std::optional(*entry);
+}
+
+std::optional<QString> IncomingChanges::incomingRangeDescription() const {
+    return rangeDescription({workspace.incomingBaseRevision, workspace.incomingHeadRevision});
+}
+
+} // namespace kestor
