@@ -70,6 +70,7 @@ QCoro::Task<> AppState::reloadEverything(RunPurpose purpose, WorkflowTab tab) {
     const QCoro::Task<> status = loadStatus(purpose);
     const QCoro::Task<> shares = languageShares.reload();
     co_await loadInfo();
+    incoming.dropWhatArrived();
     co_await loadLogOf(tab);
     co_await status;
     co_await shares;

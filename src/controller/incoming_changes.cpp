@@ -157,6 +157,13 @@ void IncomingChanges::clearIncoming() {
     workspace.release(before);
 }
 
+void IncomingChanges::dropWhatArrived() {
+    const std::optional<qint64> revision = workingRevision(workspace.repositoryInfo);
+    const bool isShown = workspace.selectedTab.value() == WorkflowTab::incoming;
+    if (!isShown && !workspace.incomingEntries.value().isEmpty() && revision >= workspace.incomingHeadRevision.value())
+        clearIncoming();
+}
+
 std::optional<LogEntry> IncomingChanges::selectedIncomingLogEntry() const {
     const LogEntry *const entry = entryOf(workspace.incomingEntries, workspace.selectedIncomingRevision);
     return entry == nullptr ? std::nullopt : std::optional(*entry);

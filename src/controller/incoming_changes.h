@@ -31,6 +31,9 @@ public:
     QCoro::Task<> refreshIncoming();
     /// Empties everything that is incoming.
     void clearIncoming();
+    /// To be called when `repositoryInfo` was loaded: empties everything when the working copy has reached the head
+    /// that was incoming, so that the number on the tab is true before the tab is shown again.
+    void dropWhatArrived();
     /// To be called whenever the user selects another revision: loads its diff.
     QCoro::Task<> selectedIncomingRevisionChanged();
 

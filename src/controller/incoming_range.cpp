@@ -57,13 +57,17 @@ std::optional<QString> rangeDescription(const IncomingRange &range) {
     return u'r' + QString::number(*range.base) + u" to r"_s + QString::number(*range.head);
 }
 
+std::optional<qint64> workingRevision(const RepositoryInfo &info) {
+    return revisionOf(info.workingRevision);
+}
+
 IncomingStatus incomingStatus(const QByteArray &printedInfo, const QByteArray &printedStatus) {
     IncomingStatus status;
     const RemoteStatus remote = parsedOutput<RemoteStatusParser>(printedStatus);
     status.info = parsedOutput<InfoParser>(printedInfo);
     status.range.base = smallestRevision(remote.items, externalFolders(printedStatus));
     if (!status.range.base)
-        status.range.base = revisionOf(status.info.workingRevision);
+        status.range.base = workingRevision(status.info);
     status.range.head = remote.repositoryRevision;
     status.outdatedItems = remote.items;
     return status;

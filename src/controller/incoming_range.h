@@ -27,6 +27,9 @@ struct IncomingRange {
 /// "r10 to r15"; nothing when one of both is unknown.
 std::optional<QString> rangeDescription(const IncomingRange &range);
 
+/// The revision of a working copy's folder; nothing when it is not known.
+std::optional<qint64> workingRevision(const RepositoryInfo &info);
+
 /// What a working copy and its repository say of each other.
 struct IncomingStatus {
     RepositoryInfo info{};

@@ -75,6 +75,24 @@ TEST(Incoming, IsTrueAfterAnUpdateWithoutARestart) {
     EXPECT_TRUE(f.rows().contains(u"C a.c"_s)) << f.rows().join(u' ').toStdString();
 }
 
+TEST(Incoming, CountsNothingThatAnUpdateOnAnotherTabHasBrought) {
+    const BusyColleague repository;
+    IncomingFixture f;
+    f.open(repository.path(), RepositoryKind::svn);
+    f.app.selectedTab = WorkflowTab::changes;
+    const auto update = [&f](const QString &revision) {
+        awaited(f.app.runSelectedProjectCommand(u"Update"_s, {u"update"_s, u"-r"_s, revision}, RefreshAfter::yes,
+                                                ShowOutput::always));
+    };
+    update(u"4"_s);
+    EXPECT_EQ(f.range(), u"r2 to r5: [5] 4 3"_s) << "some of it is still to come";
+    update(u"5"_s);
+    EXPECT_EQ(f.range(), u"-: "_s);
+    f.app.selectedTab = WorkflowTab::incoming;
+    awaited(f.app.tabChanged());
+    EXPECT_EQ(f.range(), u"r5 to r5: "_s);
+}
+
 TEST(Incoming, LoadsAgainWhenItIsShownAfterACommandOrHasNothing) {
     SharedRepository repository;
     IncomingFixture f;
