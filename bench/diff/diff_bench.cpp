@@ -71,7 +71,45 @@ Pause longestTurns(QScrollBar &bar, Condition ended) {
     return longest;
 }
 
+/// 60 lines of C++, every second pair of them changed words.
+QString changedSource() {
+    QString text = u"Index: src/a.cpp\n--- src/a.cpp\n+++ src/a.cpp\n@@ -1,4000 +1,4000 @@ class Sample {\n"_s;
+    for (int i = 0; i < 1000; ++i) {
+        text += u"     /// What item %1 has, or nothing for \"none\"; see itemsOf().\n"_s.arg(i);
+        text +=
+            u"-    static const QString *findItem%1(const QList<Item> &items, int %1, bool strict = true);\n"_s.arg(i);
+        text +=
+            u"+    static const QString *itemAt%1(const QList<Item> &items, qint64 %1, bool strict = false);\n"_s.arg(
+                i);
+        text += u"     for (int line = 0; line < %1 && !text.isEmpty(); ++line) return u\"x%1\"_s; // %1\n"_s.arg(i);
+    }
+    return text;
+}
+
+/// Spans and word marks are made anew for each screen, which no one has seen before.
+void measureScreens() {
+    DiffPane pane;
+    pane.resize(1000, 40 + 60 * 20);
+    pane.show();
+    pane.showDiff(subjectOf(u"src/a.cpp"_s), changedSource());
+    QCoreApplication::processEvents();
+    QScrollBar &bar = *pane.diffView().verticalScrollBar();
+    double worst = 0;
+    double sum = 0;
+    constexpr int screens = 40;
+    for (int i = 0; i < screens; ++i) {
+        bar.setValue(bar.value() + 60 * 20);
+        const double used = ownMilliseconds();
+        pane.diffView().viewport()->repaint();
+        worst = std::max(worst, ownMilliseconds() - used);
+        sum += ownMilliseconds() - used;
+    }
+    report("a screen of 60 lines with spans and word marks", sum / screens, "ms", 4);
+    report("  the slowest of 40", worst, "ms", 4);
+}
+
 void run() {
+    measureScreens();
     DiffPane pane;
     pane.resize(900, 700);
     pane.show();

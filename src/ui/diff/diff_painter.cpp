@@ -1,5 +1,6 @@
 #include "ui/diff/diff_painter.h"
 
+#include "ui/diff/colored_parts.h"
 #include "ui/diff/file_head_painter.h"
 #include "ui/look/metrics.h"
 
@@ -12,23 +13,23 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The colors of a line.
-struct LineLook {
-    QColor background, gutter, marker;
+struct LineColors {
+    QColor background, gutter, marker, mark;
     QString sign{};
 };
 
-LineLook lineLook(DiffLineKind kind, const Theme &theme) {
+LineColors lineColors(DiffLineKind kind, const Theme &theme) {
     switch (kind) {
     case DiffLineKind::addition:
-        return {theme.addLine, theme.addGutter, theme.addText, u"+"_s};
+        return {theme.addLine, theme.addGutter, theme.addText, theme.addWord, u"+"_s};
     case DiffLineKind::deletion:
-        return {theme.delLine, theme.delGutter, theme.delText, u"−"_s};
+        return {theme.delLine, theme.delGutter, theme.delText, theme.delWord, u"−"_s};
     case DiffLineKind::context:
     case DiffLineKind::hunk:
     case DiffLineKind::note:
         break;
     }
-    return {theme.base, theme.gutter, theme.muted};
+    return {theme.base, theme.gutter, theme.muted, theme.base};
 }
 
 /// Paints the rows of one scene; `area` is always the row in the viewport.
@@ -119,14 +120,17 @@ private:
     void paintDiffLine(const DiffRow &row, const QRect &area) {
         const DiffHunk &hunk = scene.rows.hunk(row.hunk);
         const DiffLine line = hunk.line(row.line - hunk.firstLine);
-        const LineLook look = lineLook(line.kind, theme);
+        const LineColors look = lineColors(line.kind, theme);
         painter.fillRect(area, look.background);
         paintGutters(line, look, area);
+        const LineLook *own = scene.looks.find(row.line);
         const bool isNote = line.kind == DiffLineKind::note;
-        paintText(row.line, line.text, area, isNote ? metrics.note : metrics.text, isNote ? theme.muted : theme.text);
+        const TextLook textLook{isNote ? metrics.note : metrics.text, isNote ? theme.muted : theme.text,
+                                own ? *own : LineLook(), look.background, look.mark};
+        paintText(row.line, line.text, area, textLook);
     }
 
-    void paintGutters(const DiffLine &line, const LineLook &look, const QRect &area) {
+    void paintGutters(const DiffLine &line, const LineColors &look, const QRect &area) {
         const int width = metrics.gutterWidth;
         const QRect oldArea(area.left(), area.top(), width, area.height());
         const QRect newArea = oldArea.translated(width, 0);
@@ -150,13 +154,13 @@ private:
 
     void paintPlainLine(qint64 line, const QRect &area) {
         const QStringView text = scene.document.lineText(line);
-        painter.fillRect(area, lineLook(signOf(text), theme).background);
+        painter.fillRect(area, lineColors(signOf(text), theme).background);
         if (scene.document.isError(line))
             paintErrorBar(area);
         if (line == scene.document.errorHeading)
-            paintText(line, text, area, metrics.errorHeading, theme.muted);
+            paintText(line, text, area, {metrics.errorHeading, theme.muted});
         else
-            paintText(line, text, area, metrics.text, theme.text);
+            paintText(line, text, area, {metrics.text, theme.text});
     }
 
     DiffLineKind signOf(QStringView text) const {
@@ -172,17 +176,46 @@ private:
         painter.fillRect(QRect(left, area.top(), currentHunkBar, area.height()), theme.delMark);
     }
 
-    /// The text of a line over its selected part. Syntax colors and word marks belong here: one stretch for each.
-    void paintText(qint64 line, QStringView text, const QRect &area, const QFont &font, const QColor &color) {
+    /// How the text of a line looks.
+    struct TextLook {
+        QFont font{};
+        QColor color{}; ///< outside of its spans
+        LineLook parts{};
+        QColor background{};
+        QColor mark{};
+    };
+
+    /// The text of a line over its changed words and its selected part.
+    void paintText(qint64 line, QStringView text, const QRect &area, const TextLook &look) {
         ColumnView columns = columnsOf(area);
         columns.left += scene.document.isError(line) ? errorIndent : 0;
         painter.save();
         painter.setClipRect(columns.area, Qt::IntersectClip);
+        const LongLines &longLines = scene.document.longLines;
+        if (!look.parts.marks.empty())
+            paintGround(painter, text, longLines, look.parts.marks, look.mark, columns);
         paintSelection(line, text, columns);
-        const int baseline = DiffMetrics::baseline(metrics.text, area.top(), area.height());
-        paintStretch(painter, text, scene.document.longLines, {0, text.size(), font, color, theme.muted}, columns,
-                     baseline);
+        std::vector<ColoredPart> parts;
+        if (!look.parts.spans.isEmpty())
+            parts = visibleParts(line, text, columns, look);
+        paintStretch(painter, text, longLines, {0, text.size(), look.font, look.color, theme.muted, parts}, columns,
+                     DiffMetrics::baseline(metrics.text, area.top(), area.height()));
         painter.restore();
+    }
+
+    std::vector<ColoredPart> visibleParts(qint64 line, QStringView text, const ColumnView &columns,
+                                          const TextLook &look) {
+        const LongLines &longLines = scene.document.longLines;
+        const qsizetype begin = longLines.positionAt(text, columns.firstColumn()).index;
+        const qsizetype end = longLines.positionAt(text, columns.endColumn()).index;
+        const SelectedPart selected =
+            scene.selection ? selectedPart(*scene.selection, line, text.size()) : SelectedPart();
+        return coloredParts(look.parts, begin, end, selected, {look.background, look.mark, selectionColor()},
+                            scene.colors);
+    }
+
+    const QColor &selectionColor() const {
+        return scene.focus == DiffFocus::focused ? theme.selection : theme.selectionIdle;
     }
 
     void paintSelection(qint64 line, QStringView text, const ColumnView &columns) {
@@ -199,8 +232,7 @@ private:
         const double left = xOf(part.begin, text, columns);
         const double right = xOf(part.end, text, columns) + (part.goesOn ? metrics.advance : 0);
         QRectF selected(left, columns.area.top(), right - left, columns.area.height());
-        painter.fillRect(selected.intersected(columns.area),
-                         scene.focus == DiffFocus::focused ? theme.selection : theme.selectionIdle);
+        painter.fillRect(selected.intersected(columns.area), selectionColor());
     }
 
     void paintCaret(double x, const QRect &area) {

@@ -2,8 +2,10 @@
 
 #include "ui/diff/diff_metrics.h"
 #include "ui/diff/diff_rows.h"
+#include "ui/diff/line_looks.h"
 #include "ui/diff/line_painter.h"
 #include "ui/diff/text_selection.h"
+#include "ui/look/syntax_colors.h"
 #include "ui/look/theme.h"
 
 #include <QPoint>
@@ -27,6 +29,8 @@ struct DiffScene {
     const DiffRows &rows;
     const DiffMetrics &metrics;
     const Theme &theme;
+    const LineLooks &looks;
+    SyntaxColors &colors;
     QSize size{};      ///< of the viewport
     QPoint scrolled{}; ///< of the content, in pixels
     std::optional<TextSelection> selection{};

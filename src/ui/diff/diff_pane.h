@@ -66,6 +66,9 @@ public:
     /// Gives the keyboard to what is shown, as `setFocus` does.
     void takeFocus();
 
+    /// The user's languages, which decide about the colors of their files.
+    void setLanguageRules(const QList<CustomLanguageRule> &rules) { view->setLanguageRules(rules); }
+
     int textSizeDelta() const { return sizeDelta; }
     /// In pixels, kept within bounds. Emits `textSizeDeltaChanged` when it differs.
     void setTextSizeDelta(int delta);

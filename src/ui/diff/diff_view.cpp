@@ -29,7 +29,7 @@ int clampedToInt(qint64 value) {
 
 DiffView::DiffView(QWidget *parent)
     : QAbstractScrollArea(parent), shown(std::make_shared<const DiffDocument>()), theme(themeFor(palette())),
-      ruler(new DiffRuler(this)) {
+      colors(theme), ruler(new DiffRuler(this)) {
     installDiffAccessibility();
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -37,12 +37,14 @@ DiffView::DiffView(QWidget *parent)
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     ruler->setTheme(theme);
     connect(ruler, &DiffRuler::jumpRequested, this, [this](qint64 y) { scrollTo(y - viewport()->height() / 2); });
+    connect(&looks, &LineLooks::changed, viewport(), qOverload<>(&QWidget::update));
     rebuildRows();
 }
 
 void DiffView::setDocument(DiffDocumentPtr newDocument, DocumentChange change) {
     const auto [line, offset] = topLine();
     shown = std::move(newDocument);
+    looks.setDocument(shown);
     forgetFor(change);
     rebuildRows();
     if (change == DocumentChange::otherSubject) {
@@ -122,12 +124,19 @@ void DiffView::updateRulerMarks() {
     ruler->setView(scrollTop(), viewport()->height());
 }
 
-DiffScene DiffView::scene() const {
+void DiffView::prepareLooks() {
+    const qint64 last = rowIndex.rowAt(scrollTop() + viewport()->height());
+    looks.prepare(rowIndex.rowAt(scrollTop()), last + 1);
+}
+
+DiffScene DiffView::scene() {
     const bool hunkHidden = hunk >= 0 && rowIndex.isFolded(rowIndex.fileOfHunk(hunk));
     return {.document = *shown,
             .rows = rowIndex,
             .metrics = measures,
             .theme = theme,
+            .looks = looks,
+            .colors = colors,
             .size = viewport()->size(),
             .scrolled = {horizontalScrollBar()->value(), verticalScrollBar()->value()},
             .selection = selected,
@@ -138,6 +147,7 @@ DiffScene DiffView::scene() const {
 }
 
 void DiffView::paintEvent(QPaintEvent *event) {
+    prepareLooks();
     QPainter painter(viewport());
     paintDiff(painter, scene(), event->rect());
     painter.end();
@@ -157,6 +167,7 @@ void DiffView::changeEvent(QEvent *event) {
     if (event->type() != QEvent::PaletteChange)
         return;
     theme = themeFor(palette());
+    colors = SyntaxColors(theme);
     ruler->setTheme(theme);
     viewport()->update();
 }

@@ -4,7 +4,9 @@
 #include "ui/diff/diff_metrics.h"
 #include "ui/diff/diff_painter.h"
 #include "ui/diff/diff_rows.h"
+#include "ui/diff/line_looks.h"
 #include "ui/diff/text_selection.h"
+#include "ui/look/syntax_colors.h"
 #include "ui/look/theme.h"
 
 #include <QAbstractScrollArea>
@@ -49,6 +51,8 @@ public:
     /// Pixels added to the size of the platform's fixed font.
     void setTextSizeDelta(int delta);
     void setPlainTint(PlainTint tint);
+    /// The user's languages, which decide about the colors of their files.
+    void setLanguageRules(const QList<CustomLanguageRule> &rules) { looks.setLanguageRules(rules); }
 
     /// The index over all files, or -1 without hunks.
     qint64 currentHunk() const { return hunk; }
@@ -101,7 +105,8 @@ protected:
 private:
     void forgetFor(DocumentChange change);
     void showBeginning();
-    DiffScene scene() const;
+    DiffScene scene();
+    void prepareLooks();
     void rebuildRows();
     void updateGeometries();
     void updateRulerMarks();
@@ -130,6 +135,8 @@ private:
     DiffRows rowIndex;
     DiffMetrics measures;
     Theme theme;
+    LineLooks looks{rowIndex};
+    SyntaxColors colors;
     DiffRuler *ruler;
     PlainTint plainTint = PlainTint::bySign;
     int textSizeDelta = 0;

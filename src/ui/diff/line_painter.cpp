@@ -14,11 +14,16 @@ namespace {
 class RunPainter {
 public:
     RunPainter(QPainter &target, const ColumnView &columns, const TextStretch &look, int baselineY)
-        : painter(target), view(columns), stretch(look), baseline(baselineY) {
+        : painter(target), view(columns), stretch(look), baseline(baselineY), part(look.parts.begin()) {
         painter.setFont(stretch.font);
     }
 
-    void add(const Cell &cell, qint64 column, QStringView source) {
+    /// Cells come from left to right.
+    void add(const Cell &cell, const ColumnPosition &at, QStringView source) {
+        const QColor &cellColor = colorAt(at.index);
+        if (cellColor != color)
+            flush();
+        color = cellColor;
         if (cell.shown == U'\t') {
             flush();
             return;
@@ -26,8 +31,11 @@ public:
         if (cell.aligned)
             flush();
         if (run.isEmpty())
-            start = column;
-        run += QString::fromUcs4(&cell.shown, 1);
+            start = at.column;
+        if (QChar::requiresSurrogates(cell.shown))
+            run += QString::fromUcs4(&cell.shown, 1);
+        else
+            run += QChar(static_cast<char16_t>(cell.shown));
         isSign = cell.aligned && cell.shown != codeOf(source);
         if (cell.aligned)
             flush();
@@ -36,13 +44,21 @@ public:
     void flush() {
         if (run.isEmpty())
             return;
-        painter.setPen(isSign ? stretch.sign : stretch.color);
-        painter.drawText(QPointF(view.xOf(start), baseline), run);
+        if (!QStringView(run).trimmed().isEmpty()) {
+            painter.setPen(isSign ? stretch.sign : color);
+            painter.drawText(QPointF(view.xOf(start), baseline), run);
+        }
         run.clear();
         isSign = false;
     }
 
 private:
+    const QColor &colorAt(qsizetype index) {
+        while (part != stretch.parts.end() && part->end <= index)
+            ++part;
+        return part != stretch.parts.end() && part->begin <= index ? part->color : stretch.color;
+    }
+
     static char32_t codeOf(QStringView source) {
         return source.size() == 2 ? QChar::surrogateToUcs4(source[0], source[1]) : source[0].unicode();
     }
@@ -51,6 +67,8 @@ private:
     const ColumnView &view;
     const TextStretch &stretch;
     int baseline;
+    std::span<const ColoredPart>::iterator part; ///< the first one that does not end before the cell added last
+    QColor color;
     QString run;
     qint64 start = 0;
     bool isSign = false;
@@ -66,6 +84,21 @@ qint64 ColumnView::endColumn() const {
     return static_cast<qint64>(std::ceil((area.left() + area.width() - left) / advance));
 }
 
+void paintGround(QPainter &painter, QStringView line, const LongLines &lines, std::span<const TextRange> ranges,
+                 const QColor &color, const ColumnView &view) {
+    const qsizetype viewBegin = lines.positionAt(line, view.firstColumn()).index;
+    const qsizetype viewEnd = lines.positionAt(line, view.endColumn()).index;
+    for (const TextRange &range : ranges) {
+        const qsizetype begin = std::max(range.start, viewBegin);
+        const qsizetype end = std::min(range.end(), viewEnd);
+        if (begin >= end)
+            continue;
+        const double left = view.xOf(lines.columnOf(line, begin));
+        const double right = view.xOf(lines.columnOf(line, end));
+        painter.fillRect(QRectF(left, view.area.top(), right - left, view.area.height()), color);
+    }
+}
+
 void paintStretch(QPainter &painter, QStringView line, const LongLines &lines, const TextStretch &stretch,
                   const ColumnView &view, int baseline) {
     ColumnPosition at = lines.positionAt(line, view.firstColumn());
@@ -75,7 +108,7 @@ void paintStretch(QPainter &painter, QStringView line, const LongLines &lines, c
     RunPainter runs(painter, view, stretch, baseline);
     while (at.index < stretch.end && at.column < endColumn) {
         const Cell cell = cellAt(line, at.index, at.column);
-        runs.add(cell, at.column, line.sliced(at.index, cell.length));
+        runs.add(cell, at, line.sliced(at.index, cell.length));
         at.index += cell.length;
         at.column += cell.columns;
     }

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "analysis/text_range.h"
 #include "ui/diff/long_lines.h"
 
 #include <QColor>
 #include <QFont>
 #include <QRect>
 #include <QStringView>
+
+#include <span>
 
 class QPainter;
 
@@ -22,14 +25,28 @@ struct ColumnView {
     qint64 endColumn() const;
 };
 
-/// One stretch of a line in one look. Syntax colors and word marks divide a line into several of them.
+/// A part of a line in a color of its own.
+struct ColoredPart {
+    qsizetype begin = 0;
+    qsizetype end = 0;
+    QColor color{};
+
+    friend bool operator==(const ColoredPart &, const ColoredPart &) = default;
+};
+
+/// One stretch of a line.
 struct TextStretch {
     qsizetype begin = 0;
     qsizetype end = 0;
     QFont font{};
     QColor color{};
-    QColor sign{}; ///< of characters shown as a sign
+    QColor sign{};                        ///< of characters shown as a sign
+    std::span<const ColoredPart> parts{}; ///< from left to right; the rest has `color`
 };
+
+/// Paints what is in view of the ground beneath parts of a line, which are in order.
+void paintGround(QPainter &painter, QStringView line, const LongLines &lines, std::span<const TextRange> ranges,
+                 const QColor &color, const ColumnView &view);
 
 /// Paints the visible characters of `stretch`; reads no more of the line than that.
 void paintStretch(QPainter &painter, QStringView line, const LongLines &lines, const TextStretch &stretch,

@@ -58,6 +58,7 @@ void ListTab::addList(RowListView &list) {
 void ListTab::setDetailPane(DetailPane *shownPane) {
     details = shownPane;
     pane = &details->diffPane();
+    observers.watch(app.customLanguageRules, [this] { pane->setLanguageRules(app.customLanguageRules); });
     connect(pane, &DiffPane::leaveRequested, this, [this] { lastList->setFocus(); });
     connect(pane, &DiffPane::pastLastHunk, this, [this] { leaveRow(Walk::hunks, CaretDirection::ahead); });
     connect(pane, &DiffPane::beforeFirstHunk, this, [this] { leaveRow(Walk::hunks, CaretDirection::back); });

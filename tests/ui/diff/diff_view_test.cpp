@@ -64,6 +64,31 @@ TEST_F(DiffViewTest, SelectsByMouse) {
     EXPECT_EQ(copied(), u"rst\nsecond line\nsecond long line\nth"_s);
 }
 
+TEST_F(DiffViewTest, PaintsChangedWordsAndColors) {
+    view.setPalette(fallbackPalette(ColorScheme::light));
+    const Theme theme = themeFor(view.palette());
+    show(u"Index: a.c\n--- a.c\n+++ a.c\n@@ -1,2 +1,2 @@\n if\n-value one\n+value second\n"_s);
+    const QImage image = view.viewport()->grab().toImage();
+    const auto ground = [&](qint64 row, int column) {
+        return image.pixelColor(pointAt(row, column).x(), static_cast<int>(view.rows().top(row)) + 1);
+    };
+    EXPECT_EQ(ground(2, 0), theme.delLine);
+    EXPECT_EQ(ground(2, 6), theme.delWord);
+    EXPECT_EQ(ground(2, 9), theme.delLine);
+    EXPECT_EQ(ground(3, 6), theme.addWord);
+    EXPECT_EQ(ground(3, 11), theme.addWord);
+    EXPECT_EQ(ground(3, 12), theme.addLine);
+    const auto hasRed = [&](int column) {
+        for (int y = static_cast<int>(view.rows().top(1)); y < view.rows().top(2); ++y) {
+            const QColor pixel = image.pixelColor(pointAt(1, column).x() + 2, y);
+            if (pixel.red() > pixel.green() + 40 && pixel.blue() > pixel.green() + 20)
+                return true;
+        }
+        return false;
+    };
+    EXPECT_TRUE(hasRed(0)) << "the keyword";
+}
+
 TEST_F(DiffViewTest, ScrollsWhileTheMouseSelectsBeyondTheEdge) {
     show(testing::longDiff(500));
     QTest::mousePress(view.viewport(), Qt::LeftButton, {}, pointAt(2, 0));

@@ -1,0 +1,216 @@
+#include "support/printers.h"
+#include "support/temp_tree.h"
+#include "ui/diff/change_run.h"
+#include "ui/diff/colored_parts.h"
+#include "ui/diff/line_looks.h"
+
+#include <QFile>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::TempTree;
+
+/// A diff of one hunk whose lines begin with their signs.
+DiffDocumentPtr diffOf(const QString &path, const QStringList &lines) {
+    return diffDocument(u"Index: %1\n--- %1\n+++ %1\n@@ -1,9 +1,9 @@\n"_s.arg(path) + lines.join(u'\n') + u'\n');
+}
+
+/// "first-last" of the removed lines and of the added ones; "" without a run.
+QString described(const std::optional<ChangeRun> &run) {
+    const auto part = [](const std::vector<qint64> &lines) {
+        return u"%1-%2"_s.arg(lines.front()).arg(lines.back());
+    };
+    return run ? part(run->removed) + u' ' + part(run->added) : QString();
+}
+
+TEST(ChangeRun, HoldsRemovedLinesAndTheAddedOnesBehindThem) {
+    const auto many = [](int count, const QString &line) {
+        return QStringList(count, line);
+    };
+    const struct Row {
+        const char *name;
+        QStringList lines;
+        qint64 line;
+        QString expected;
+    } rows[] = {
+        {"from a removed line", {u" c"_s, u"-a"_s, u"-b"_s, u"+a"_s, u" c"_s}, 2, u"1-2 3-3"_s},
+        {"from an added line", {u"-a"_s, u"+a"_s, u"+b"_s, u"-c"_s, u"+d"_s}, 2, u"0-0 1-2"_s},
+        {"added lines before", {u"+a"_s, u"-c"_s, u"+d"_s}, 1, u"1-1 2-2"_s},
+        {"notes between", {u"-a"_s, u"\\ No newline"_s, u"+a"_s, u"\\ No newline"_s}, 2, u"0-0 2-2"_s},
+        {"context", {u"-a"_s, u" c"_s, u"+a"_s}, 1, {}},
+        {"only removed", {u"-a"_s, u" c"_s, u"+a"_s}, 0, {}},
+        {"only added", {u"-a"_s, u" c"_s, u"+a"_s}, 2, {}},
+        {"longest, from its end", many(100, u"-a"_s) + many(100, u"+a"_s), 199, u"0-99 100-199"_s},
+        {"too long, from its beginning", many(100, u"-a"_s) + many(101, u"+a"_s), 0, {}},
+        {"too long, from its end", many(150, u"-a"_s) + many(60, u"+a"_s), 209, {}},
+        {"far too long", many(5000, u"-a"_s) + many(9, u"+a"_s), 2500, {}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const DiffDocumentPtr document = diffOf(u"a"_s, row.lines);
+        EXPECT_EQ(described(changeRunAt(document->diff.files.first().hunks.first(), row.line)), row.expected);
+    }
+}
+
+TEST(ColoredParts, AreReadableOnEachGround) {
+    const QString comment = u"#6A737D"_s;
+    const QString string = u"#0A7F42"_s;
+    const LineLook look{{{2, 6, comment}, {8, 2, string}, {20, 4, comment}}, {{0, 4}, {6, 3}}};
+    const Theme theme = themeFor(fallbackPalette(ColorScheme::light));
+    const Grounds grounds{theme.addLine, theme.addWord, theme.selection};
+    SyntaxColors colors(theme);
+    const auto part = [&](qsizetype begin, qsizetype end, const QString &color, const QColor &ground) {
+        return ColoredPart{begin, end, colors.on(color, ground)};
+    };
+    const auto parts = [&](qsizetype begin, qsizetype end, const SelectedPart &selected) {
+        return coloredParts(look, begin, end, selected, grounds, colors);
+    };
+    using Parts = std::vector<ColoredPart>;
+    ASSERT_NE(colors.on(comment, grounds.mark), colors.on(comment, grounds.line));
+    EXPECT_EQ(parts(0, 30, {}), (Parts{part(2, 4, comment, grounds.mark), part(4, 6, comment, grounds.line),
+                                       part(6, 8, comment, grounds.mark), part(8, 9, string, grounds.mark),
+                                       part(9, 10, string, grounds.line), part(20, 24, comment, grounds.line)}));
+    EXPECT_EQ(parts(5, 9, {}), (Parts{part(5, 6, comment, grounds.line), part(6, 8, comment, grounds.mark),
+                                      part(8, 9, string, grounds.mark)}));
+    EXPECT_EQ(parts(0, 9, {3, 7, false}),
+              (Parts{part(2, 3, comment, grounds.mark), part(3, 7, comment, grounds.selection),
+                     part(7, 8, comment, grounds.mark), part(8, 9, string, grounds.mark)}));
+}
+
+TEST(SyntaxColors, CanBeReadWhereverTheyStand) {
+    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
+        const Theme theme = themeFor(fallbackPalette(scheme));
+        SyntaxColors colors(theme);
+        const QStringList own{u"#6A737D"_s, u"#0A7F42"_s, u"#B42D8D"_s, u"#953800"_s, u"#0550AE"_s, u"#116329"_s,
+                              u"#0969DA"_s, u"#0A7A83"_s, u"#CF222E"_s, u"#57606A"_s, u"#FFFF00"_s, u"#101010"_s};
+        for (const QColor &ground : {theme.base, theme.addLine, theme.delLine, theme.addWord, theme.delWord,
+                                     theme.selection, theme.selectionIdle}) {
+            for (const QString &color : own)
+                EXPECT_GE(contrast(colors.on(color, ground), ground), 4.5) << color.toStdString();
+        }
+        EXPECT_EQ(colors.on(u"no color"_s, theme.base), theme.text);
+    }
+    const Theme light = themeFor(fallbackPalette(ColorScheme::light));
+    const Theme dark = themeFor(fallbackPalette(ColorScheme::dark));
+    EXPECT_EQ(SyntaxColors(light).on(u"#b42d8d"_s, light.addLine), QColor(0xB4, 0x2D, 0x8D));
+    EXPECT_EQ(SyntaxColors(dark).on(u"#B42D8D"_s, dark.addLine), QColor(0xE7, 0x93, 0xCD));
+    EXPECT_EQ(SyntaxColors(dark).on(u"#00FF00"_s, dark.base), QColor(0, 0xFF, 0)) << "others stay as they are";
+}
+
+class LineLooksTest : public ::testing::Test {
+protected:
+    void show(const DiffDocumentPtr &document) {
+        rows = DiffRows(document, {});
+        looks.setDocument(document);
+        looks.prepare(0, rows.count());
+    }
+    /// The spans of a line, as "start+length color".
+    QString spans(qint64 line) const {
+        QStringList texts;
+        if (const LineLook *look = looks.find(line)) {
+            for (const SyntaxSpan &span : look->spans)
+                texts.append(u"%1+%2 %3"_s.arg(span.start).arg(span.length).arg(span.colorHex));
+        }
+        return texts.join(u", ");
+    }
+    std::vector<TextRange> marks(qint64 line) const {
+        const LineLook *look = looks.find(line);
+        return look ? look->marks : std::vector<TextRange>();
+    }
+
+    DiffRows rows{};
+    LineLooks looks{rows};
+};
+
+TEST_F(LineLooksTest, ColorLinesAndMarkChangedWords) {
+    show(diffOf(u"src/a.cpp"_s,
+                {u" if"_s, u"-return first;"_s, u"\\ No newline, if"_s, u"+return second;"_s, u"+while"_s}));
+    EXPECT_EQ(spans(0), u"0+2 #B42D8D"_s);
+    EXPECT_EQ(spans(1), u"0+6 #B42D8D"_s);
+    EXPECT_EQ(spans(2), u""_s) << "a note is no code";
+    EXPECT_EQ(marks(1), (std::vector<TextRange>{{7, 5}}));
+    EXPECT_EQ(marks(3), (std::vector<TextRange>{{7, 6}}));
+    EXPECT_EQ(marks(4), std::vector<TextRange>());
+
+    show(diffOf(u"LICENSE"_s, {u" if"_s}));
+    EXPECT_EQ(spans(0), u""_s);
+    show(diffOf(u"a.py"_s, {u' ' + QString(5001, u'x') + u" # no"_s, u" # yes"_s}));
+    EXPECT_EQ(spans(0), u""_s) << "too long to be read as code";
+    EXPECT_EQ(spans(1), u"0+5 #6A737D"_s);
+    show(diffDocument(u"if (plain text)"_s));
+    EXPECT_EQ(looks.find(0), nullptr);
+}
+
+TEST_F(LineLooksTest, EveryFileOfADiffHasItsLanguage) {
+    show(diffDocument(u"Index: a.c\n--- a.c\n+++ a.c\n@@ -1 +1 @@\n if def\n"
+                      "Index: b.py\n--- b.py\n+++ b.py\n@@ -1 +1 @@\n class #\n"
+                      "Index: c.txt\n--- c.txt\n+++ /dev/null\n@@ -1 +0,0 @@\n-if\n"_s));
+    EXPECT_EQ(spans(0), u"0+2 #B42D8D, 3+3 #B42D8D"_s);
+    EXPECT_EQ(spans(1), u"0+5 #B42D8D, 6+1 #6A737D"_s);
+    EXPECT_EQ(spans(2), u""_s);
+}
+
+TEST_F(LineLooksTest, FollowTheRulesOfTheUserAndTheirFiles) {
+    TempTree tree;
+    tree.write(u"own"_s, "- match: own\n  scope: keyword\n");
+    const QString path = tree.path(u"own"_s);
+    const QSignalSpy changed(&looks, &LineLooks::changed);
+    const auto changes = [&](qsizetype count) {
+        return QTest::qWaitFor([&] { return changed.size() >= count; });
+    };
+    const DiffDocumentPtr document = diffOf(u"a.x"_s, {u" if own other"_s});
+    show(document);
+    EXPECT_EQ(spans(0), u""_s);
+
+    looks.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"C"_s}});
+    ASSERT_EQ(changed.size(), 1);
+    looks.prepare(0, rows.count());
+    EXPECT_EQ(spans(0), u"0+2 #B42D8D"_s);
+
+    looks.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"C"_s, .syntaxFilePath = path}});
+    looks.prepare(0, rows.count());
+    ASSERT_TRUE(changes(3));
+    looks.prepare(0, rows.count());
+    EXPECT_EQ(spans(0), u"3+3 #B42D8D"_s);
+
+    tree.write(u"own"_s, "- match: other\n  scope: comment\n");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
+    file.close();
+    show(document);
+    ASSERT_TRUE(changes(4));
+    looks.prepare(0, rows.count());
+    EXPECT_EQ(spans(0), u"7+5 #6A737D"_s) << "the file is read again when it has changed";
+
+    QFile::remove(path);
+    show(document);
+    ASSERT_TRUE(changes(5));
+    looks.prepare(0, rows.count());
+    EXPECT_EQ(spans(0), u"0+2 #B42D8D"_s) << "without its file the language has its built-in colors";
+}
+
+TEST_F(LineLooksTest, ComeLaterWhereTheyTakeLong) {
+    TempTree tree;
+    tree.write(u"trap"_s, "- match: (*NO_JIT)(a|aa)+$\n  scope: comment\n- match: ^b\n  scope: string\n");
+    looks.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"X"_s, .syntaxFilePath = tree.path(u"trap"_s)}});
+    QStringList lines;
+    lines.fill(u" b"_s + QString(4000, u'a') + u'!', 300);
+    const QSignalSpy changed(&looks, &LineLooks::changed);
+    show(diffOf(u"a.x"_s, lines));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !changed.empty(); }));
+    looks.prepare(0, 200);
+    EXPECT_NE(looks.find(0), nullptr);
+    EXPECT_EQ(looks.find(150), nullptr) << "painting does not wait for them";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return looks.find(298) != nullptr; })) << "those around follow";
+    EXPECT_EQ(spans(150), u"0+1 #0A7F42"_s);
+}
+
+} // namespace
+} // namespace kestor
