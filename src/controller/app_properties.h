@@ -76,6 +76,7 @@ struct AppProperties {
     QProperty<std::optional<qint64>> incomingHeadRevision{};
     QProperty<QList<WorkingCopyItem>> incomingOutdatedItems{}; ///< sorted by path, those of externals too
 
+    QProperty<QString> svnExecutablePath{}; ///< the one chosen; "" for the one found in PATH
     QProperty<QString> commitMessage{};
     QProperty<RepositoryInfo> repositoryInfo{};
     QProperty<std::optional<QString>> busyMessage{}; ///< present: commands are held back

@@ -11,6 +11,8 @@
 #include "controller/repository_setup.h"
 #include "controller/revert_plan.h"
 #include "controller/status_rows.h"
+#include "controller/svn_program.h"
+#include "controller/working_copy_actions.h"
 #include "controller/working_diff.h"
 #include "controller/workspace.h"
 #include "model/project_store.h"
@@ -125,6 +127,8 @@ public:
     RepositorySetup setup{*this};
     LanguageRules languageRules{*this};
     LanguageShares languageShares{*this};
+    WorkingCopyActions actions{*this};
+    SvnProgram svnProgram{*this};
 
 private:
     /// The folder of the selected project; nothing after an alert when there is none or it is gone.

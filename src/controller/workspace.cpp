@@ -7,6 +7,7 @@
 #include "tools/git_client.h"
 #include "tools/svn_admin_client.h"
 #include "tools/svn_client.h"
+#include "tools/svn_preference.h"
 
 #include <QFileInfo>
 
@@ -31,6 +32,7 @@ Tools systemTools(QSettings &settings) {
 Workspace::Workspace(QSettings &settings, UserInteraction &interaction, Tools commandLineTools)
     : preferences(settings), user(interaction), tools(std::move(commandLineTools)) {
     workers.setMaxThreadCount(workerThreads);
+    svnExecutablePath = preferredSVNPath(preferences);
 }
 
 std::optional<Project> Workspace::selectedProject() const {
@@ -91,6 +93,18 @@ std::optional<Project> Workspace::requiredProject() {
     if (!project)
         showAlert(u"No Project Selected"_s, u"Choose a project first."_s);
     return project;
+}
+
+std::optional<Project> Workspace::requiredProject(RepositoryKind kind) {
+    const std::optional<Project> project = requiredProject();
+    if (!project || project->kind == kind)
+        return project;
+    if (kind == RepositoryKind::svn)
+        showAlert(u"SVN Command Unavailable"_s,
+                  u"This project is a Git repository. Use Git-backed actions from Changes and History."_s);
+    else
+        showAlert(u"Git Command Unavailable"_s, u"This project is an SVN working copy."_s);
+    return std::nullopt;
 }
 
 std::shared_ptr<Tool> Workspace::toolFor(RepositoryKind kind) const {

@@ -2,6 +2,7 @@
 
 #include "controller/app_properties.h"
 #include "controller/busy_scope.h"
+#include "controller/path_command.h"
 #include "controller/running_operations.h"
 #include "controller/user_interaction.h"
 #include "tools/tool.h"
@@ -52,6 +53,8 @@ public:
     std::optional<WorkingCopyItem> selectedChange() const;
     /// The selected project; nothing after an alert when there is none.
     std::optional<Project> requiredProject();
+    /// The same for a project of that kind; nothing after an alert when it is of the other one.
+    std::optional<Project> requiredProject(RepositoryKind kind);
     /// The rows that row actions act on: the ticked ones in list order, else the selected one.
     QList<WorkingCopyItem> actionItems() const;
     /// The path that prompts offer: the selected file on the History tab, else the first of actionItems(), else "".
@@ -77,6 +80,8 @@ public:
                                         ShowOutput showOutput);
     /// Runs a command whose arguments the user was asked for, with the project's tool.
     QCoro::Task<> runAskedCommand(Project project, QString title, QStringList arguments, RefreshAfter refreshAfter);
+    /// The same for a command on paths, handed over by file when they are too many.
+    QCoro::Task<> runPathsCommand(Project project, QString title, PathCommand command, RefreshAfter refreshAfter);
     std::shared_ptr<Tool> toolFor(RepositoryKind kind) const;
 
     void showAlert(const QString &title, const QString &message);
@@ -114,7 +119,7 @@ public:
     bool closing = false;
 
 private:
-    QCoro::Task<> runToolCommand(RepositoryKind kind, QString title, QStringList arguments, QString workingDirectory,
+    QCoro::Task<> runToolCommand(RepositoryKind kind, QString title, PathCommand command, QString workingDirectory,
                                  RefreshAfter refreshAfter, ShowOutput showOutput);
     QCoro::Task<> runInSelectedProject(RepositoryKind kind, QString title, QStringList arguments,
                                        RefreshAfter refreshAfter, ShowOutput showOutput);

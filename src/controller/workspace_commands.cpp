@@ -1,4 +1,5 @@
 #include "controller/combined_output.h"
+#include "controller/path_command_run.h"
 #include "controller/workspace.h"
 
 using namespace Qt::StringLiterals;
@@ -7,23 +8,22 @@ namespace kestor {
 
 QCoro::Task<> Workspace::runCommand(QString title, QStringList arguments, QString workingDirectory,
                                     RefreshAfter refreshAfter, ShowOutput showOutput) {
-    return reporting(title + u" Failed"_s,
-                     runToolCommand(RepositoryKind::svn, title, arguments, workingDirectory, refreshAfter, showOutput));
+    return reporting(title + u" Failed"_s, runToolCommand(RepositoryKind::svn, title, {arguments, {}, {}},
+                                                          workingDirectory, refreshAfter, showOutput));
 }
 
 QCoro::Task<> Workspace::runGitCommand(QString title, QStringList arguments, QString workingDirectory,
                                        RefreshAfter refreshAfter, ShowOutput showOutput) {
-    return reporting(title + u" Failed"_s,
-                     runToolCommand(RepositoryKind::git, title, arguments, workingDirectory, refreshAfter, showOutput));
+    return reporting(title + u" Failed"_s, runToolCommand(RepositoryKind::git, title, {arguments, {}, {}},
+                                                          workingDirectory, refreshAfter, showOutput));
 }
 
-QCoro::Task<> Workspace::runToolCommand(RepositoryKind kind, QString title, QStringList arguments,
+QCoro::Task<> Workspace::runToolCommand(RepositoryKind kind, QString title, PathCommand command,
                                         QString workingDirectory, RefreshAfter refreshAfter, ShowOutput showOutput) {
     SVNCommandResult result;
     {
         const BusyScope running(busy, title);
-        const std::shared_ptr<Tool> tool = toolFor(kind);
-        result = co_await tool->run(arguments, workingDirectory, CheckStatus::yes);
+        result = co_await runPathCommand(toolFor(kind), kind, workingDirectory, command);
     }
     if (showOutput == ShowOutput::always || !result.stdoutData.isEmpty() || !result.stderrData.isEmpty())
         commandOutput = commandOutputOf(title, result);
@@ -43,27 +43,23 @@ QCoro::Task<> Workspace::runSelectedGitCommand(QString title, QStringList argume
 
 QCoro::Task<> Workspace::runInSelectedProject(RepositoryKind kind, QString title, QStringList arguments,
                                               RefreshAfter refreshAfter, ShowOutput showOutput) {
-    const std::optional<Project> project = requiredProject();
+    const std::optional<Project> project = requiredProject(kind);
     if (!project)
         co_return;
-    if (project->kind == RepositoryKind::git && kind == RepositoryKind::svn) {
-        showAlert(u"SVN Command Unavailable"_s,
-                  u"This project is a Git repository. Use Git-backed actions from Changes and History."_s);
-        co_return;
-    }
-    if (project->kind == RepositoryKind::svn && kind == RepositoryKind::git) {
-        showAlert(u"Git Command Unavailable"_s, u"This project is an SVN working copy."_s);
-        co_return;
-    }
+    const PathCommand command{arguments, {}, {}};
     const QString failureTitle = title + u" Failed"_s;
-    co_await reporting(failureTitle, runToolCommand(kind, title, arguments, project->path, refreshAfter, showOutput));
+    co_await reporting(failureTitle, runToolCommand(kind, title, command, project->path, refreshAfter, showOutput));
 }
 
 QCoro::Task<> Workspace::runAskedCommand(Project project, QString title, QStringList arguments,
                                          RefreshAfter refreshAfter) {
-    if (project.kind == RepositoryKind::git)
-        return runGitCommand(title, arguments, project.path, refreshAfter, ShowOutput::always);
-    return runCommand(title, arguments, project.path, refreshAfter, ShowOutput::always);
+    return runPathsCommand(project, title, {arguments, {}, {}}, refreshAfter);
+}
+
+QCoro::Task<> Workspace::runPathsCommand(Project project, QString title, PathCommand command,
+                                         RefreshAfter refreshAfter) {
+    return reporting(title + u" Failed"_s,
+                     runToolCommand(project.kind, title, command, project.path, refreshAfter, ShowOutput::always));
 }
 
 } // namespace kestor

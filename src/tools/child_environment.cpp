@@ -38,6 +38,12 @@ QProcessEnvironment childEnvironment(QProcessEnvironment inherited) {
     return inherited;
 }
 
+QProcessEnvironment svnChildEnvironment(const QProcessEnvironment &inherited) {
+    QProcessEnvironment environment = childEnvironment(inherited);
+    environment.insert(u"SVN_EDITOR"_s, u"echo There is no terminal for an editor. >&2; false"_s);
+    return environment;
+}
+
 QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, RunPurpose purpose) {
     QProcessEnvironment environment = childEnvironment(inherited);
     for (const auto &[key, value] : gitConfiguration)

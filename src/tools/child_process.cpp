@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QProcess>
 
+#include <algorithm>
 #include <csignal>
 #include <unistd.h>
 #include <utility>
@@ -33,6 +34,11 @@ QString launchObstacle(const ChildCommand &command) {
         return u"It is a folder, not a program."_s;
     if (!executable.isExecutable())
         return u"The file is not executable."_s;
+    const auto holdsNull = [](const QString &argument) {
+        return argument.contains(QChar::Null);
+    };
+    if (std::ranges::any_of(command.arguments, holdsNull))
+        return u"An argument contains a NUL character, which no program can be given."_s;
     if (command.directory.isEmpty())
         return {};
     const QFileInfo directory(command.directory);

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "controller/working_copy_command.h"
+
+#include <QMap>
+
+namespace kestor {
+
+/// How a conflict is resolved: with the file as it is in the working copy, or with all of one side.
+enum class ResolveChoice : std::uint8_t { working, mineFull, theirsFull };
+
+/// The commands of the menus that are one run of `svn` or `git` each in the selected project. They act on the ticked
+/// rows, else the selected one, or ask for what they need, and show what the tool printed. Main thread only.
+class WorkingCopyActions {
+public:
+    explicit WorkingCopyActions(Workspace &shared) : workspace(shared) {}
+
+    QCoro::Task<> addSelectedPaths() { return perform(WorkingCopyAction::add); }
+    QCoro::Task<> deleteSelectedPaths() { return perform(WorkingCopyAction::remove); }
+    QCoro::Task<> resolveSelectedPaths(ResolveChoice accept);
+    QCoro::Task<> lockSelectedPaths() { return perform(WorkingCopyAction::lock); }
+    QCoro::Task<> unlockSelectedPaths() { return perform(WorkingCopyAction::unlock); }
+    QCoro::Task<> createChangelist() { return perform(WorkingCopyAction::createChangelist); }
+    QCoro::Task<> removeFromChangelist() { return perform(WorkingCopyAction::removeFromChangelist); }
+    QCoro::Task<> applyPatch();
+    QCoro::Task<> makeDirectoryInWorkingCopy() { return perform(WorkingCopyAction::makeDirectory); }
+    QCoro::Task<> copyItem() { return perform(WorkingCopyAction::copy); }
+    QCoro::Task<> moveItem() { return perform(WorkingCopyAction::move); }
+    QCoro::Task<> listProperties() { return perform(WorkingCopyAction::listProperties); }
+    /// The same, with `path` (of the working copy) offered instead of the first one acted on.
+    QCoro::Task<> listProperties(QString path) { return perform(WorkingCopyAction::listProperties, path); }
+    QCoro::Task<> getProperty() { return perform(WorkingCopyAction::getProperty); }
+    QCoro::Task<> setProperty() { return perform(WorkingCopyAction::setProperty); }
+    QCoro::Task<> deleteProperty() { return perform(WorkingCopyAction::deleteProperty); }
+    QCoro::Task<> merge() { return perform(WorkingCopyAction::merge); }
+    QCoro::Task<> updateWorkingCopy() { return perform(WorkingCopyAction::update); }
+    QCoro::Task<> switchWorkingCopyURL() { return perform(WorkingCopyAction::switchURL); }
+    QCoro::Task<> relocateWorkingCopyURL() { return perform(WorkingCopyAction::relocateURL); }
+    QCoro::Task<> showBlame() { return perform(WorkingCopyAction::blame); }
+    QCoro::Task<> showBlame(QString path) { return perform(WorkingCopyAction::blame, path); }
+    QCoro::Task<> cleanUp() { return perform(WorkingCopyAction::cleanup); }
+    QCoro::Task<> upgrade() { return perform(WorkingCopyAction::upgrade); }
+
+private:
+    using Texts = QMap<QString, QString>; ///< by the key of their field
+
+    /// `path` is offered where a path is asked for; "" for selectedActionPath().
+    QCoro::Task<> perform(WorkingCopyAction action, QString path = {});
+    QCoro::Task<> run(WorkingCopyAction action, Project project, Texts entered, QStringList paths);
+    /// The selected project, where its tool has the command; nothing after an alert otherwise.
+    std::optional<Project> projectFor(const WorkingCopyCommand &command);
+    /// The paths acted on; nothing after an alert when there is none.
+    std::optional<QStringList> requiredPaths(const WorkingCopyCommand &command, const QStringList &actionPaths);
+    QList<PromptField> promptFields(const WorkingCopyCommand &command, const QString &path) const;
+    /// What was entered, with working-copy paths as targets of the tool.
+    Texts asArguments(const WorkingCopyCommand &command, const Project &project, Texts entered) const;
+
+    Workspace &workspace;
+};
+
+} // namespace kestor

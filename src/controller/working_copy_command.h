@@ -1,0 +1,85 @@
+#pragma once
+
+#include "controller/workspace.h"
+
+#include <QMap>
+#include <QStringList>
+#include <QStringView>
+
+#include <cstdint>
+#include <span>
+
+namespace kestor {
+
+/// The commands on a working copy that are one run of its tool each.
+enum class WorkingCopyAction : std::uint8_t {
+    add,
+    remove,
+    resolve,
+    createChangelist,
+    removeFromChangelist,
+    applyPatch,
+    makeDirectory,
+    copy,
+    move,
+    listProperties,
+    getProperty,
+    setProperty,
+    deleteProperty,
+    merge,
+    update,
+    switchURL,
+    relocateURL,
+    blame,
+    cleanup,
+    upgrade,
+    lock,
+    unlock,
+};
+
+/// What a tool is asked to do: its words, parted by blanks. "{key}" stands for what was entered, "[option:key]" for an
+/// option with it that is left out when nothing was. Paths acted on follow the words.
+struct ToolCommand {
+    QStringView title; ///< also of the prompt
+    QStringView words; ///< "" when the tool has no such command
+};
+
+/// One text that a command asks for.
+struct CommandField {
+    /// What it holds at first.
+    enum class Offer : std::uint8_t { nothing, actionPath, actionPathOrRoot, url, repositoryRoot };
+    /// Whether a path of the working copy in it is made a target of the tool.
+    enum class Kind : std::uint8_t { text, target };
+    /// Without a required one nothing runs.
+    enum class Need : std::uint8_t { optional, required };
+
+    QStringView key;
+    QStringView label;
+    Kind kind;
+    Offer offer = Offer::nothing;
+    Need need = Need::required;
+};
+
+struct WorkingCopyCommand {
+    ToolCommand svn;
+    ToolCommand git;
+    RefreshAfter refreshAfter;
+    std::span<const CommandField> fields = {}; ///< empty: asks nothing
+    QStringView pathsMissing = {};             ///< what an alert says when there is no path to act on
+
+    const ToolCommand &of(RepositoryKind kind) const { return kind == RepositoryKind::svn ? svn : git; }
+    bool actsOnPaths() const { return !pathsMissing.isEmpty(); }
+};
+
+const WorkingCopyCommand &workingCopyCommand(WorkingCopyAction action);
+
+/// Whether every required field has a text.
+bool isComplete(const WorkingCopyCommand &command, const QMap<QString, QString> &entered);
+
+/// The words with what was entered, targets as the tool takes them.
+QStringList filledIn(const ToolCommand &command, const QMap<QString, QString> &entered);
+
+/// Of the rows acted on those to resolve: the ones in conflict, or all when none is.
+QStringList pathsToResolve(const QList<WorkingCopyItem> &items);
+
+} // namespace kestor
