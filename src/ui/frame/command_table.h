@@ -17,20 +17,49 @@ enum class Command : std::uint8_t {
     openFinder,
     openBoth,
     refreshStatus,
+    update,
     commit,
     info,
+    cleanUp,
+    upgrade,
+    switchURL,
+    relocateURL,
+    addSelected,
+    deleteSelected,
     revertSelected,
     ignoreSelected,
     includeIgnoredPath,
+    resolveUsingWorking,
+    resolveUsingMineFull,
+    resolveUsingTheirsFull,
+    lockSelected,
+    unlockSelected,
+    createChangelist,
+    removeFromChangelist,
+    applyPatch,
+    makeDirectory,
+    copy,
+    move,
     showLog,
     showArchives,
+    blamePath,
     diffAgainstRevision,
     pullFileAtRevision,
     exportFileAtRevision,
     createArchiveZip,
     rollbackRevision,
+    merge,
     listTarget,
     catTarget,
+    listProperties,
+    getProperty,
+    setProperty,
+    deleteProperty,
+    runCustomCommand,
+    showVersion,
+    showHelp,
+    setExecutable,
+    useFromPath,
 };
 
 /// One item of the menu bar.
@@ -39,7 +68,7 @@ struct CommandRow { // NOLINT(clang-analyzer-optin.performance.Padding)
     enum class Place : std::uint8_t { follows, beginsGroup };
 
     Command command;
-    QStringView menu; ///< without its mnemonic
+    QStringView menu; ///< its title with its access key
     QStringView label;
     QStringView shortcut; ///< "" for none; the menu shows the first of several
     Place place;

@@ -36,7 +36,7 @@ void Commands::fill(QMenuBar &bar) const {
     QStringView title;
     for (const CommandRow &row : commandTable()) {
         if (row.menu != title)
-            menu = bar.addMenu(u'&' + row.menu.toString());
+            menu = bar.addMenu(row.menu.toString());
         else if (row.place == CommandRow::Place::beginsGroup)
             menu->addSeparator();
         title = row.menu;

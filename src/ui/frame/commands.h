@@ -20,7 +20,7 @@ public:
     Commands(AppState &state, QObject *parent);
 
     QAction *action(Command command) const;
-    /// Adds the menus, with the first letter of each as its mnemonic.
+    /// Adds the menus.
     void fill(QMenuBar &bar) const;
 
 private:
