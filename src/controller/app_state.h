@@ -50,6 +50,8 @@ public:
     QCoro::Task<> openFinder();
     /// Terminal and file manager.
     QCoro::Task<> openBoth();
+    /// Asks for another URL of a working copy, for another branch of a Git project.
+    QCoro::Task<> switchURLOrBranch();
 
     // Loading: app_state_loading.cpp
     /// To be called whenever `selectedTab` changes: loads what the tab lacks.

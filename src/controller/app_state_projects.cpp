@@ -186,4 +186,10 @@ QCoro::Task<> AppState::openBoth() {
     co_await openFinderIn(*directory);
 }
 
+QCoro::Task<> AppState::switchURLOrBranch() {
+    const std::optional<Project> project = selectedProject();
+    const bool isGit = project && project->kind == RepositoryKind::git;
+    return isGit ? branches.switchGitBranch() : actions.switchWorkingCopyURL();
+}
+
 } // namespace kestor
