@@ -99,6 +99,12 @@ QStringList filledIn(const ToolCommand &command, const QMap<QString, QString> &e
     return filled;
 }
 
+Resolvable resolvable(const QList<WorkingCopyItem> &items) {
+    if (std::ranges::any_of(items, &WorkingCopyItem::treeConflict))
+        return Resolvable::asIs;
+    return std::ranges::any_of(items, isInConflict) ? Resolvable::byAnySide : Resolvable::nothing;
+}
+
 QStringList pathsToResolve(const QList<WorkingCopyItem> &items) {
     QStringList all;
     QStringList inConflict;

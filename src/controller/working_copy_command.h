@@ -79,6 +79,15 @@ bool isComplete(const WorkingCopyCommand &command, const QMap<QString, QString> 
 /// The words with what was entered, targets as the tool takes them.
 QStringList filledIn(const ToolCommand &command, const QMap<QString, QString> &entered);
 
+/// What can be made of the conflicts of some rows.
+enum class Resolvable : std::uint8_t {
+    nothing,
+    asIs, ///< a tree conflict, which has no file of either side
+    byAnySide,
+};
+
+Resolvable resolvable(const QList<WorkingCopyItem> &items);
+
 /// Of the rows acted on those to resolve: the ones in conflict, or all when none is.
 QStringList pathsToResolve(const QList<WorkingCopyItem> &items);
 

@@ -1,8 +1,8 @@
 #include "ui/frame/project_header.h"
 
+#include "ui/frame/branch_button.h"
 #include "ui/frame/commands.h"
 #include "ui/frame/header_text.h"
-#include "ui/frame/icon_label.h"
 #include "ui/frame/kind_tag.h"
 #include "ui/frame/project_rows.h"
 #include "ui/look/flat_button.h"
@@ -29,17 +29,16 @@ constexpr int compactWidth = 760;
 
 ProjectHeader::ProjectHeader(AppState &shownState, const Commands &commands, QWidget *parent)
     : QWidget(parent), state(shownState), sidebar(flatButton(Icon::sidebar, u"Show the sidebar (Ctrl+B)"_s, this)),
-      name(new ToneLabel(this)), kind(new KindTag(this)),
-      branchIcon(new IconLabel(Icon::branch, Tone::plain, 16, this)), branch(new ToneLabel(this)),
+      name(new ToneLabel(this)), kind(new KindTag(this)), branch(new BranchButton(this)),
       path(new ToneLabel(QString(), Tone::muted, this)),
       refresh(commandButton(commands, Command::refreshStatus, Icon::refresh, u"Refresh (F5)"_s)),
+      update(commandButton(commands, Command::update, Icon::update, QString())),
       terminal(commandButton(commands, Command::openTerminal, Icon::terminal, u"Open Terminal Here (Ctrl+T)"_s)),
       folder(commandButton(commands, Command::openFinder, Icon::folder, u"Open Finder Here (Ctrl+Shift+O)"_s)),
       more(flatButton(Icon::more, u"More commands"_s, this, MenuArrow::none)) {
     setFixedHeight(headerHeight);
     name->setFont(headingFont(font()));
     name->setElideMode(Qt::ElideMiddle);
-    branch->setElideMode(Qt::ElideMiddle);
     path->setElideMode(Qt::ElideMiddle);
     path->setFont(smallFont(font()));
     refresh->setText(u"Refresh"_s);
@@ -48,11 +47,12 @@ ProjectHeader::ProjectHeader(AppState &shownState, const Commands &commands, QWi
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(paneEdge, 0, gap, 0);
     layout->setSpacing(gap);
-    for (QWidget *part : std::initializer_list<QWidget *>{sidebar, name, kind, branchIcon, branch, path})
+    for (QWidget *part : std::initializer_list<QWidget *>{sidebar, name, kind, branch, path})
         layout->addWidget(part);
     layout->addStretch();
-    for (QWidget *button : {refresh, terminal, folder, more})
+    for (QWidget *button : {refresh, update, terminal, folder, more})
         layout->addWidget(button);
+    connect(branch, &QPushButton::clicked, commands.action(Command::switchURL), &QAction::trigger);
     connect(sidebar, &QToolButton::clicked, this, &ProjectHeader::sidebarRequested);
     observers.watch(state.projects, [this] { showProject(); });
     observers.watch(state.selectedProjectID, [this] { showProject(); });
@@ -70,6 +70,10 @@ void ProjectHeader::addMenu(const Commands &commands) {
     menu->addAction(commands.action(Command::info));
     menu->addAction(commands.action(Command::openBoth));
     menu->addSeparator();
+    menu->addAction(commands.action(Command::cleanUp));
+    menu->addAction(commands.action(Command::upgrade));
+    menu->addAction(commands.action(Command::relocateURL));
+    menu->addSeparator();
     menu->addAction(commands.action(Command::removeProject));
     more->setMenu(menu);
     more->setPopupMode(QToolButton::InstantPopup);
@@ -81,8 +85,20 @@ void ProjectHeader::setSidebarHidden(bool hidden) {
 }
 
 void ProjectHeader::showBusy(BusyPhase phase) {
-    for (QWidget *button : {refresh, terminal, folder, more})
+    for (QWidget *button : commandButtons())
         button->setEnabled(phase != BusyPhase::dimmed);
+}
+
+QList<QWidget *> ProjectHeader::commandButtons() const {
+    return {branch, refresh, update, terminal, folder, more};
+}
+
+/// Git calls it a pull.
+void ProjectHeader::showUpdate(RepositoryKind shown) {
+    const QString title = shown == RepositoryKind::git ? u"Pull"_s : u"Update"_s;
+    update->setText(title);
+    update->setToolTip(title + u" (Ctrl+U)"_s);
+    update->setAccessibleName(update->toolTip());
 }
 
 void ProjectHeader::showProject() {
@@ -91,17 +107,16 @@ void ProjectHeader::showProject() {
         return;
     name->setText(project->name);
     kind->setText(kindTitle(project->kind));
-    branch->setText(branchText(project->kind, state.repositoryInfo.value()));
-    branch->setAccessibleName(u"Branch %1"_s.arg(branch->text()));
+    branch->showBranch(branchText(project->kind, state.repositoryInfo.value()));
+    showUpdate(project->kind);
     path->setText(homeRelativePath(project->path, QDir::homePath()));
-    branchIcon->setVisible(!branch->text().isEmpty());
-    branch->setVisible(!branch->text().isEmpty());
     shareWidth();
 }
 
 void ProjectHeader::resizeEvent(QResizeEvent *event) {
     QWidget::resizeEvent(event);
-    refresh->setToolButtonStyle(width() < compactWidth ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
+    for (QToolButton *button : {refresh, update})
+        button->setToolButtonStyle(width() < compactWidth ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextBesideIcon);
     shareWidth();
 }
 
@@ -115,13 +130,12 @@ void ProjectHeader::shareWidth() {
     const QMargins margins = layout()->contentsMargins();
     int available = width() - margins.left() - margins.right() - 2 * gap;
     for (const QWidget *part :
-         std::initializer_list<const QWidget *>{sidebar, name, kind, branchIcon, refresh, terminal, folder, more}) {
+         std::initializer_list<const QWidget *>{sidebar, name, kind, refresh, update, terminal, folder, more}) {
         if (!part->isHidden())
             available -= part->sizeHint().expandedTo(part->minimumSize()).width() + gap;
     }
-    const HeaderWidths widths =
-        headerWidths(available, {branch->isHidden() ? 0 : branch->wantedWidth(), path->wantedWidth()});
-    branch->setFixedWidth(widths.branch);
+    const HeaderWidths widths = headerWidths(available, {branch->wantedWidth(), path->wantedWidth()});
+    branch->setFixedWidth(qMax(BranchButton::leastWidth(), widths.branch));
     path->setFixedWidth(widths.path);
 }
 

@@ -4,6 +4,7 @@
 #include "ui/frame/busy_clock.h"
 #include "ui/tabs/observers.h"
 
+#include <QList>
 #include <QWidget>
 
 #include <cstdint>
@@ -12,6 +13,7 @@ class QToolButton;
 
 namespace kestor {
 
+class BranchButton;
 class Commands;
 enum class Command : std::uint8_t;
 enum class Icon : std::uint8_t;
@@ -41,6 +43,8 @@ private:
     QToolButton *commandButton(const Commands &commands, Command command, Icon icon, const QString &name);
     void addMenu(const Commands &commands);
     void showProject();
+    void showUpdate(RepositoryKind shown);
+    QList<QWidget *> commandButtons() const;
     /// Gives the path and the branch the room that the rest leaves.
     void shareWidth();
 
@@ -48,10 +52,10 @@ private:
     QToolButton *sidebar;
     ToneLabel *name;
     KindTag *kind;
-    QWidget *branchIcon;
-    ToneLabel *branch;
+    BranchButton *branch;
     ToneLabel *path;
     QToolButton *refresh;
+    QToolButton *update;
     QToolButton *terminal;
     QToolButton *folder;
     QToolButton *more;

@@ -31,7 +31,19 @@ QWidget *TabPages::newPage(WorkflowTab tab) {
 
 ListTab *TabPages::newChanges() {
     changesTab = new ChangesTab(state, this);
-    changesTab->setRowActions({commands.action(Command::revertSelected), commands.action(Command::ignoreSelected)});
+    const auto actionsOf = [this](const QList<Command> &wanted) {
+        QList<QAction *> actions;
+        for (const Command command : wanted)
+            actions.append(commands.action(command));
+        return actions;
+    };
+    changesTab->setRowActions(
+        {.edits = actionsOf(
+             {Command::addSelected, Command::deleteSelected, Command::revertSelected, Command::ignoreSelected}),
+         .resolveUsingWorking = commands.action(Command::resolveUsingWorking),
+         .resolveUsingOneSide = actionsOf({Command::resolveUsingMineFull, Command::resolveUsingTheirsFull}),
+         .svnEdits = actionsOf({Command::lockSelected, Command::unlockSelected, Command::createChangelist,
+                                Command::removeFromChangelist})});
     prepare(*changesTab);
     return changesTab;
 }

@@ -56,10 +56,12 @@ QMenu *changeRowMenu(const ChangeRowMenu &content, QWidget *parent) {
     auto *menu = new QMenu(parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     addHeading(*menu, actionPathsText(content.tickedPaths, menu->locale()));
-    menu->addActions(content.tickedActions);
-    menu->addSeparator();
+    for (const QList<QAction *> &group : content.tickedGroups) {
+        menu->addActions(group);
+        menu->addSeparator();
+    }
     addHeading(*menu, shortened(content.path, boldFont(menu->font())));
-    menu->addAction(content.rowAction);
+    menu->addActions(content.rowActions);
     addPathActions(*menu, content);
     menu->addSeparator();
     menu->addAction(content.listAction);

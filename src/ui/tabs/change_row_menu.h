@@ -15,9 +15,9 @@ struct ChangeRowMenu {
     QString path; ///< of the row, relative to `projectDirectory`
     QString projectDirectory;
     int tickedPaths = 0;
-    QList<QAction *> tickedActions; ///< act on the ticked paths, else on the selected one
-    QAction *rowAction = nullptr;   ///< acts on the row, whatever is ticked
-    QAction *listAction = nullptr;  ///< acts on all rows
+    QList<QList<QAction *>> tickedGroups; ///< act on the ticked paths, else on the selected one
+    QList<QAction *> rowActions;          ///< act on the row, whatever is ticked
+    QAction *listAction = nullptr;        ///< acts on all rows
 };
 
 /// "Acts on 13 ticked paths", "Acts on 1 ticked path", or "Acts on the selected path" for none.

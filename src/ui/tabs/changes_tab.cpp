@@ -14,16 +14,23 @@
 
 namespace kestor {
 
-ChangesTab::ChangesTab(AppState &state, QWidget *parent)
-    : ListTab(state, parent), column(new ChangesColumn(rows)), rowActions(new QActionGroup(this)),
-      revertPath(rowActions->addAction(tr("Revert This Path..."))),
-      revertAll(rowActions->addAction(tr("Revert All..."))) {
+ChangesTab::ChangesTab(AppState &shownState, QWidget *parent)
+    : ListTab(shownState, parent), column(new ChangesColumn(rows)), rowActions(new QActionGroup(this)),
+      revertPath(newRowAction(tr("Revert This Path..."),
+                              [](AppState &state, const QString &path) { return state.revertPath(path); })),
+      blamePath(newRowAction(tr("Blame Path..."),
+                             [](AppState &state, const QString &path) { return state.actions.showBlame(path); })),
+      listProperties(
+          newRowAction(tr("List Properties..."),
+                       [](AppState &state, const QString &path) { return state.actions.listProperties(path); })),
+      revertAll(
+          newRowAction(tr("Revert All..."), [](AppState &state, const QString &) { return state.revertAllPaths(); })) {
+    rowActions->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
     auto *shown = new DetailPane;
-    detail = new ChangeDetail(state, *shown, this);
+    detail = new ChangeDetail(app, *shown, this);
     setParts(column, &column->filteredList(), shown);
     setDetailPane(shown);
     connectColumn();
-    addRowActions();
     observeState();
 }
 
@@ -57,10 +64,10 @@ void ChangesTab::connectColumn() {
     connect(&list, &RowListView::rowMenuRequested, this, &ChangesTab::openRowMenu);
 }
 
-void ChangesTab::addRowActions() {
-    rowActions->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
-    connect(revertPath, &QAction::triggered, this, [this] { app.revertPath(revertPath->data().toString()); });
-    connect(revertAll, &QAction::triggered, this, [this] { app.revertAllPaths(); });
+QAction *ChangesTab::newRowAction(const QString &text, QCoro::Task<> (*operation)(AppState &, const QString &path)) {
+    QAction *action = rowActions->addAction(text);
+    connect(action, &QAction::triggered, this, [this, operation] { operation(app, menuPath); });
+    return action;
 }
 
 void ChangesTab::observeState() {
@@ -109,13 +116,30 @@ void ChangesTab::setTicks(const QList<int> &records, Tick wanted) {
     app.setCommitSelection(items, wanted == Tick::ticked);
 }
 
+QList<QList<QAction *>> ChangesTab::tickedGroups(RepositoryKind kind) const {
+    if (kind == RepositoryKind::git)
+        return {tickedActions.edits};
+    switch (resolvable(app.actionItems())) {
+    case Resolvable::nothing:
+        return {tickedActions.edits, tickedActions.svnEdits};
+    case Resolvable::asIs:
+        return {tickedActions.edits, {tickedActions.resolveUsingWorking}, tickedActions.svnEdits};
+    case Resolvable::byAnySide:
+        break;
+    }
+    const QList<QAction *> resolutions = QList{tickedActions.resolveUsingWorking} + tickedActions.resolveUsingOneSide;
+    return {tickedActions.edits, resolutions, tickedActions.svnEdits};
+}
+
 void ChangesTab::openRowMenu(int row, const QPoint &position) {
     const std::optional<Project> project = app.selectedProject();
     if (!project)
         return;
-    const QString path = rows.idAt(row);
-    revertPath->setData(path);
-    const ChangeRowMenu content{path, project->path, rows.tickCounts().ticked, tickedActions, revertPath, revertAll};
+    menuPath = rows.idAt(row);
+    const bool isGit = project->kind == RepositoryKind::git;
+    const QList<QAction *> ofRow = isGit ? QList{revertPath, blamePath} : QList{revertPath, blamePath, listProperties};
+    const ChangeRowMenu content{menuPath, project->path, rows.tickCounts().ticked, tickedGroups(project->kind),
+                                ofRow,    revertAll};
     changeRowMenu(content, this)->popup(position);
 }
 

@@ -13,6 +13,14 @@ namespace kestor {
 class ChangeDetail;
 class ChangesColumn;
 
+/// What the menu of a row offers for the ticked rows, else the selected one. The actions must outlive the tab.
+struct ChangeRowActions {
+    QList<QAction *> edits{};
+    QAction *resolveUsingWorking = nullptr;
+    QList<QAction *> resolveUsingOneSide{};
+    QList<QAction *> svnEdits{}; ///< that Git does not know
+};
+
 /// The Changes tab: the changed paths with their ticks beside the diff of the selected one.
 class ChangesTab final : public ListTab {
     Q_OBJECT
@@ -21,8 +29,7 @@ public:
     /// `state` must outlive the tab.
     explicit ChangesTab(AppState &state, QWidget *parent = nullptr);
 
-    /// What the row menu offers for the ticked rows; the actions must outlive the tab.
-    void setRowActions(const QList<QAction *> &actions) { tickedActions = actions; }
+    void setRowActions(const ChangeRowActions &actions) { tickedActions = actions; }
     /// List, detail, message.
     QList<QWidget *> focusPanes() const override;
     void focusMessage();
@@ -38,21 +45,25 @@ protected:
 private:
     void observeState();
     void connectColumn();
-    void addRowActions();
+    QAction *newRowAction(const QString &text, QCoro::Task<> (*operation)(AppState &, const QString &path));
 
     void showTicks();
     void showEmptyText();
 
     void chooseRow(const QString &id);
     void setTicks(const QList<int> &records, Tick wanted);
+    QList<QList<QAction *>> tickedGroups(RepositoryKind kind) const;
     void openRowMenu(int row, const QPoint &position);
 
     ChangeRows rows{};
     ChangesColumn *column;
     ChangeDetail *detail;
-    QList<QAction *> tickedActions{};
+    ChangeRowActions tickedActions{};
     QActionGroup *rowActions; ///< of the row whose menu is open
-    QAction *revertPath;      ///< its data is the path
+    QString menuPath{};       ///< of that row
+    QAction *revertPath;
+    QAction *blamePath;
+    QAction *listProperties;
     QAction *revertAll;
 };
 

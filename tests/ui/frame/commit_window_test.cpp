@@ -169,20 +169,23 @@ TEST_F(CommitWindow, TheRowMenuNamesThePathsItActsOn) {
     for (const QAction *item : menu->actions())
         texts.append(item->isSeparator() ? u"-"_s : item->text() + (item->isEnabled() ? u""_s : u" (off)"_s));
     const QStringList expected{u"Acts on 2 ticked paths (off)"_s,
+                               u"Add Selected"_s,
+                               u"Delete Selected"_s,
                                u"Revert Selected"_s,
                                u"Ignore Selected"_s,
                                u"-"_s,
                                u"b&&c (off)"_s,
                                u"Revert This Path..."_s,
+                               u"Blame Path..."_s,
                                u"Copy Path"_s,
                                u"-"_s,
                                u"Revert All..."_s};
     EXPECT_EQ(texts, expected) << "nothing to open: the file is gone";
     EXPECT_EQ(menu->actions().at(1), window.menuBar()->actions().at(1)->menu()->actions().first());
     app.busyMessage = u"Working"_s;
-    for (const int held : {1, 2, 5, 8})
+    for (const int held : {1, 4, 7, 8, 11})
         EXPECT_FALSE(menu->actions().at(held)->isEnabled()) << held;
-    EXPECT_TRUE(menu->actions().at(6)->isEnabled());
+    EXPECT_TRUE(menu->actions().at(9)->isEnabled());
     app.busyMessage = std::nullopt;
     menu->close();
     EXPECT_EQ(actionPathsText(1, QLocale::c()), u"Acts on 1 ticked path"_s);
@@ -192,7 +195,7 @@ TEST_F(CommitWindow, TheRowMenuNamesThePathsItActsOn) {
 TEST_F(CommitWindow, RevertsTheRowOfTheMenuWhateverIsTicked) {
     tick({u"a.c"_s});
     fixture.user.confirms = false;
-    openRowMenu()->actions().at(5)->trigger();
+    openRowMenu()->actions().at(7)->trigger();
     const QStringList question{u"confirm Revert: Revert this path? Local changes will be discarded."_s};
     EXPECT_TRUE(waitUntil([&] { return fixture.user.asked == question; }));
 }
