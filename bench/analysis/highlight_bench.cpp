@@ -90,14 +90,16 @@ struct Trap {
     QString line{};
 };
 
-const std::array<Trap, 8> &traps() {
-    static const std::array<Trap, 8> all{{
+const std::array<Trap, 10> &traps() {
+    static const std::array<Trap, 10> all{{
         {"nested repeats", u"(a+)+$"_s, QString(5000, u'a') + u'!'},
         {"alternatives alike", u"(a|aa)+$"_s, QString(5000, u'a') + u'!'},
         {"many repeats", u"[a-z]*[a-z]*[a-z]*[a-z]*;"_s, QString(5000, u'a') + u';' + QString(5000, u'a')},
         {"look-ahead", u"^(?=(.*a)*b)x"_s, u'x' + QString(5000, u'a')},
         {"recursion", u"((?R)?a)+b?"_s, QString(5000, u'a')},
         {"back reference", u"(.)(?!.*\\1)b"_s, QString(5000, u'a') + u'b'},
+        {"long back reference", u"(?i)^(.+)\\1$"_s, QString(5001, u'a')},
+        {"nowhere to begin", u"zz\\w+"_s, QString(20'000, u'a')},
         {"limit lifted", u"(*LIMIT_MATCH=4000000000)(*NO_JIT)(x+x+)+y"_s, QString(5000, u'x') + u"zy"_s},
         {"every start", u"\\w+\\s*\\(x"_s, QString(5000, u'a') + u"(x"_s},
     }};
@@ -120,7 +122,7 @@ void BM_endlessBacktracking(benchmark::State &state) {
     state.counters["worst_ms"] = 1000 * worst;
     state.counters["ratio"] = 1000 * worst / 2;
 }
-BENCHMARK(BM_endlessBacktracking)->DenseRange(0, 7)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(20);
+BENCHMARK(BM_endlessBacktracking)->DenseRange(0, 9)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(20);
 
 } // namespace
 } // namespace kestor

@@ -1,14 +1,16 @@
 #include "analysis/compiled_syntax.h"
 
 #include <algorithm>
+#include <functional>
+#include <tuple>
 
 namespace kestor {
 
 namespace {
 
-// Long lines of a sound definition need a few thousand steps; all of these take less than a millisecond.
-constexpr qsizetype stepsPerRule = 30'000;
-constexpr qsizetype stepsPerLine = 60'000;
+// Sound expressions take up to five steps a character. A step costs some five nanoseconds.
+constexpr qsizetype stepsPerRule = 10'000;
+constexpr qsizetype stepsPerCharacter = 6;
 
 /// Expressions need valid UTF-16; what is not keeps its place and matches nothing of itself.
 QString withoutLoneSurrogates(QStringView text) {
@@ -55,7 +57,7 @@ QList<SyntaxSpan> CompiledSyntax::collectedMatches(QStringView line) {
 void CompiledSyntax::findCandidates(QStringView line) {
     candidates.clear();
     findWords(line, words);
-    StepBudget lineBudget{stepsPerLine};
+    StepBudget lineBudget{2 * (stepsPerRule + stepsPerCharacter * line.size())};
     for (std::size_t first = 0; first < rules.size();) {
         const auto groupBegin = static_cast<std::ptrdiff_t>(candidates.size());
         std::size_t rule = first;
@@ -78,7 +80,9 @@ void CompiledSyntax::findMatches(std::size_t rule, QStringView line, StepBudget 
         }
         return;
     }
-    const qsizetype granted = std::min(stepsPerRule, lineBudget.left);
+    const qsizetype granted = std::min(stepsPerRule + stepsPerCharacter * line.size(), lineBudget.left);
+    if (granted == 0)
+        return;
     StepBudget ruleBudget{granted};
     std::get<Expression>(rules[rule].finder).findAll(line, space, ruleBudget, found);
     lineBudget.left -= granted - ruleBudget.left;

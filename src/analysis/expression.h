@@ -9,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <pcre2.h>
+#include <utility>
 #include <vector>
 
 namespace kestor {
@@ -37,7 +38,9 @@ private:
     std::unique_ptr<pcre2_match_context, Release<pcre2_match_context_free>> context;
     std::unique_ptr<pcre2_match_data, Release<pcre2_match_data_free>> data;
     qsizetype stepsLeft = 0;
-    std::size_t position = 0; ///< in the text, at the step before
+    std::size_t position = 0;  ///< in the text, at the step before
+    bool comparesText = false; ///< the expression has back references
+    qsizetype stepCost = 1;
 };
 
 /// A regular expression over single lines. Characters have their Unicode properties, "." matches no line break of any
@@ -58,9 +61,12 @@ private:
     };
     using Code = std::unique_ptr<pcre2_code, Release>;
 
-    explicit Expression(Code compiledCode) : code(std::move(compiledCode)) {}
+    Expression(Code compiledCode, bool refersBack, qsizetype costOfStep)
+        : code(std::move(compiledCode)), hasBackReferences(refersBack), stepCost(costOfStep) {}
 
     Code code;
+    bool hasBackReferences;
+    qsizetype stepCost;
 };
 
 } // namespace kestor

@@ -20,9 +20,10 @@ using CustomLanguages = QHash<QString, LanguageDefinition>;
 /// How many bytes of source each language has in a working copy. Any thread.
 struct LanguageDistributionAnalyzer {
     /// The languages of the files below `root` (absolute), the largest first. Left out are ignored files and folders,
-    /// folders of tools ("build", "node_modules"), links and everything behind them. Folders that cannot be read count
-    /// as empty, files that vanish meanwhile not at all. Reads every folder, on as many threads as there are cores: for
-    /// workers only. Once `stop` is requested it returns within about a folder, and what it returns means nothing.
+    /// folders of tools ("build", "node_modules"), links and everything behind them. Folders that cannot be read, and
+    /// those whose path is longer than the system takes, count as empty, files that vanish meanwhile not at all. Reads
+    /// every folder, on as many threads as there are cores: for workers only. Once `stop` is requested it returns
+    /// within about a folder, and what it returns means nothing.
     static QList<LanguageDistributionEntry> analyzeSync(const QString &root, const QList<CustomLanguageRule> &rules,
                                                         const std::stop_token &stop = {});
 

@@ -29,10 +29,9 @@ void SourceFolder::read(const PendingFolder &folder) {
     // the "/" behind it makes the system follow that one.
     directory = openedDirectory(root + '/' + QByteArray::fromStdString(path));
     readNames();
-    const QString decodedPath = decoded(path);
-    rulePrefix = path.empty() ? QString() : decodedPath + u'/';
+    rulePrefix = path.empty() ? QString() : decoded(path) + u'/';
     if (hasIgnoreFile)
-        rules = rules.with(readIgnoreFiles(decodedPath, QFile::decodeName(root)));
+        rules = rules.with(readIgnoreFiles(directory, decoded(path)));
 }
 
 void SourceFolder::readNames() {

@@ -10,6 +10,7 @@
 #include <list>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -114,6 +115,16 @@ LanguageTotal &Walker::totalOf(std::size_t language) {
     return totals[language];
 }
 
+/// Where the system grants no more threads, those that run do the work.
+template <typename Work>
+void startThread(std::vector<std::jthread> &threads, Work work) {
+    try {
+        threads.emplace_back(std::move(work));
+    } catch (const std::system_error &) {
+        return;
+    }
+}
+
 } // namespace
 
 bool comesFirst(std::string_view path, std::string_view other) {
@@ -132,7 +143,7 @@ std::vector<LanguageTotal> sourceTotals(const QString &root, const CustomLanguag
     {
         std::vector<std::jthread> threads;
         for (auto walker = std::next(walkers.begin()); walker != walkers.end(); ++walker)
-            threads.emplace_back([&walker = *walker, &pending] { walker.run(pending); });
+            startThread(threads, [&walker = *walker, &pending] { walker.run(pending); });
         walkers.front().run(pending);
     }
     std::vector<LanguageTotal> totals;

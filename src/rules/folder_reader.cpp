@@ -43,7 +43,7 @@ const std::vector<FolderEntry> &FolderReader::entries(const QString &folder) {
 const QList<IgnoreRule> &FolderReader::ignoreFileRules(const QString &folder) {
     const auto [list, isNew] = ruleLists.try_emplace(folder);
     if (isNew)
-        list->second = readIgnoreFiles(folder, root);
+        list->second = readIgnoreFiles(openedDirectory(QFile::encodeName(absolutePath(folder, root))), folder);
     return list->second;
 }
 

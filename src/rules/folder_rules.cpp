@@ -5,22 +5,28 @@
 #include <QFile>
 #include <QStringDecoder>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 namespace kestor {
 
 namespace {
 
-bool isRegularFile(const QString &path) {
+bool isRegularFile(int descriptor) {
     struct stat status {};
-    return ::stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISREG(status.st_mode);
+    return ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-/// Only regular files: opening a pipe of that name would wait for its other end. Stateless: a file that ends within a
-/// character is no UTF-8 either.
-QString utf8Text(const QString &path) {
-    QFile file(path);
-    if (!isRegularFile(path) || !file.open(QIODevice::ReadOnly))
+/// Stateless decoding: a file that ends within a character is no UTF-8 either.
+QString utf8Text(const Directory &directory, const char *name) {
+    if (!directory)
+        return {};
+    // Opening a pipe of that name would otherwise wait for its other end.
+    const int descriptor = ::openat(::dirfd(directory.get()), name, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    QFile file;
+    if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+        return {};
+    if (!isRegularFile(descriptor))
         return {};
     QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = decoder(file.readAll());
@@ -29,11 +35,10 @@ QString utf8Text(const QString &path) {
 
 } // namespace
 
-QList<IgnoreRule> readIgnoreFiles(const QString &folder, const QString &root) {
+QList<IgnoreRule> readIgnoreFiles(const Directory &directory, const QString &folder) {
     QList<IgnoreRule> rules;
-    const QString absoluteFolder = absolutePath(folder, root);
     for (const QStringView name : {gitIgnoreName, kestorIgnoreName}) {
-        const QString text = utf8Text(absolutePath(name, absoluteFolder));
+        const QString text = utf8Text(directory, name.toLatin1().constData());
         for (const QStringView line : QStringView(text).tokenize(u'\n')) {
             if (std::optional<IgnoreRule> rule = IgnoreRule::fromLine(line, folder))
                 rules.append(*std::move(rule));

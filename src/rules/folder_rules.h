@@ -1,6 +1,7 @@
 #pragma once
 
 #include "rules/ignore_rule.h"
+#include "rules/open_directory.h"
 #include "rules/rule_index.h"
 
 #include <QList>
@@ -11,9 +12,9 @@
 
 namespace kestor {
 
-/// The rules of the folder's ignore files ("" for the root) in the order in which they decide. Files that cannot be
-/// read or are not UTF-8 give none. Any thread.
-QList<IgnoreRule> readIgnoreFiles(const QString &folder, const QString &root);
+/// The rules of the ignore files in an open directory, which is `folder` below the root ("" for the root), in the order
+/// in which they decide. Files that cannot be read or are not UTF-8 give none. Any thread.
+QList<IgnoreRule> readIgnoreFiles(const Directory &directory, const QString &folder);
 
 /// The rules of the ignore files on the way to a folder, for walks that enter one folder after another: each adds its
 /// own to those of the folder above, which are shared and not copied. A value; any thread.

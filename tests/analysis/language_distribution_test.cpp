@@ -160,12 +160,13 @@ TEST(LanguageDistribution, SurvivesWhatItCannotRead) {
     setMode(tree, {}, 0755);
     setMode(tree, u"open/.gitignore"_s, 0000);
     setMode(tree, u"closed"_s, 0000);
-    setMode(tree, u"nameless"_s, 0744);
+    setMode(tree, u"nameless"_s, 0444);
     {
         const testing::WithoutPrivileges ordinary;
         EXPECT_EQ(counted(tree), (QStringList{u"C 3 #555555"_s, u"Go 0 #00ADD8"_s}));
     }
     setMode(tree, u"closed"_s, 0755);
+    setMode(tree, u"nameless"_s, 0755);
 }
 
 TEST(LanguageDistribution, CountsFilesWhoseNamesAreNoText) {
@@ -176,7 +177,12 @@ TEST(LanguageDistribution, CountsFilesWhoseNamesAreNoText) {
     ASSERT_EQ(::mkdir(folder.constData(), 0755), 0);
     ASSERT_EQ(::rename(QFile::encodeName(tree.path(u"a.py"_s)).constData(), file.constData()), 0);
     EXPECT_EQ(counted(tree), QStringList{u"Python 3 #3572A5"_s});
-    EXPECT_EQ(::unlink(file.constData()) + ::rmdir(folder.constData()), 0) << "Qt could not remove them";
+    tree.write(u"rules"_s, "*.py\n");
+    const QByteArray rules = folder + "/.gitignore";
+    ASSERT_EQ(::rename(QFile::encodeName(tree.path(u"rules"_s)).constData(), rules.constData()), 0);
+    EXPECT_EQ(counted(tree), QStringList());
+    EXPECT_EQ(::unlink(rules.constData()) + ::unlink(file.constData()) + ::rmdir(folder.constData()), 0)
+        << "Qt could not remove them";
 }
 
 TEST(LanguageDistribution, CountsLargeTreesOnceAndStopsWhenAsked) {
