@@ -1,5 +1,7 @@
 #include "analysis/sublime_syntax_loader.h"
 
+#include "rules/glob.h"
+
 #include <QByteArray>
 #include <QFile>
 #include <QFileInfo>
@@ -73,15 +75,13 @@ QString decoded(const QByteArray &bytes) {
     return decoder.hasError() ? QString::fromLatin1(bytes) : text;
 }
 
-bool isLineBreak(QChar character) {
-    return (character >= u'\n' && character <= u'\r') || character == u'\x85' || character == u'\x2028' ||
-           character == u'\x2029';
-}
-
 template <typename Visit>
 void forEachLine(QStringView text, const Visit &visit) {
+    const auto endsLine = [](QChar character) {
+        return isLineBreak(character.unicode());
+    };
     for (auto begin = text.begin(); begin != text.end();) {
-        const auto end = std::find_if(begin, text.end(), isLineBreak);
+        const auto end = std::find_if(begin, text.end(), endsLine);
         visit(QStringView(begin, end).trimmed());
         begin = end == text.end() ? end : end + 1;
     }

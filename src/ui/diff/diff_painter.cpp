@@ -123,10 +123,9 @@ private:
         const LineColors look = lineColors(line.kind, theme);
         painter.fillRect(area, look.background);
         paintGutters(line, look, area);
-        const LineLook *own = scene.looks.find(row.line);
         const bool isNote = line.kind == DiffLineKind::note;
         const TextLook textLook{isNote ? metrics.note : metrics.text, isNote ? theme.muted : theme.text,
-                                own ? *own : LineLook(), look.background, look.mark};
+                                scene.looks.find(row.line), look.background, look.mark};
         paintText(row.line, line.text, area, textLook);
     }
 
@@ -179,8 +178,8 @@ private:
     /// How the text of a line looks.
     struct TextLook {
         QFont font{};
-        QColor color{}; ///< outside of its spans
-        LineLook parts{};
+        QColor color{};                  ///< outside of its spans
+        const LineLook *parts = nullptr; ///< null for none
         QColor background{};
         QColor mark{};
     };
@@ -192,11 +191,11 @@ private:
         painter.save();
         painter.setClipRect(columns.area, Qt::IntersectClip);
         const LongLines &longLines = scene.document.longLines;
-        if (!look.parts.marks.empty())
-            paintGround(painter, text, longLines, look.parts.marks, look.mark, columns);
+        if (look.parts)
+            paintGround(painter, text, longLines, look.parts->marks, look.mark, columns);
         paintSelection(line, text, columns);
         std::vector<ColoredPart> parts;
-        if (!look.parts.spans.isEmpty())
+        if (look.parts)
             parts = visibleParts(line, text, columns, look);
         paintStretch(painter, text, longLines, {0, text.size(), look.font, look.color, theme.muted, parts}, columns,
                      DiffMetrics::baseline(metrics.text, area.top(), area.height()));
@@ -210,7 +209,7 @@ private:
         const qsizetype end = longLines.positionAt(text, columns.endColumn()).index;
         const SelectedPart selected =
             scene.selection ? selectedPart(*scene.selection, line, text.size()) : SelectedPart();
-        return coloredParts(look.parts, begin, end, selected, {look.background, look.mark, selectionColor()},
+        return coloredParts(*look.parts, begin, end, selected, {look.background, look.mark, selectionColor()},
                             scene.colors);
     }
 
