@@ -47,6 +47,7 @@ public:
     const DiffDocument &document() const { return *shown; }
     const DiffRows &rows() const { return rowIndex; }
     const DiffMetrics &metrics() const { return measures; }
+    const LineLooks &lineLooks() const { return looks; }
 
     /// Pixels added to the size of the platform's fixed font.
     void setTextSizeDelta(int delta);

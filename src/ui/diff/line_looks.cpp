@@ -76,15 +76,15 @@ void LineLooks::timerEvent(QTimerEvent *event) {
     }
 }
 
-/// Whether all are ready now.
+/// Whether all are known to be ready; at least one more is.
 bool LineLooks::prepareUntil(const QDeadlineTimer &deadline, qint64 first, qint64 end) {
     for (qint64 number = std::max<qint64>(first, 0); number < std::min(end, rows.count()); ++number) {
         const DiffRow row = rows.at(number);
         if (row.kind != DiffRowKind::line || looks.contains(row.line))
             continue;
+        looks.insert(row.line, new LineLook(lookOf(row)));
         if (deadline.hasExpired())
             return false;
-        looks.insert(row.line, new LineLook(lookOf(row)));
     }
     return true;
 }

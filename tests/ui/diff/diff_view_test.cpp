@@ -68,6 +68,7 @@ TEST_F(DiffViewTest, PaintsChangedWordsAndColors) {
     view.setPalette(fallbackPalette(ColorScheme::light));
     const Theme theme = themeFor(view.palette());
     show(u"Index: a.c\n--- a.c\n+++ a.c\n@@ -1,2 +1,2 @@\n if\n-value one\n+value second\n"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view.lineLooks().find(2) != nullptr; }));
     const QImage image = view.viewport()->grab().toImage();
     const auto ground = [&](qint64 row, int column) {
         return image.pixelColor(pointAt(row, column).x(), static_cast<int>(view.rows().top(row)) + 1);

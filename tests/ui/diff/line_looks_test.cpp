@@ -109,6 +109,9 @@ protected:
         rows = DiffRows(document, {});
         looks.setDocument(document);
         looks.prepare(0, rows.count());
+        // Lines are made in their order; on a busy machine the last ones come later.
+        const qint64 last = document->lineCount - 1;
+        EXPECT_TRUE(document->isPlain() || QTest::qWaitFor([&] { return looks.find(last) != nullptr; }));
     }
     /// The spans of a line, as "start+length color".
     QString spans(qint64 line) const {
@@ -160,24 +163,20 @@ TEST_F(LineLooksTest, FollowTheRulesOfTheUserAndTheirFiles) {
     TempTree tree;
     tree.write(u"own"_s, "- match: own\n  scope: keyword\n");
     const QString path = tree.path(u"own"_s);
-    const QSignalSpy changed(&looks, &LineLooks::changed);
-    const auto changes = [&](qsizetype count) {
-        return QTest::qWaitFor([&] { return changed.size() >= count; });
+    // As the view does by painting again.
+    QObject::connect(&looks, &LineLooks::changed, &looks, [this] { looks.prepare(0, rows.count()); });
+    const auto becomes = [this](const QString &expected) {
+        return QTest::qWaitFor([&] { return spans(0) == expected; });
     };
     const DiffDocumentPtr document = diffOf(u"a.x"_s, {u" if own other"_s});
     show(document);
-    EXPECT_EQ(spans(0), u""_s);
+    EXPECT_TRUE(becomes(u""_s));
 
     looks.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"C"_s}});
-    ASSERT_EQ(changed.size(), 1);
-    looks.prepare(0, rows.count());
-    EXPECT_EQ(spans(0), u"0+2 #B42D8D"_s);
+    EXPECT_TRUE(becomes(u"0+2 #B42D8D"_s));
 
     looks.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"C"_s, .syntaxFilePath = path}});
-    looks.prepare(0, rows.count());
-    ASSERT_TRUE(changes(3));
-    looks.prepare(0, rows.count());
-    EXPECT_EQ(spans(0), u"3+3 #B42D8D"_s);
+    EXPECT_TRUE(becomes(u"3+3 #B42D8D"_s));
 
     tree.write(u"own"_s, "- match: other\n  scope: comment\n");
     QFile file(path);
@@ -185,25 +184,23 @@ TEST_F(LineLooksTest, FollowTheRulesOfTheUserAndTheirFiles) {
     ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime));
     file.close();
     show(document);
-    ASSERT_TRUE(changes(4));
-    looks.prepare(0, rows.count());
-    EXPECT_EQ(spans(0), u"7+5 #6A737D"_s) << "the file is read again when it has changed";
+    EXPECT_TRUE(becomes(u"7+5 #6A737D"_s)) << "the file is read again when it has changed";
 
     QFile::remove(path);
     show(document);
-    ASSERT_TRUE(changes(5));
-    looks.prepare(0, rows.count());
-    EXPECT_EQ(spans(0), u"0+2 #B42D8D"_s) << "without its file the language has its built-in colors";
+    EXPECT_TRUE(becomes(u"0+2 #B42D8D"_s)) << "without its file the language has its built-in colors";
 }
 
 TEST_F(LineLooksTest, ComeLaterWhereTheyTakeLong) {
     TempTree tree;
     tree.write(u"trap"_s, "- match: (*NO_JIT)(a|aa)+$\n  scope: comment\n- match: ^b\n  scope: string\n");
     looks.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"X"_s, .syntaxFilePath = tree.path(u"trap"_s)}});
-    QStringList lines;
-    lines.fill(u" b"_s + QString(4000, u'a') + u'!', 300);
+    const QStringList texts(300, u" b"_s + QString(4000, u'a') + u'!');
     const QSignalSpy changed(&looks, &LineLooks::changed);
-    show(diffOf(u"a.x"_s, lines));
+    const DiffDocumentPtr document = diffOf(u"a.x"_s, texts);
+    rows = DiffRows(document, {});
+    looks.setDocument(document);
+    looks.prepare(0, rows.count());
     ASSERT_TRUE(QTest::qWaitFor([&] { return !changed.empty(); }));
     looks.prepare(0, 200);
     EXPECT_NE(looks.find(0), nullptr);

@@ -94,6 +94,24 @@ TEST(ChangesTab, ShowsTheDiffOfTheRowThatTheUserChooses) {
     EXPECT_EQ(shown.pathInBar(), u"b"_s);
 }
 
+TEST(ChangesTab, ColorsDiffsByTheLanguageRules) {
+    GitFixture repository;
+    repository.write(u"a.own"_s);
+    repository.commitAll(u"first"_s);
+    repository.write(u"a.own"_s, "if\n");
+    AppFixture fixture;
+    ShownTab shown(fixture.app);
+    const LineLooks &looks = shown.tab.diffPane()->diffView().lineLooks();
+    const auto hasSpans = [&looks](qsizetype count) {
+        return waitUntil([&] { return looks.find(1) != nullptr && looks.find(1)->spans.size() == count; });
+    };
+    fixture.open(repository.path(), RepositoryKind::git);
+    ASSERT_TRUE(hasSpans(0));
+    fixture.app.customLanguageRules =
+        QList<CustomLanguageRule>{{.fileExtension = u"own"_s, .languageName = u"C"_s, .colorHex = u"#000000"_s}};
+    EXPECT_TRUE(hasSpans(1));
+}
+
 TEST(ChangesTab, FollowsTheRowsThoughTheirTextsAreEqual) {
     const GitFixture repository;
     for (const QString &inner : {u"one"_s, u"two"_s, u"three"_s})
