@@ -54,7 +54,7 @@ void FilteredList::connectParts() {
     connect(filterField, &FilterField::firstMatchRequested, this, &FilteredList::enterList);
     connect(filterField, &QLineEdit::returnPressed, this, &FilteredList::enterList);
     connect(rowList, &RowListView::filterRequested, this, &FilteredList::focusFilter);
-    connect(placeholder, &Placeholder::buttonClicked, filterField, &QLineEdit::clear);
+    connect(placeholder, &Placeholder::buttonClicked, this, &FilteredList::clickedPlaceholder);
     connect(&rows, &RowModel::modelReset, this, &FilteredList::updateCounts);
 }
 
@@ -93,12 +93,30 @@ void FilteredList::setEmptyText(const PlaceholderText &text) {
     updateCounts();
 }
 
+void FilteredList::setEmptyActionHeld(bool held) {
+    emptyActionHeld = held;
+    holdAction();
+}
+
+/// Clearing the filter is always possible.
+void FilteredList::holdAction() {
+    placeholder->setButtonHeld(emptyActionHeld && rows.recordCount() == 0);
+}
+
+void FilteredList::clickedPlaceholder() {
+    if (rows.recordCount() == 0)
+        emit emptyActionRequested();
+    else
+        filterField->clear();
+}
+
 void FilteredList::updateCounts() {
     filterField->setCounts(rows.rowCount(), rows.recordCount());
     placeholder->setVisible(rows.rowCount() == 0);
     const QString nothing = tr("Nothing contains “%1”.").arg(filterField->text());
     placeholder->setText(rows.recordCount() == 0 ? emptyText
                                                  : PlaceholderText{tr("No Matches"), nothing, tr("Clear Filter")});
+    holdAction();
     emit rowsChanged();
 }
 

@@ -33,10 +33,14 @@ public:
     void addHeader(QWidget *header);
     /// What the list says while there are no rows at all.
     void setEmptyText(const PlaceholderText &text);
+    /// Draws the button of that text as disabled.
+    void setEmptyActionHeld(bool held);
 
 signals:
     /// There are other rows, or the filter leaves others.
     void rowsChanged();
+    /// The button of the text for a list without rows was clicked.
+    void emptyActionRequested();
 
 private:
     QWidget *bar();
@@ -44,6 +48,8 @@ private:
     void connectParts();
     void enterList();
     void updateCounts();
+    void clickedPlaceholder();
+    void holdAction();
 
     RowModel &rows;
     FilterField *filterField;
@@ -52,6 +58,7 @@ private:
     QBoxLayout *parts;
     QBoxLayout *barParts = nullptr;
     PlaceholderText emptyText{};
+    bool emptyActionHeld = false;
 };
 
 } // namespace kestor

@@ -1,13 +1,13 @@
 #include "ui/look/placeholder.h"
 
 #include "ui/look/focus_frame.h"
+#include "ui/look/held_button.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QLabel>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace kestor {
@@ -30,7 +30,7 @@ void setShownText(QLabel &label, const QString &text) {
 } // namespace
 
 Placeholder::Placeholder(QWidget *parent)
-    : QWidget(parent), heading(centeredLabel(this)), explanation(centeredLabel(this)), button(new QPushButton(this)) {
+    : QWidget(parent), heading(centeredLabel(this)), explanation(centeredLabel(this)), button(new HeldButton(this)) {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(paneEdge, paneEdge, paneEdge, paneEdge);
     layout->setSpacing(gap);
@@ -56,7 +56,12 @@ void Placeholder::setText(const PlaceholderText &text) {
     setShownText(*heading, text.heading);
     setShownText(*explanation, text.explanation);
     button->setText(text.button);
+    button->setIcon(text.icon);
     button->setVisible(!text.button.isEmpty());
+}
+
+void Placeholder::setButtonHeld(bool held) {
+    button->setHeld(held);
 }
 
 void Placeholder::changeEvent(QEvent *event) {

@@ -1,18 +1,21 @@
 #pragma once
 
+#include <QIcon>
 #include <QString>
 #include <QWidget>
 
 class QLabel;
-class QPushButton;
 
 namespace kestor {
+
+class HeldButton;
 
 /// What an empty pane says; empty texts are left out.
 struct PlaceholderText {
     QString heading{};
     QString explanation{};
     QString button{};
+    QIcon icon{}; ///< of the button
 };
 
 /// The empty state of a pane: a heading, an explanation and perhaps a button, in the middle. It shows the focus that it
@@ -25,6 +28,8 @@ public:
     explicit Placeholder(const PlaceholderText &text, QWidget *parent = nullptr);
 
     void setText(const PlaceholderText &text);
+    /// A held button is drawn as disabled; a click on it is still announced.
+    void setButtonHeld(bool held);
 
 signals:
     void buttonClicked();
@@ -38,7 +43,7 @@ private:
 
     QLabel *heading;
     QLabel *explanation;
-    QPushButton *button;
+    HeldButton *button;
 };
 
 } // namespace kestor

@@ -4,13 +4,10 @@
 #include "ui/list/section_bar.h"
 #include "ui/look/placeholder.h"
 #include "ui/tabs/archive_card.h"
+#include "ui/tabs/copy_path_menu.h"
 #include "ui/tabs/revision_head.h"
 
-#include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QLocale>
-#include <QMenu>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
@@ -19,13 +16,7 @@ namespace kestor {
 ArchiveDetail::ArchiveDetail(QAction *createZip, QWidget *parent) : QWidget(parent), stack(new QStackedLayout(this)) {
     stack->addWidget(new Placeholder({{}, tr("(select a revision)"), {}}));
     stack->addWidget(revisionPage(createZip));
-    connect(paths, &RowListView::rowMenuRequested, this, [this](int row, const QPoint &position) {
-        auto *menu = new QMenu(this);
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        menu->addAction(tr("Copy Path"),
-                        [path = rows.copiedText(rows.recordAt(row))] { QGuiApplication::clipboard()->setText(path); });
-        menu->popup(position);
-    });
+    addCopyPathMenu(*paths, rows);
 }
 
 QWidget *ArchiveDetail::revisionPage(QAction *createZip) {

@@ -2,6 +2,7 @@
 
 #include "model/trimmed.h"
 #include "ui/look/flat_button.h"
+#include "ui/look/held_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
@@ -14,8 +15,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenu>
-#include <QPushButton>
-#include <QStyleOptionButton>
 #include <QTextBlock>
 #include <QTextEdit>
 #include <QToolButton>
@@ -44,29 +43,6 @@ QLabel *selectableLabel(QWidget *parent) {
 }
 
 } // namespace
-
-/// Drawn as disabled while it is held, yet it keeps the focus.
-class HeldButton final : public QPushButton {
-public:
-    using QPushButton::QPushButton;
-
-    void setHeld(bool wanted) {
-        held = wanted;
-        update();
-    }
-
-protected:
-    void initStyleOption(QStyleOptionButton *option) const override {
-        QPushButton::initStyleOption(option);
-        if (!held)
-            return;
-        option->state.setFlag(QStyle::State_Enabled, false);
-        option->palette.setCurrentColorGroup(QPalette::Disabled);
-    }
-
-private:
-    bool held = false;
-};
 
 RevisionHead::RevisionHead(QWidget *parent)
     : Bar(BarLine::below, parent), revision(selectableLabel(this)), origin(selectableLabel(this)),
