@@ -85,6 +85,7 @@ constexpr CommandRow rows[] = {
     {Command::copy, workingCopy, u"Copy...", u"", follows, act<&WorkingCopyActions::copyItem>},
     {Command::move, workingCopy, u"Move...", u"", follows, act<&WorkingCopyActions::moveItem>},
     {Command::showLog, history, u"Show Log", u"", follows, show<WorkflowTab::history>},
+    {Command::showIncoming, history, u"Show Incoming Changes", u"", follows, show<WorkflowTab::incoming>},
     {Command::showArchives, history, u"Show Archives", u"", follows, show<WorkflowTab::archives>},
     {Command::blamePath, history, u"Blame Path...", u"", beginsGroup, act<&WorkingCopyActions::showBlame>},
     {Command::diffAgainstRevision, history, u"Diff Against Revision...", u"", follows,

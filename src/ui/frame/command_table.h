@@ -41,6 +41,7 @@ enum class Command : std::uint8_t {
     copy,
     move,
     showLog,
+    showIncoming,
     showArchives,
     blamePath,
     diffAgainstRevision,

@@ -6,6 +6,7 @@
 #include "ui/tabs/archives_tab.h"
 #include "ui/tabs/changes_tab.h"
 #include "ui/tabs/history_tab.h"
+#include "ui/tabs/incoming_tab.h"
 
 namespace kestor {
 
@@ -20,6 +21,8 @@ TabPages::TabPages(AppState &shownState, const Commands &shownCommands, QWidget 
 
 QWidget *TabPages::newPage(WorkflowTab tab) {
     switch (tab) {
+    case WorkflowTab::incoming:
+        return newIncoming();
     case WorkflowTab::history:
         return newHistory();
     case WorkflowTab::archives:
@@ -46,6 +49,12 @@ ListTab *TabPages::newChanges() {
                                 Command::removeFromChangelist})});
     prepare(*changesTab);
     return changesTab;
+}
+
+ListTab *TabPages::newIncoming() {
+    auto *page = new IncomingTab(state, commands.action(Command::update), this);
+    prepare(*page);
+    return page;
 }
 
 ListTab *TabPages::newHistory() {
@@ -83,7 +92,8 @@ void TabPages::prepare(ListTab &page) {
 
 void TabPages::shareListWidth(int width) {
     layout.listWidth = width;
-    for (const WorkflowTab tab : {WorkflowTab::changes, WorkflowTab::history, WorkflowTab::configuration}) {
+    for (const WorkflowTab tab :
+         {WorkflowTab::changes, WorkflowTab::incoming, WorkflowTab::history, WorkflowTab::configuration}) {
         auto *page = qobject_cast<TabPage *>(tabPages.value(tab));
         if (page != nullptr)
             page->setListWidth(width);

@@ -40,6 +40,7 @@ signals:
 private:
     QWidget *newPage(WorkflowTab tab);
     ListTab *newChanges();
+    ListTab *newIncoming();
     ListTab *newHistory();
     ListTab *newArchives();
     void prepare(ListTab &page);

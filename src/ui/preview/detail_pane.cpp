@@ -71,8 +71,8 @@ void DetailPane::showForm() {
     if (previews != nullptr)
         previews->clear();
     pane->setForm(shown);
-    // A text diff may well speak of binary files.
-    if (preview.kind == DiffPreviewKind::binary && !hasHunk(text))
+    // A text diff may well speak of binary files, and a whole revision has no one file to speak of.
+    if (preview.kind == DiffPreviewKind::binary && !hasHunk(text) && !subject.path.isEmpty())
         pane->showNotice(subject, preview.message);
     else
         pane->showDiff(subject, text);

@@ -23,4 +23,8 @@ QString commitCountText(qsizetype count, const QLocale &locale) {
     return counted(count, u"commit"_s, locale);
 }
 
+QString itemCountText(qsizetype count, const QLocale &locale) {
+    return counted(count, u"item"_s, locale);
+}
+
 } // namespace kestor

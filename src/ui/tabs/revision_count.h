@@ -10,5 +10,7 @@ namespace kestor {
 QString revisionCountText(qsizetype count, const QLocale &locale);
 /// "1,284 commits", "1 commit".
 QString commitCountText(qsizetype count, const QLocale &locale);
+/// "5 items", "1 item".
+QString itemCountText(qsizetype count, const QLocale &locale);
 
 } // namespace kestor

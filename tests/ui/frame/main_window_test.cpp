@@ -130,6 +130,7 @@ const QString wantedMenus = uR"(&Repository
     Move...
 &History
     Show Log
+    Show Incoming Changes
     Show Archives
     -
     Blame Path...

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "ui/tabs/incoming_column.h"
+#include "ui/tabs/list_tab.h"
+
+#include <QTimer>
+
+#include <optional>
+
+class QAction;
+
+namespace kestor {
+
+class RevisionDiff;
+
+/// The Incoming tab: the revisions that an update would bring, what each of them changes, and the items that are out of
+/// date. For a Git project it offers to pull.
+class IncomingTab final : public ListTab {
+    Q_OBJECT
+
+public:
+    /// `update` brings what is incoming. Both must outlive the tab.
+    IncomingTab(AppState &state, QAction *update, QWidget *parent = nullptr);
+
+    /// Revisions, items that are out of date, detail.
+    QList<QWidget *> focusPanes() const override;
+
+protected:
+    bool isDetailUpToDate() const override { return shown == app.selectedIncomingRevision.value(); }
+    void setAccess(TickAccess access) override;
+
+private:
+    void observeState();
+    void showEntries();
+    void showRange();
+    void showEmptyText();
+    void showDetail();
+    void showDiff(const LogEntry &entry);
+    void chooseRevision(const QString &id);
+    void openRowMenu(const QPoint &position);
+
+    LogRows revisions{RowShape::twoLines};
+    OutdatedRows outdated{};
+    IncomingColumn *column;
+    RevisionDiff *detail;
+    QAction *updateProject;
+    QAction *refresh;
+    QTimer showing{};
+    std::optional<qint64> shown{}; ///< whose diff the pane shows
+};
+
+} // namespace kestor
