@@ -1,15 +1,17 @@
-// A log of 20,000 revisions with 5 paths each in the History and Archives tabs, by the program's own way: from the
-// tool's last byte until the list is painted, and the longest time in which the event loop could do nothing else. Each
-// line's "ratio" compares with the bound beside it.
+// A log of 20,000 revisions with 5 paths each in the History and Archives tabs, and one of 5,000 with as many items out
+// of date in the Incoming tab, by the program's own way: from the tool's last byte until the list is painted, and the
+// longest time in which the event loop could do nothing else. Each line's "ratio" compares with the bound beside it.
 
 #include "log_samples.h"
 #include "ui/frame/window_interaction.h"
 #include "ui/tabs/archives_tab.h"
 #include "ui/tabs/history_tab.h"
+#include "ui/tabs/incoming_tab.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QHash>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QThread>
@@ -23,6 +25,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr int revisions = 20'000;
+constexpr int incomingRevisions = 5'000;
 constexpr int paths = 5;
 constexpr double million = 1e6;
 
@@ -34,18 +37,28 @@ void report(const char *name, double value, double bound) {
     std::printf("%-52s %8.2f ms  bound %6.1f  ratio %5.2f\n", name, value, bound, value / bound);
 }
 
-/// Has printed the log already when it is run; anything else prints nothing.
+/// Has printed everything already when it is run.
 class PrintedLog final : public Tool {
 public:
-    QByteArray log{};
+    QHash<QString, QByteArray> printed{}; ///< by the first argument; anything else prints nothing
 
     QCoro::Task<SVNCommandResult> run(QStringList arguments, QString, CheckStatus, RunPurpose) override {
         SVNCommandResult result;
-        if (arguments.first() == u"log")
-            result.stdoutData = log;
+        result.stdoutData = printed.value(arguments.first());
         co_return result;
     }
 };
+
+/// As many files out of date as there are revisions, below a working copy at revision 0.
+QByteArray remoteStatus(int head) {
+    QByteArray status = "<status><target path='.'>";
+    for (int file = 0; file < head; ++file) {
+        status += "<entry path='src/part_" + QByteArray::number(file / 40) + "/file" + QByteArray::number(file) +
+                  ".cpp'><wc-status item='normal' props='none' revision='0'/>"
+                  "<repos-status item='modified' props='none'/></entry>";
+    }
+    return status + "<against revision='" + QByteArray::number(head) + "'/></target></status>";
+}
 
 void turnOfLoop() {
     QCoreApplication::processEvents();
@@ -70,7 +83,7 @@ struct Bench {
     }
 
     /// Runs `load` until `list` has painted what it published.
-    void measure(const char *name, QWidget &tab, const std::function<void()> &load,
+    void measure(const char *name, QWidget &tab, double bound, const std::function<void()> &load,
                  const std::function<bool()> &isLoaded) {
         tab.resize(1280, 700);
         tab.show();
@@ -92,7 +105,7 @@ struct Bench {
         while (app.busyMessage.value())
             idle(), take(turnOfLoop);
         std::printf("%s\n", name);
-        report("  tool's last byte to painted list", untilPainted, 400);
+        report("  tool's last byte to painted list", untilPainted, bound);
         report("  longest turn of the event loop", longest, 16);
     }
 };
@@ -104,7 +117,7 @@ void run() {
     HistoryTab history(app, {&bench.action, &bench.action, &bench.action, &bench.action, &bench.action});
     ArchivesTab archives(app, &bench.action);
     for (const int count : {revisions, revisions + 1}) {
-        tool->log = svnLog(count, paths);
+        tool->printed.insert(u"log"_s, svnLog(count, paths));
         const auto logIsHere = [&] {
             return app.logEntries.value().size() == count;
         };
@@ -112,9 +125,25 @@ void run() {
             return app.archiveEntries.value().size() == count;
         };
         bench.measure(
-            "History", history, [&] { app.loadHistory(); }, logIsHere);
+            "History", history, 400, [&] { app.loadHistory(); }, logIsHere);
         bench.measure(
-            "Archives", archives, [&] { app.loadArchives(); }, archivesAreHere);
+            "Archives", archives, 400, [&] { app.loadArchives(); }, archivesAreHere);
+    }
+}
+
+void runIncoming() {
+    const auto tool = std::make_shared<PrintedLog>();
+    Bench bench(tool);
+    AppState &app = bench.app;
+    IncomingTab incoming(app, &bench.action);
+    for (const int count : {incomingRevisions, incomingRevisions + 1}) {
+        tool->printed.insert(u"status"_s, remoteStatus(count));
+        tool->printed.insert(u"log"_s, svnLog(count, paths));
+        const auto isHere = [&] {
+            return app.incomingEntries.value().size() == count;
+        };
+        bench.measure(
+            "Incoming", incoming, 200, [&] { app.incoming.loadIncoming(); }, isHere);
     }
 }
 
@@ -124,4 +153,5 @@ void run() {
 int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     kestor::run();
+    kestor::runIncoming();
 }
