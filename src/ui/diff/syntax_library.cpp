@@ -1,6 +1,7 @@
 #include "ui/diff/syntax_library.h"
 
 #include <QFileInfo>
+#include <QFutureWatcher>
 #include <QtConcurrentRun>
 
 namespace kestor {
@@ -59,12 +60,16 @@ void SyntaxLibrary::startReading(const QString &key) {
     const auto read = [entry = entries[key]] {
         return readAgain(entry);
     };
-    QtConcurrent::run(read).then(this, [this, key](std::optional<Reading> reading) {
-        if (!reading)
-            return;
-        entries[key].reading = std::move(reading);
-        emit changed();
+    // Unlike a continuation, a watcher may go while its work is still being done.
+    auto *watcher = new QFutureWatcher<std::optional<Reading>>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, key] {
+        watcher->deleteLater();
+        if (std::optional<Reading> reading = watcher->result()) {
+            entries[key].reading = std::move(reading);
+            emit changed();
+        }
     });
+    watcher->setFuture(QtConcurrent::run(read));
 }
 
 } // namespace kestor
