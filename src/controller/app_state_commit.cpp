@@ -46,11 +46,12 @@ QCoro::Task<> AppState::commit(Project project, CommitRequest ticked) {
     if (closing)
         co_return;
     if (failure) {
-        showError(u"Commit Failed"_s, *failure);
+        co_await showError(u"Commit Failed"_s, *failure);
         co_await loadStatus(RunPurpose::userCommand);
         co_return;
     }
-    commandOutput = commandOutputOf(u"Commit"_s, result);
+    const CommandOutput output = co_await outputOf(u"Commit"_s, std::move(result));
+    commandOutput = output;
     commitMessage = QString();
     selectedCommitPaths = QSet<QString>();
     co_await reloadAfterChange();

@@ -87,7 +87,7 @@ QCoro::Task<> AppState::revertAfterConfirmation(Project project, QList<WorkingCo
     if (closing)
         co_return;
     if (failure)
-        showError(u"Revert Failed"_s, *failure);
+        co_await showError(u"Revert Failed"_s, *failure);
     co_await reloadAfterChange();
 }
 

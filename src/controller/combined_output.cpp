@@ -32,12 +32,12 @@ CommandOutput commandOutputOf(const QString &title, const SVNCommandResult &resu
             toolText(result.stderrData), std::nullopt};
 }
 
-QString failureMessage(const SVNCommandResult &result) {
-    if (!result.stderrData.isEmpty())
-        return toolText(result.stderrData);
-    if (!result.stdoutData.isEmpty())
-        return toolText(result.stdoutData);
-    return u"Command exited with status %1."_s.arg(result.status);
+QString failureMessage(const CommandOutput &output) {
+    if (!output.stderrText.isEmpty())
+        return output.stderrText;
+    if (!output.stdoutText.isEmpty())
+        return output.stdoutText;
+    return u"Command exited with status %1."_s.arg(output.status);
 }
 
 QString repositoryInfoText(const RepositoryInfo &info) {

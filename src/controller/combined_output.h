@@ -18,7 +18,7 @@ CommandOutput combinedOutput(const QString &title, const QString &commandLine, q
 CommandOutput commandOutputOf(const QString &title, const SVNCommandResult &result);
 
 /// What an alert says of a failed run: its standard error, else its standard output, else its status.
-QString failureMessage(const SVNCommandResult &result);
+QString failureMessage(const CommandOutput &output);
 
 /// The fields of `info` that are present, one labelled line each.
 QString repositoryInfoText(const RepositoryInfo &info);

@@ -54,7 +54,7 @@ QCoro::Task<> GitBranches::switchGitBranch(SwitchTarget target, Project project,
         const BusyScope switching(workspace.busy, u"Switching branch"_s);
         result = co_await runGitSwitch(plan.arguments, plan.fallbackArguments, project.path);
     }
-    publish(result, plan.note);
+    co_await publish(result, plan.note);
     // Also after a failure: a hook can fail when the branch is switched already.
     co_await workspace.reloadAfterChange();
 }
@@ -68,10 +68,10 @@ QCoro::Task<SVNCommandResult> GitBranches::runGitSwitch(QStringList arguments, Q
     co_return co_await git->run(fallbackArguments, directory, CheckStatus::no);
 }
 
-void GitBranches::publish(const SVNCommandResult &result, const QString &note) {
+QCoro::Task<> GitBranches::publish(SVNCommandResult result, QString note) {
     if (result.status != 0)
-        return workspace.showError(failureTitle.toString(), SVNClientError::commandFailed(result));
-    CommandOutput output = commandOutputOf(u"Switch Branch"_s, result);
+        co_return co_await workspace.showError(failureTitle.toString(), SVNClientError::commandFailed(result));
+    CommandOutput output = co_await workspace.outputOf(u"Switch Branch"_s, std::move(result));
     if (!note.isEmpty())
         output.stdoutText += note + u'\n';
     workspace.commandOutput = output;

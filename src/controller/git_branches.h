@@ -30,7 +30,7 @@ private:
     /// when Git cannot be started.
     QCoro::Task<SVNCommandResult> runGitSwitch(QStringList arguments, QStringList fallbackArguments, QString directory);
 
-    void publish(const SVNCommandResult &result, const QString &note);
+    QCoro::Task<> publish(SVNCommandResult result, QString note);
 
     Workspace &workspace;
 };

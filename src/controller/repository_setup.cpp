@@ -136,13 +136,14 @@ QCoro::Task<> RepositorySetup::checkOut(Checkout checkout) {
     const QStringList arguments = isGit ? args(u"clone", checkout.url, checkout.destination)
                                         : args(u"checkout", svnURLTarget(checkout.url), checkout.destination);
     const QString parent = QFileInfo(checkout.destination).path();
-    SVNCommandResult result;
+    CommandOutput output;
     std::optional<SVNClientError> failure;
     {
         const BusyScope checkingOut(workspace.busy, isGit ? u"Cloning repository"_s : u"Checking out working copy"_s);
         const std::shared_ptr<Tool> tool = workspace.toolFor(checkout.kind);
         try {
-            result = co_await tool->run(arguments, parent, CheckStatus::yes);
+            SVNCommandResult result = co_await tool->run(arguments, parent, CheckStatus::yes);
+            output = co_await workspace.outputOf(u"Checkout"_s, std::move(result));
         } catch (const SVNClientError &error) {
             failure = error;
         }
@@ -150,17 +151,16 @@ QCoro::Task<> RepositorySetup::checkOut(Checkout checkout) {
     if (failure)
         co_await giveUpCheckout(checkout, *failure);
     else
-        co_await publishCheckout(checkout, result);
+        co_await publishCheckout(checkout, output);
 }
 
-QCoro::Task<> RepositorySetup::publishCheckout(Checkout checkout, SVNCommandResult result) {
-    if (!QFileInfo::exists(checkout.destination)) {
-        workspace.commandOutput = commandOutputOf(u"Checkout"_s, result);
-        co_return;
-    }
-    const QCoro::Task<> adding = workspace.addProject(checkout.destination, checkout.kind);
-    workspace.commandOutput = commandOutputOf(u"Checkout"_s, result);
-    co_await adding;
+QCoro::Task<> RepositorySetup::publishCheckout(Checkout checkout, CommandOutput output) {
+    std::optional<QCoro::Task<>> adding;
+    if (QFileInfo::exists(checkout.destination))
+        adding = workspace.addProject(checkout.destination, checkout.kind);
+    workspace.commandOutput = output;
+    if (adding)
+        co_await *adding;
 }
 
 QCoro::Task<> RepositorySetup::giveUpCheckout(Checkout checkout, SVNClientError failure) {

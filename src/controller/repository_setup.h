@@ -38,7 +38,7 @@ private:
     /// Where a panel and a prompt say that a new folder shall be; nothing when cancelled or, after an alert, refused.
     QCoro::Task<std::optional<QString>> chosenDestination(QString panelTitle, QString promptTitle, QString offeredName);
     QCoro::Task<> checkOut(Checkout checkout);
-    QCoro::Task<> publishCheckout(Checkout checkout, SVNCommandResult result);
+    QCoro::Task<> publishCheckout(Checkout checkout, CommandOutput output);
     /// Adds what a failed run left when that is a working copy. Always throws, with what is left named.
     QCoro::Task<> giveUpCheckout(Checkout checkout, SVNClientError failure);
     /// Whether the destination is the root of a working copy or repository of its own.

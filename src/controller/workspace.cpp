@@ -9,7 +9,9 @@
 #include "tools/svn_client.h"
 #include "tools/svn_preference.h"
 
+#include <QCoroFuture>
 #include <QFileInfo>
+#include <QtConcurrent>
 
 #include <algorithm>
 
@@ -21,6 +23,9 @@ namespace {
 
 // Enough to read a few folders on a slow disk while others parse.
 constexpr int workerThreads = 4;
+
+// Bytes that are text within a millisecond.
+constexpr qsizetype decodedAtOnce = 256 * 1024;
 
 } // namespace
 
@@ -66,14 +71,24 @@ void Workspace::showAlert(const QString &title, const QString &message) {
     alert = AppAlert{QUuid::createUuid(), title, message};
 }
 
-void Workspace::showError(const QString &title, const SVNClientError &error) {
+QCoro::Task<> Workspace::showError(QString title, SVNClientError error) {
     const SVNCommandResult *result = error.failedResult();
     if (result == nullptr) {
         showAlert(title, error.errorDescription());
-        return;
+        co_return;
     }
-    commandOutput = commandOutputOf(title, *result);
-    showAlert(title, failureMessage(*result));
+    const CommandOutput output = co_await outputOf(title, *result);
+    commandOutput = output;
+    showAlert(title, failureMessage(output));
+}
+
+QCoro::Task<CommandOutput> Workspace::outputOf(QString title, SVNCommandResult result) {
+    if (result.stdoutData.size() + result.stderrData.size() <= decodedAtOnce)
+        co_return commandOutputOf(title, result);
+    const auto decode = [title, result = std::move(result)] {
+        return commandOutputOf(title, result);
+    };
+    co_return co_await QtConcurrent::run(&workers, decode);
 }
 
 QCoro::Task<> Workspace::reporting(QString title, QCoro::Task<> work, std::function<bool()> isRelevant) {
@@ -85,7 +100,7 @@ QCoro::Task<> Workspace::reporting(QString title, QCoro::Task<> work, std::funct
         failure = error;
     }
     if (failure && !closing && (!isRelevant || isRelevant()))
-        showError(title, *failure);
+        co_await showError(title, *failure);
 }
 
 std::optional<Project> Workspace::requiredProject() {

@@ -85,7 +85,10 @@ public:
     std::shared_ptr<Tool> toolFor(RepositoryKind kind) const;
 
     void showAlert(const QString &title, const QString &message);
-    void showError(const QString &title, const SVNClientError &error);
+    /// Shows an alert and, where a tool ran, what it printed.
+    QCoro::Task<> showError(QString title, SVNClientError error);
+    /// The output record of one run. A long output is decoded on a worker.
+    QCoro::Task<CommandOutput> outputOf(QString title, SVNCommandResult result);
     /// Awaits `work` and reports what it throws under `title`, unless `isRelevant` says nobody cares any more.
     QCoro::Task<> reporting(QString title, QCoro::Task<> work, std::function<bool()> isRelevant = {});
     /// Whether a load of that number for that project is still the one that may publish.

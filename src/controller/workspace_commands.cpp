@@ -20,13 +20,14 @@ QCoro::Task<> Workspace::runGitCommand(QString title, QStringList arguments, QSt
 
 QCoro::Task<> Workspace::runToolCommand(RepositoryKind kind, QString title, PathCommand command,
                                         QString workingDirectory, RefreshAfter refreshAfter, ShowOutput showOutput) {
-    SVNCommandResult result;
+    CommandOutput output;
     {
         const BusyScope running(busy, title);
-        result = co_await runPathCommand(toolFor(kind), kind, workingDirectory, command);
+        SVNCommandResult result = co_await runPathCommand(toolFor(kind), kind, workingDirectory, command);
+        output = co_await outputOf(title, std::move(result));
     }
-    if (showOutput == ShowOutput::always || !result.stdoutData.isEmpty() || !result.stderrData.isEmpty())
-        commandOutput = commandOutputOf(title, result);
+    if (showOutput == ShowOutput::always || !output.stdoutText.isEmpty() || !output.stderrText.isEmpty())
+        commandOutput = output;
     if (refreshAfter == RefreshAfter::yes)
         co_await reloadAfterChange();
 }

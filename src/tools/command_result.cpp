@@ -11,15 +11,6 @@ QString strictUtf8(const QByteArray &bytes) {
     return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : QString();
 }
 
-// Here the words count: a byte that is not UTF-8 becomes a replacement character instead of hiding the message.
-QString failureDescription(const SVNCommandResult &result) {
-    if (!result.stderrData.isEmpty())
-        return QString::fromUtf8(result.stderrData);
-    if (!result.stdoutData.isEmpty())
-        return QString::fromUtf8(result.stdoutData);
-    return u"Command exited with status %1."_s.arg(result.status);
-}
-
 } // namespace
 
 QString SVNCommandResult::stdoutText() const {
@@ -30,16 +21,31 @@ QString SVNCommandResult::stderrText() const {
     return strictUtf8(stderrData);
 }
 
-SVNClientError::SVNClientError(QString text, std::optional<SVNCommandResult> failed)
-    : description(std::move(text)), result(std::move(failed)), utf8(description.toUtf8()) {}
+SVNClientError::SVNClientError(const QString &text, std::optional<SVNCommandResult> failed)
+    : result(std::move(failed)), description(text.toUtf8()) {}
 
-SVNClientError SVNClientError::launchFailed(QString message) {
-    return {std::move(message), std::nullopt};
+SVNClientError SVNClientError::launchFailed(const QString &message) {
+    return {message, std::nullopt};
 }
 
 SVNClientError SVNClientError::commandFailed(SVNCommandResult result) {
-    QString description = failureDescription(result);
-    return {std::move(description), std::move(result)};
+    const QString silent = u"Command exited with status %1."_s.arg(result.status);
+    return {silent, std::move(result)};
+}
+
+const QByteArray &SVNClientError::words() const {
+    if (result && !result->stderrData.isEmpty())
+        return result->stderrData;
+    return result && !result->stdoutData.isEmpty() ? result->stdoutData : description;
+}
+
+// A byte that is not UTF-8 becomes a replacement character instead of hiding the message.
+QString SVNClientError::errorDescription() const {
+    return QString::fromUtf8(words());
+}
+
+const char *SVNClientError::what() const noexcept {
+    return words().constData();
 }
 
 } // namespace kestor

@@ -27,22 +27,25 @@ struct SVNCommandResult {
 class SVNClientError : public std::exception {
 public:
     /// The tool was not found or could not be started; the description is `message`.
-    static SVNClientError launchFailed(QString message);
+    static SVNClientError launchFailed(const QString &message);
     /// The tool exited with a non-zero status; the description is its standard error, else its standard output, else
     /// "Command exited with status N.".
     static SVNClientError commandFailed(SVNCommandResult result);
 
-    const QString &errorDescription() const { return description; }
+    /// Decodes what the tool said on every call.
+    QString errorDescription() const;
     /// The failed run, or nullptr when the tool never ran.
     const SVNCommandResult *failedResult() const { return result ? &*result : nullptr; }
-    const char *what() const noexcept override { return utf8.constData(); }
+    const char *what() const noexcept override;
 
 private:
-    SVNClientError(QString text, std::optional<SVNCommandResult> failed);
+    SVNClientError(const QString &text, std::optional<SVNCommandResult> failed);
 
-    QString description;
+    /// The words of the tool where it said any. No copy: they can be long.
+    const QByteArray &words() const;
+
     std::optional<SVNCommandResult> result;
-    QByteArray utf8;
+    QByteArray description; ///< where no tool said anything
 };
 
 } // namespace kestor

@@ -30,7 +30,7 @@ TEST(CommandOutput, AFailureSpeaksInTheToolsWords) {
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
-        EXPECT_EQ(failureMessage(row.result), row.message);
+        EXPECT_EQ(failureMessage(commandOutputOf(u"T"_s, row.result)), row.message);
     }
 }
 
