@@ -17,13 +17,9 @@ GitBranches::GitBranches(Workspace &shared) : workspace(shared) {}
 
 QCoro::Task<> GitBranches::switchGitBranch() {
     const RunningOperations::Scope running(workspace.operations);
-    const std::optional<Project> project = workspace.requiredProject();
+    const std::optional<Project> project = workspace.requiredProject(RepositoryKind::git);
     if (!project)
         co_return;
-    if (project->kind == RepositoryKind::svn) {
-        workspace.showAlert(u"Git Command Unavailable"_s, u"This project is an SVN working copy."_s);
-        co_return;
-    }
     co_await workspace.reporting(failureTitle.toString(), chooseAndSwitch(*project));
 }
 

@@ -226,7 +226,7 @@ QString RepositorySetup::exportTarget(const QString &source) const {
 
 QCoro::Task<> RepositorySetup::makeRemoteDirectory() {
     const RunningOperations::Scope running(workspace.operations);
-    const std::optional<Project> project = workspace.requiredProject();
+    const std::optional<Project> project = workspace.requiredProject(RepositoryKind::svn);
     if (!project)
         co_return;
     const QList<PromptField> fields{

@@ -27,6 +27,9 @@ QCoro::Task<> call(AppState *state) {
 template <QCoro::Task<> (WorkingCopyActions::*operation)()>
 constexpr auto act = call<&AppState::actions, operation>;
 
+template <QCoro::Task<> (RepositorySetup::*operation)()>
+constexpr auto setUp = call<&AppState::setup, operation>;
+
 template <QCoro::Task<> (SvnProgram::*operation)()>
 constexpr auto runSvn = call<&AppState::svnProgram, operation>;
 
@@ -45,6 +48,9 @@ QCoro::Task<> show(AppState *state) {
 constexpr CommandRow rows[] = {
     {Command::addExistingWorkingCopy, repository, u"Add Existing Working Copy...", u"Ctrl+O", follows,
      call<&AppState::addExistingWorkingCopy>},
+    {Command::createRepository, repository, u"Create SVN Repository...", u"Ctrl+N", follows,
+     setUp<&RepositorySetup::createSVNRepository>},
+    {Command::checkout, repository, u"Checkout...", u"", follows, setUp<&RepositorySetup::checkoutRepository>},
     {Command::removeProject, repository, u"Remove Project", u"", follows, call<&AppState::removeSelectedProject>},
     {Command::openTerminal, repository, u"Open Terminal Here", u"", beginsGroup, call<&AppState::openTerminal>},
     {Command::openFinder, repository, u"Open Finder Here", u"", follows, call<&AppState::openFinder>},
@@ -100,6 +106,10 @@ constexpr CommandRow rows[] = {
     {Command::merge, history, u"Merge...", u"", follows, act<&WorkingCopyActions::merge>},
     {Command::listTarget, remote, u"List URL Or Path...", u"", follows, call<&AppState::listTarget>},
     {Command::catTarget, remote, u"Cat URL Or Path...", u"", follows, call<&AppState::catTarget>},
+    {Command::makeRemoteDirectory, remote, u"Make Remote Directory...", u"", beginsGroup,
+     setUp<&RepositorySetup::makeRemoteDirectory>},
+    {Command::importDirectory, remote, u"Import Directory...", u"", follows, setUp<&RepositorySetup::importDirectory>},
+    {Command::exportTarget, remote, u"Export URL Or Path...", u"", follows, setUp<&RepositorySetup::exportRepository>},
     {Command::listProperties, properties, u"List Properties...", u"", follows,
      act<&WorkingCopyActions::listProperties>},
     {Command::getProperty, properties, u"Get Property...", u"", follows, act<&WorkingCopyActions::getProperty>},

@@ -12,6 +12,8 @@ namespace kestor {
 /// The operations that stand in the menu bar.
 enum class Command : std::uint8_t {
     addExistingWorkingCopy,
+    createRepository,
+    checkout,
     removeProject,
     openTerminal,
     openFinder,
@@ -52,6 +54,9 @@ enum class Command : std::uint8_t {
     merge,
     listTarget,
     catTarget,
+    makeRemoteDirectory,
+    importDirectory,
+    exportTarget,
     listProperties,
     getProperty,
     setProperty,

@@ -9,7 +9,10 @@
 #include <QAction>
 #include <QApplication>
 #include <QPainter>
+#include <QStyleOptionButton>
 #include <QVBoxLayout>
+
+#include <cstdint>
 
 namespace kestor {
 
@@ -28,15 +31,24 @@ constexpr int textWidth = 440;
 /// A command as a wide button, its name at the left and its shortcut at the right.
 class WayButton final : public AccentButton {
 public:
-    WayButton(QAction *shownAction, QWidget *parent) : AccentButton(shownAction->text(), parent), action(shownAction) {
+    enum class Weight : std::uint8_t { first, further };
+
+    WayButton(QAction *shownAction, Weight shownWeight, QWidget *parent)
+        : AccentButton(shownAction->text(), parent), action(shownAction), weight(shownWeight) {
         setFixedSize(buttonWidth + 2 * frameRoom, buttonHeight + 2 * frameRoom);
+        setDefault(weight == Weight::first);
+        if (weight == Weight::further)
+            setFont(QApplication::font());
         connect(this, &QPushButton::clicked, action, &QAction::trigger);
     }
 
 protected:
     void paintEvent(QPaintEvent *) override {
         QPainter painter(this);
-        paintGround(painter);
+        if (weight == Weight::first)
+            paintGround(painter);
+        else
+            paintPlainGround(painter);
         const QRect texts = rect().adjusted(textEdge, 0, -textEdge, 0);
         painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter, text());
         QFont shortcutFont = smallFont(QApplication::font());
@@ -47,7 +59,17 @@ protected:
     }
 
 private:
+    void paintPlainGround(QPainter &painter) const {
+        QStyleOptionButton option;
+        initStyleOption(&option);
+        option.text.clear();
+        option.rect.adjust(frameRoom, frameRoom, -frameRoom, -frameRoom);
+        style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
+        painter.setPen(palette().color(QPalette::ButtonText));
+    }
+
     QAction *action;
+    Weight weight;
 };
 
 /// The folder drawing on a rounded ground.
@@ -84,7 +106,10 @@ FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent),
     explanation->setWordWrap(true);
     explanation->setAlignment(Qt::AlignCenter);
     explanation->setFixedWidth(textWidth);
-    auto *firstWay = new WayButton(commands.action(Command::addExistingWorkingCopy), frame);
+    const auto newWay = [&commands, this](Command command, WayButton::Weight weight) {
+        return new WayButton(commands.action(command), weight, frame);
+    };
+    auto *firstWay = newWay(Command::addExistingWorkingCopy, WayButton::Weight::first);
     auto *column = new QVBoxLayout(frame);
     column->setContentsMargins(frameEdge, frameEdge, frameEdge, frameEdge);
     column->setSpacing(gap);
@@ -94,6 +119,8 @@ FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent),
     column->addWidget(explanation, 0, Qt::AlignCenter);
     column->addSpacing(12);
     column->addWidget(firstWay, 0, Qt::AlignCenter);
+    for (const Command command : {Command::checkout, Command::createRepository})
+        column->addWidget(newWay(command, WayButton::Weight::further), 0, Qt::AlignCenter);
     setFocusProxy(firstWay);
     frame->setFixedWidth(frameWidth);
     auto *layout = new QVBoxLayout(this);

@@ -77,7 +77,8 @@ QWidget *Sidebar::foot(const Commands &commands) {
     add = flatButton(Icon::plus, u"Add a project"_s, bar);
     add->setPopupMode(QToolButton::InstantPopup);
     auto *ways = new QMenu(add);
-    ways->addAction(commands.action(Command::addExistingWorkingCopy));
+    for (const Command way : {Command::addExistingWorkingCopy, Command::checkout, Command::createRepository})
+        ways->addAction(commands.action(way));
     add->setMenu(ways);
     remove = flatButton(Icon::minus, u"Remove Project"_s, bar);
     auto *hide = flatButton(Icon::sidebar, u"Hide the sidebar (Ctrl+B)"_s, bar);

@@ -1,10 +1,15 @@
 #include "support/awaited.h"
 #include "support/printers.h"
+#include "support/temp_tree.h"
 #include "ui/frame/window_interaction.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
+#include <QCompleter>
 #include <QDialog>
+#include <QDir>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -122,6 +127,73 @@ TEST_F(Dialogs, PromptFocusesTheFirstEmptyFieldAndTrims) {
         ASSERT_TRUE(waitUntil([&] { return answer.has_value() && window->findChild<QDialog *>() == nullptr; }));
         EXPECT_EQ(answer->value(), row.expected);
     }
+}
+
+TEST_F(Dialogs, BranchIsTheTypedOneElseTheChosenOne) {
+    const QList<GitBranch> branches{
+        {u"main"_s, true, false}, {u"topic"_s, false, false}, {u"origin/topic"_s, false, true}};
+    struct Row {
+        const char *name;
+        QList<GitBranch> branches;
+        std::optional<QString> current;
+        int chosen; ///< -1 leaves what is offered
+        QString typed;
+        std::optional<SwitchTarget> expected;
+    };
+    const Row rows[] = {
+        {"the current one is offered", branches, u"main"_s, -1, {}, SwitchTarget{u"main"_s, false}},
+        {"a remote one", branches, u"main"_s, 2, {}, SwitchTarget{u"origin/topic"_s, true}},
+        {"typed text wins and is local", branches, u"main"_s, 2, u"  origin/topic\t"_s,
+         SwitchTarget{u"origin/topic"_s, false}},
+        {"blanks are nothing", branches, u"main"_s, 1, u"  "_s, SwitchTarget{u"topic"_s, false}},
+        {"none is offered where HEAD is detached", branches, std::nullopt, -1, {}, std::nullopt},
+        {"without branches only the name", {}, std::nullopt, -1, u"new"_s, SwitchTarget{u"new"_s, false}},
+        {"without branches and name nothing", {}, std::nullopt, -1, {}, std::nullopt},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        std::optional<std::optional<SwitchTarget>> answer;
+        keep(interaction.chooseBranch(row.branches, row.current), &answer);
+        auto *field = dialog()->findChild<QLineEdit *>();
+        ASSERT_EQ(focused(), field);
+        auto *list = dialog()->findChild<QComboBox *>();
+        ASSERT_EQ(list == nullptr, row.branches.isEmpty());
+        if (row.chosen >= 0)
+            list->setCurrentIndex(row.chosen);
+        field->insert(row.typed);
+        button(u"Switch"_s)->click();
+        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && window->findChild<QDialog *>() == nullptr; }));
+        EXPECT_EQ(*answer, row.expected);
+    }
+}
+
+TEST_F(Dialogs, BranchesAreMarkedAndOnlyLocalNamesCompleted) {
+    std::optional<std::optional<SwitchTarget>> answer;
+    keep(interaction.chooseBranch({{u"main"_s, true, false}, {u"origin/main"_s, false, true}}, u"main"_s), &answer);
+    const auto *list = dialog()->findChild<QComboBox *>();
+    EXPECT_EQ(list->itemText(0), u"main (current)"_s);
+    EXPECT_EQ(list->itemText(1), u"origin/main (remote)"_s);
+    QTest::keyClicks(focused(), u"m"_s);
+    EXPECT_EQ(dialog()->findChild<QLineEdit *>()->completer()->completionCount(), 1);
+    QTest::keyClick(dialog(), Qt::Key_Escape);
+    ASSERT_TRUE(waitUntil([&] { return answer.has_value(); }));
+    EXPECT_EQ(*answer, std::nullopt);
+}
+
+TEST_F(Dialogs, ANewFolderMayHaveANameThatIsTaken) {
+    const testing::TempTree tree;
+    QDir(tree.path()).mkdir(u"taken"_s);
+    std::optional<std::optional<QString>> answer;
+    keep(interaction.chooseNewFolder({u"Title"_s, u"Message"_s, u"Create"_s, u"Name:"_s, u"New"_s}), &answer);
+    auto *panel = qobject_cast<QFileDialog *>(dialog());
+    ASSERT_NE(panel, nullptr);
+    auto *name = panel->findChild<QLineEdit *>(u"fileNameEdit"_s);
+    EXPECT_EQ(name->text(), u"New"_s);
+    panel->setDirectory(tree.path());
+    name->setText(u"taken"_s);
+    button(u"Create"_s)->click();
+    ASSERT_TRUE(waitUntil([&] { return answer.has_value(); }));
+    EXPECT_EQ(*answer, tree.path(u"taken"_s));
 }
 
 TEST_F(Dialogs, AWindowThatDiesCancelsWhatItAsks) {

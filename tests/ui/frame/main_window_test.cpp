@@ -92,6 +92,8 @@ QString menuTexts(const QMenuBar &bar) {
 
 const QString wantedMenus = uR"(&Repository
     Add Existing Working Copy... | Ctrl+O
+    Create SVN Repository... | Ctrl+N
+    Checkout...
     Remove Project
     -
     Open Terminal Here
@@ -144,6 +146,10 @@ const QString wantedMenus = uR"(&Repository
 Re&mote
     List URL Or Path...
     Cat URL Or Path...
+    -
+    Make Remote Directory...
+    Import Directory...
+    Export URL Or Path...
 &Properties
     List Properties...
     Get Property...
@@ -178,6 +184,11 @@ TEST_F(Window, OffersTheFirstProjectAndThenShowsIt) {
     ASSERT_EQ(window->focusWidget(), way);
     QTest::keyClick(way, Qt::Key_Space);
     EXPECT_EQ(fixture.user.asked, QStringList(u"directory Add Working Copy"_s));
+    for (QPushButton *other : part<FirstRun>()->findChildren<QPushButton *>().mid(1))
+        other->click();
+    EXPECT_EQ(fixture.user.asked.mid(1),
+              (QStringList{u"prompt Checkout: Repository URL="_s,
+                           u"new folder Create SVN Repository [Create]: Repository Name:NewRepository"_s}));
     const Project project{QUuid::createUuid(), u"a"_s, tree.path(), RepositoryKind::git};
     app.projects = QList<Project>{project};
     app.selectedProjectID = project.id;
