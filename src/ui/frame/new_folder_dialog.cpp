@@ -21,15 +21,21 @@ NewFolderDialog::NewFolderDialog(const NewFolderTexts &texts, QWidget *parent) :
     message->setMargin(paneEdge);
     layout()->setMenuBar(message);
     selectFile(texts.name);
+    // A file panel offers to open a folder of the typed name.
+    connect(nameField(), &QLineEdit::textChanged, this, [this, texts] { setLabelText(Accept, texts.button); });
+}
+
+QLineEdit *NewFolderDialog::nameField() const {
+    return findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
 }
 
 QString NewFolderDialog::typedName() const {
-    const auto *field = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-    return field == nullptr ? QString() : field->text().trimmed();
+    return nameField()->text().trimmed();
 }
 
 QString NewFolderDialog::path() const {
-    return QDir::cleanPath(directory().absoluteFilePath(typedName()));
+    const QString name = typedName();
+    return name.isEmpty() ? directory().absolutePath() + u'/' : directory().absoluteFilePath(name);
 }
 
 /// A file panel would enter a folder of that name, and ask whether to replace a file.

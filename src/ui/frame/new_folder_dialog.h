@@ -4,6 +4,8 @@
 
 #include <QFileDialog>
 
+class QLineEdit;
+
 namespace kestor {
 
 /// Asks for the place and the name of a folder that is to be created. A name that is taken is accepted, too: whoever
@@ -14,13 +16,14 @@ class NewFolderDialog final : public QFileDialog {
 public:
     NewFolderDialog(const NewFolderTexts &texts, QWidget *parent);
 
-    /// The absolute path.
+    /// The absolute path; ends with "/" when no name was typed.
     QString path() const;
 
 protected:
     void accept() override;
 
 private:
+    QLineEdit *nameField() const;
     QString typedName() const;
 };
 

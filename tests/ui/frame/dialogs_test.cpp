@@ -191,6 +191,7 @@ TEST_F(Dialogs, ANewFolderMayHaveANameThatIsTaken) {
     EXPECT_EQ(name->text(), u"New"_s);
     panel->setDirectory(tree.path());
     name->setText(u"taken"_s);
+    ASSERT_NE(button(u"Create"_s), nullptr);
     button(u"Create"_s)->click();
     ASSERT_TRUE(waitUntil([&] { return answer.has_value(); }));
     EXPECT_EQ(*answer, tree.path(u"taken"_s));
