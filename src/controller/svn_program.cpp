@@ -7,6 +7,16 @@ using namespace Qt::StringLiterals;
 
 namespace kestor {
 
+namespace {
+
+constexpr qsizetype longestTitle = 60;
+
+QString titleOf(const QString &subcommand) {
+    return u"svn "_s + (subcommand.size() > longestTitle ? subcommand.first(longestTitle) + u'…' : subcommand);
+}
+
+} // namespace
+
 QCoro::Task<> SvnProgram::runCustomSVNCommand() {
     const RunningOperations::Scope running(workspace.operations);
     const QList<PromptField> fields{{u"arguments"_s, u"Arguments"_s, QString()}};
@@ -31,8 +41,7 @@ QCoro::Task<> SvnProgram::runTyped(QString line) {
     const std::optional<Project> project = workspace.selectedProject();
     const QString directory = project ? project->path : QString();
     const RefreshAfter refreshAfter = project ? RefreshAfter::yes : RefreshAfter::no;
-    const QString title = u"svn "_s + arguments.first();
-    co_await workspace.runCommand(title, arguments, directory, refreshAfter, ShowOutput::always);
+    co_await workspace.runCommand(titleOf(arguments.first()), arguments, directory, refreshAfter, ShowOutput::always);
 }
 
 QCoro::Task<> SvnProgram::showSVNHelp() {
