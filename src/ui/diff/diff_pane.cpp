@@ -165,6 +165,7 @@ void DiffPane::setForm(std::optional<DetailForm> form) {
 
 void DiffPane::showMessage(const QString &heading, const QString &explanation) {
     placeholder->setText({.heading = heading, .explanation = explanation});
+    placeholder->setAccessibleName(heading.isEmpty() ? explanation : heading + u", "_s + explanation);
     leaveDiff(placeholder);
 }
 

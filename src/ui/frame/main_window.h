@@ -44,6 +44,8 @@ private:
     WindowState currentState() const;
 
     void addShortcuts();
+    void addProgramActions();
+    void showAbout();
     template <typename Slot>
     QShortcut *addShortcut(const QKeySequence &keys, Slot slot);
 

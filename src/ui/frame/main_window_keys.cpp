@@ -13,12 +13,17 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
 #include <QShortcut>
 #include <QStackedWidget>
 
 #include <utility>
 
 namespace kestor {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -41,6 +46,7 @@ QShortcut *MainWindow::addShortcut(const QKeySequence &keys, Slot slot) {
 void MainWindow::addShortcuts() {
     for (const auto &[keys, command] : commandKeys)
         addShortcut(keys, [action = commands->action(command)] { action->trigger(); });
+    addProgramActions();
     for (int index = 0; index < tabs->count(); ++index)
         addShortcut(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + index), [this, index] { tabs->choose(index); });
     addShortcut(Qt::CTRL | Qt::Key_PageUp, [this] { tabs->choose(tabs->currentIndex() - 1); });
@@ -59,6 +65,34 @@ void MainWindow::addShortcuts() {
     addShortcut(Qt::CTRL | Qt::Key_Minus, [this] { pages->setTextSize(pages->textSize() - 1); });
     addShortcut(Qt::CTRL | Qt::Key_0, [this] { pages->setTextSize(0); });
     closeSheet = addShortcut(Qt::Key_Escape, [this] { state.commandOutput = std::nullopt; });
+}
+
+/// In the program's own menu where the platform has one, elsewhere keys of the window.
+void MainWindow::addProgramActions() {
+    const auto add = [this](const QString &text, QAction::MenuRole role, const QKeySequence &keys, auto slot) {
+        auto *action = new QAction(text, this);
+        action->setMenuRole(role);
+        action->setShortcut(keys);
+        connect(action, &QAction::triggered, this, slot);
+#ifdef Q_OS_MACOS
+        menuBar()->actions().first()->menu()->addAction(action);
+#else
+        addAction(action);
+#endif
+    };
+    add(u"About KestorSVN"_s, QAction::AboutRole, Qt::Key_F1, [this] { showAbout(); });
+    add(u"Preferences..."_s, QAction::PreferencesRole, Qt::CTRL | Qt::Key_Comma,
+        [this] { tabs->choose(tabs->count() - 1); });
+    add(u"Quit KestorSVN"_s, QAction::QuitRole, Qt::CTRL | Qt::Key_Q, [this] { close(); });
+}
+
+void MainWindow::showAbout() {
+    auto *about = new QMessageBox(QMessageBox::NoIcon, u"About KestorSVN"_s,
+                                  u"KestorSVN "_s + QCoreApplication::applicationVersion(), QMessageBox::Ok, this);
+    about->setAttribute(Qt::WA_DeleteOnClose);
+    about->setInformativeText(u"A window on Subversion working copies and Git repositories.\nBuilt on Qt %1."_s.arg(
+        QLatin1StringView(qVersion())));
+    about->open();
 }
 
 void MainWindow::findProject() {

@@ -9,6 +9,7 @@ using namespace Qt::StringLiterals;
 void setProgramNames() {
     QCoreApplication::setOrganizationName(u"KestorSVN"_s);
     QCoreApplication::setApplicationName(u"KestorSVN"_s);
+    QCoreApplication::setApplicationVersion(QStringLiteral(KESTOR_VERSION));
 }
 
 Program::Program(QSettings &settings)

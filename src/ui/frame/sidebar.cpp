@@ -102,7 +102,7 @@ void Sidebar::makeMenu(const Commands &commands) {
     };
     addGroup({Command::openTerminal, Command::openFinder, Command::openBoth});
     menu->addSeparator();
-    addGroup({Command::refreshStatus, Command::info});
+    addGroup({Command::refreshStatus, Command::update, Command::info});
     menu->addSeparator();
     addGroup({Command::removeProject});
     connect(view, &ProjectListView::menuRequested, menu, [menu](const QPoint &position) { menu->popup(position); });

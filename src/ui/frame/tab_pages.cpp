@@ -60,6 +60,7 @@ ListTab *TabPages::newIncoming() {
 ListTab *TabPages::newHistory() {
     const HistoryActions actions{.pullFile = commands.action(Command::pullFileAtRevision),
                                  .diffAgainst = commands.action(Command::diffAgainstRevision),
+                                 .blame = commands.action(Command::blamePath),
                                  .createZip = commands.action(Command::createArchiveZip),
                                  .rollback = commands.action(Command::rollbackRevision),
                                  .exportFile = commands.action(Command::exportFileAtRevision)};

@@ -46,7 +46,7 @@ void HistoryTab::addHeadActions() {
     RevisionHead &head = detail->head();
     head.addButton(tr("Rollback..."), actions.rollback);
     head.addButton(tr("Export File..."), actions.exportFile);
-    head.setMenuActions({actions.pullFile, actions.diffAgainst, actions.createZip});
+    head.setMenuActions({actions.pullFile, actions.diffAgainst, actions.blame, actions.createZip});
 }
 
 void HistoryTab::observeState() {
@@ -164,7 +164,7 @@ bool HistoryTab::chooseBeside(Walk walk, CaretDirection direction) {
 void HistoryTab::openRowMenu(const QPoint &position) {
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addActions({actions.pullFile, actions.diffAgainst, actions.createZip});
+    menu->addActions({actions.pullFile, actions.diffAgainst, actions.blame, actions.createZip});
     menu->addSeparator();
     menu->addActions({actions.rollback, actions.exportFile});
     menu->addSeparator();

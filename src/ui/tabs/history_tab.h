@@ -17,6 +17,7 @@ class RevisionDiff;
 struct HistoryActions {
     QAction *pullFile = nullptr;
     QAction *diffAgainst = nullptr;
+    QAction *blame = nullptr;
     QAction *createZip = nullptr;
     QAction *rollback = nullptr;
     QAction *exportFile = nullptr;

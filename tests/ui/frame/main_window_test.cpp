@@ -10,6 +10,7 @@
 #include "ui/frame/tab_strip.h"
 #include "ui/tabs/changes_tab.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
@@ -438,9 +439,63 @@ TEST_F(Window, AProjectRowOffersItsCommands) {
     for (const QAction *item : menu->actions())
         texts.append(item->isSeparator() ? u"-"_s : item->text());
     EXPECT_EQ(texts, (QStringList{u"Open Terminal Here"_s, u"Open Finder Here"_s, u"Open Both Here"_s, u"-"_s,
-                                  u"Refresh Status"_s, u"Info"_s, u"-"_s, u"Remove Project"_s}));
+                                  u"Refresh Status"_s, u"Update"_s, u"Info"_s, u"-"_s, u"Remove Project"_s}));
     EXPECT_TRUE(window->menuBar()->actions().first()->menu()->actions().contains(menu->actions().first()));
     QApplication::activePopupWidget()->close();
+}
+
+/// The names of the parts that Tab reaches from the list of projects until it is there again.
+QStringList focusOrder(QWidget &window, QWidget *start) {
+    QStringList names;
+    start->setFocus(Qt::TabFocusReason);
+    do {
+        QWidget *focused = window.focusWidget();
+        const QString name = QAccessible::queryAccessibleInterface(focused)->text(QAccessible::Name);
+        names.append(name.isEmpty() ? u"unnamed "_s + QLatin1StringView(focused->metaObject()->className()) : name);
+        QTest::keyClick(window.focusWidget(), Qt::Key_Tab);
+    } while (window.focusWidget() != start && names.size() < 60);
+    return names;
+}
+
+TEST_F(Window, TabReachesEveryPartInTheOrderOfTheScreen) {
+    show({u"a"_s});
+    app.changes = QList<WorkingCopyItem>{{.path = u"a.c"_s, .kind = SVNStatusKind::modified}};
+    struct Row {
+        WorkflowTab tab;
+        QStringList inOrder; ///< among others
+    };
+    const QStringList header{u"Projects"_s,
+                             u"Add a project"_s,
+                             u"Remove Project"_s,
+                             u"Hide the sidebar (Ctrl+B)"_s,
+                             u"Switch URL Or Branch..."_s,
+                             u"Refresh (F5)"_s,
+                             u"Pull (Ctrl+U)"_s};
+    const Row rows[] = {
+        {WorkflowTab::changes, header + QStringList{u"Filter changes"_s}},
+        {WorkflowTab::history, header + QStringList{u"Filter files"_s, u"Files"_s, u"Revisions"_s}},
+        {WorkflowTab::archives, header + QStringList{u"Filter revisions"_s, u"Revisions"_s}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(rawValue(row.tab).toUtf8().constData());
+        app.selectedTab = row.tab;
+        QStringList reached = focusOrder(*window, part<ProjectListView>());
+        EXPECT_EQ(reached.filter(u"unnamed"_s), QStringList());
+        reached.removeIf([&row](const QString &name) { return !row.inOrder.contains(name); });
+        EXPECT_EQ(reached, row.inOrder);
+    }
+}
+
+TEST_F(Window, AboutPreferencesAndQuitAreKeysOfTheWindow) {
+    show({u"a"_s});
+    QTest::keyClick(window.get(), Qt::Key_Comma, Qt::ControlModifier);
+    EXPECT_EQ(app.selectedTab.value(), WorkflowTab::configuration);
+    QTest::keyClick(window.get(), Qt::Key_F1);
+    ASSERT_NE(QApplication::activeModalWidget(), nullptr);
+    QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    activate();
+    QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(Window, KeepsItsLayoutForTheNextRun) {
