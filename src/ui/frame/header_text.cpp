@@ -1,7 +1,5 @@
 #include "ui/frame/header_text.h"
 
-#include <QDir>
-
 namespace kestor {
 
 namespace {
@@ -18,12 +16,6 @@ QString branchText(RepositoryKind kind, const RepositoryInfo &info) {
         return info.workingRevision.value_or(QString());
     }
     return {};
-}
-
-QString homeRelativePath(const QString &path, const QString &home) {
-    if (path == home)
-        return QStringLiteral("~");
-    return path.startsWith(home + u'/') ? u'~' + path.mid(home.size()) : path;
 }
 
 HeaderWidths headerWidths(int available, const HeaderWidths &wanted) {

@@ -11,9 +11,6 @@ namespace kestor {
 /// Git repository; "" before that is known.
 QString branchText(RepositoryKind kind, const RepositoryInfo &info);
 
-/// `path` with "~" for the home folder.
-QString homeRelativePath(const QString &path, const QString &home);
-
 /// The widths of the two texts of the header that give way.
 struct HeaderWidths {
     int branch = 0;

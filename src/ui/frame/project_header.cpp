@@ -6,6 +6,7 @@
 #include "ui/frame/kind_tag.h"
 #include "ui/frame/project_rows.h"
 #include "ui/look/flat_button.h"
+#include "ui/look/home_path.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 

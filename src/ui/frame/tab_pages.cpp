@@ -1,35 +1,36 @@
 #include "ui/frame/tab_pages.h"
 
 #include "ui/frame/commands.h"
-#include "ui/look/placeholder.h"
 #include "ui/preview/detail_pane.h"
 #include "ui/tabs/archives_tab.h"
 #include "ui/tabs/changes_tab.h"
+#include "ui/tabs/configuration_tab.h"
 #include "ui/tabs/history_tab.h"
 #include "ui/tabs/incoming_tab.h"
 
 namespace kestor {
 
-using namespace Qt::StringLiterals;
-
 TabPages::TabPages(AppState &shownState, const Commands &shownCommands, QWidget *parent)
     : QStackedWidget(parent), state(shownState), commands(shownCommands) {
-    tabPages.insert(WorkflowTab::changes, newChanges());
+    tabPages.insert(WorkflowTab::changes, newPage(WorkflowTab::changes));
     addWidget(changesTab);
     observers.watch(state.selectedTab, [this] { showPage(); });
 }
 
-QWidget *TabPages::newPage(WorkflowTab tab) {
+TabPage *TabPages::newPage(WorkflowTab tab) {
     switch (tab) {
+    case WorkflowTab::changes:
+        break;
     case WorkflowTab::incoming:
         return newIncoming();
     case WorkflowTab::history:
         return newHistory();
     case WorkflowTab::archives:
         return newArchives();
-    default:
-        return new Placeholder({rawValue(tab).toString(), u"Not available yet."_s, {}}, this);
+    case WorkflowTab::configuration:
+        return newConfiguration();
     }
+    return newChanges();
 }
 
 ListTab *TabPages::newChanges() {
@@ -79,9 +80,21 @@ ListTab *TabPages::newArchives() {
     return page;
 }
 
-void TabPages::prepare(ListTab &page) {
+TabPage *TabPages::newConfiguration() {
+    const ExecutableActions actions{.choose = commands.action(Command::setExecutable),
+                                    .useFromPath = commands.action(Command::useFromPath)};
+    auto *page = new ConfigurationTab(state, actions, this);
+    followListWidth(*page);
+    return page;
+}
+
+void TabPages::followListWidth(TabPage &page) {
     page.setListWidth(layout.listWidth);
-    connect(&page, &ListTab::listWidthChosen, this, &TabPages::shareListWidth);
+    connect(&page, &TabPage::listWidthChosen, this, &TabPages::shareListWidth);
+}
+
+void TabPages::prepare(ListTab &page) {
+    followListWidth(page);
     if (DiffPane *pane = page.diffPane()) {
         pane->setTextSizeDelta(layout.textSize);
         connect(pane, &DiffPane::textSizeDeltaChanged, this, &TabPages::setTextSize);
@@ -95,7 +108,7 @@ void TabPages::shareListWidth(int width) {
     layout.listWidth = width;
     for (const WorkflowTab tab :
          {WorkflowTab::changes, WorkflowTab::incoming, WorkflowTab::history, WorkflowTab::configuration}) {
-        auto *page = qobject_cast<TabPage *>(tabPages.value(tab));
+        TabPage *page = tabPages.value(tab);
         if (page != nullptr)
             page->setListWidth(width);
     }
@@ -150,7 +163,7 @@ void TabPages::save(WindowState &current) const {
 /// The focus stays in the pages; one that never had it begins with its list.
 void TabPages::showPage() {
     const WorkflowTab tab = state.selectedTab.value();
-    QWidget *&page = tabPages[tab];
+    TabPage *&page = tabPages[tab];
     if (page == nullptr) {
         page = newPage(tab);
         addWidget(page);

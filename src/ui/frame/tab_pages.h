@@ -38,11 +38,13 @@ signals:
     void textSizeChanged(int delta);
 
 private:
-    QWidget *newPage(WorkflowTab tab);
+    TabPage *newPage(WorkflowTab tab);
     ListTab *newChanges();
     ListTab *newIncoming();
     ListTab *newHistory();
     ListTab *newArchives();
+    TabPage *newConfiguration();
+    void followListWidth(TabPage &page);
     void prepare(ListTab &page);
     void shareListWidth(int width);
     void shareForms(const FormChoices &choices);
@@ -50,7 +52,7 @@ private:
 
     AppState &state;
     const Commands &commands;
-    QHash<WorkflowTab, QWidget *> tabPages{};
+    QHash<WorkflowTab, TabPage *> tabPages{};
     ChangesTab *changesTab = nullptr;
     WindowState layout{}; ///< what the pages share, and what those not made yet begin with
     Observers observers{};

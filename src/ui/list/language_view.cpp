@@ -6,6 +6,7 @@
 #include "ui/look/placeholder.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 
 namespace kestor {
 
@@ -30,10 +31,12 @@ LanguageView::LanguageView(QWidget *parent)
 
 QWidget *LanguageView::framedBar() {
     auto *room = new QWidget;
-    auto *layout = new QGridLayout(room);
+    auto *layout = new QHBoxLayout(room);
     layout->setContentsMargins(paneEdge, paneEdge, paneEdge, gap);
+    layout->setSpacing(0);
     bar->setMaximumWidth(languageRowWidth - 2 * paneEdge);
-    layout->addWidget(bar, 0, 0);
+    layout->addWidget(bar, 1);
+    layout->addStretch();
     return room;
 }
 

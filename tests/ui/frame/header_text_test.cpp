@@ -1,5 +1,6 @@
 #include "support/printers.h"
 #include "ui/frame/header_text.h"
+#include "ui/look/home_path.h"
 
 #include <gtest/gtest.h>
 

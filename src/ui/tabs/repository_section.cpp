@@ -1,0 +1,82 @@
+#include "ui/tabs/repository_section.h"
+
+#include "ui/look/flat_button.h"
+#include "ui/look/icons.h"
+#include "ui/look/metrics.h"
+#include "ui/look/tone_label.h"
+
+#include <QBoxLayout>
+#include <QClipboard>
+#include <QEvent>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QToolButton>
+
+namespace kestor {
+
+namespace {
+
+constexpr int labelWidth = 136;
+
+/// Shows its beginning when there is no room for all of it.
+QLineEdit *valueField(const RepositoryField &field, const QFont &font) {
+    auto *value = new QLineEdit(field.value);
+    value->setReadOnly(true);
+    value->setFrame(false);
+    value->setCursorPosition(0);
+    value->setFocusPolicy(Qt::ClickFocus);
+    value->setTextMargins(-2, 0, 0, 0); // a line edit keeps that much for itself
+    value->setAccessibleName(field.label);
+    value->setToolTip(field.value);
+    value->setFont(field.type == RepositoryField::Type::fixed ? fixedFont(font) : font);
+    return value;
+}
+
+} // namespace
+
+RepositorySection::RepositorySection(QWidget *parent)
+    : DetailSection(tr("Repository"), parent),
+      copy(flatButton(Icon::copy, tr("Copy what is known of the repository"), this)) {
+    copy->setText(tr("Copy"));
+    copy->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    addToHeading(copy);
+    connect(copy, &QToolButton::clicked, this, [this] { QGuiApplication::clipboard()->setText(copiedText(fields)); });
+    fillTable();
+}
+
+void RepositorySection::setFields(const QList<RepositoryField> &wanted) {
+    if (fields == wanted)
+        return;
+    fields = wanted;
+    fillTable();
+}
+
+void RepositorySection::fillTable() {
+    delete table;
+    table = new QWidget(this);
+    auto *grid = new QGridLayout(table);
+    grid->setContentsMargins({});
+    grid->setHorizontalSpacing(paneEdge);
+    grid->setVerticalSpacing(0);
+    grid->setColumnMinimumWidth(0, labelWidth);
+    grid->setColumnStretch(1, 1);
+    for (const RepositoryField &field : std::as_const(fields)) {
+        const int row = grid->rowCount();
+        grid->addWidget(new ToneLabel(field.label, Tone::muted), row, 0, Qt::AlignRight | Qt::AlignVCenter);
+        grid->addWidget(valueField(field, font()), row, 1);
+        grid->setRowMinimumHeight(row, rowHeight(font()));
+    }
+    if (fields.isEmpty())
+        grid->addWidget(new ToneLabel(tr("(not known yet)"), Tone::muted), 0, 0);
+    body().addWidget(table);
+    copy->setEnabled(!fields.isEmpty());
+}
+
+void RepositorySection::changeEvent(QEvent *event) {
+    DetailSection::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fillTable();
+}
+
+} // namespace kestor

@@ -1,0 +1,91 @@
+#include "ui/tabs/rules_section.h"
+
+#include "ui/look/control_size.h"
+#include "ui/look/icons.h"
+#include "ui/look/metrics.h"
+#include "ui/look/theme.h"
+#include "ui/look/tone_label.h"
+#include "ui/tabs/rule_table.h"
+
+#include <QBoxLayout>
+#include <QPainter>
+#include <QPushButton>
+
+namespace kestor {
+
+namespace {
+
+/// The edge around the table.
+class TableFrame final : public QWidget {
+public:
+    explicit TableFrame(QWidget *table) {
+        auto *layout = new QVBoxLayout(this);
+        layout->setContentsMargins(1, 1, 1, 1);
+        layout->addWidget(table);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *) override {
+        constexpr double radius = 2.5;
+        const Theme theme = themeFor(palette());
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(theme.separator);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    }
+};
+
+} // namespace
+
+RulesSection::RulesSection(AppState &shownState, QWidget *parent)
+    : DetailSection(tr("Custom Language Rules"), parent), state(shownState),
+      add(new QPushButton(icon(Icon::plus), tr("Add Rule"))),
+      remove(new QPushButton(icon(Icon::minus), tr("Remove Rule"))), rules(new RuleTable) {
+    addButtons();
+    body().addWidget(new TableFrame(rules));
+    auto *caption = new ToneLabel(tr("A rule wins over the built-in language of its extension."), Tone::muted);
+    caption->setFont(smallFont(font()));
+    caption->setElideMode(Qt::ElideRight);
+    caption->setMinimumHeight(rowHeight(font()));
+    body().addWidget(caption);
+    connectTable();
+    observers.watch(state.customLanguageRules, [this] { rules->setRules(state.customLanguageRules); });
+}
+
+void RulesSection::addButtons() {
+    for (QPushButton *button : {add, remove}) {
+        giveRoom(*button);
+        addToHeading(button);
+    }
+    add->setToolTip(tr("Add a rule for files of one extension"));
+    remove->setToolTip(tr("Remove the selected rule (Del)"));
+    connect(add, &QPushButton::clicked, this,
+            [this] { rules->beginRule(state.languageRules.addCustomLanguageRule()); });
+    connect(remove, &QPushButton::clicked, this,
+            [this] { state.languageRules.removeCustomLanguageRule(rules->currentRule().value_or(QUuid())); });
+}
+
+void RulesSection::connectTable() {
+    LanguageRules &operations = state.languageRules;
+    connect(rules, &RuleTable::ruleTyped, this,
+            [&operations](const CustomLanguageRule &rule) { operations.updateCustomLanguageRule(rule); });
+    connect(rules, &RuleTable::colorLeft, this,
+            [&operations](const QUuid &id) { operations.normalizeCustomLanguageRuleColor(id); });
+    connect(rules, &RuleTable::removalWanted, this,
+            [&operations](const QUuid &id) { operations.removeCustomLanguageRule(id); });
+    connect(rules, &RuleTable::syntaxFileWanted, this,
+            [&operations](const QUuid &id) { operations.chooseCustomLanguageSyntaxFile(id); });
+    connect(rules, &RuleTable::syntaxFileUnwanted, this,
+            [&operations](const QUuid &id) { operations.clearCustomLanguageSyntaxFile(id); });
+    connect(rules, &RuleTable::currentCellChanged, this, &RulesSection::showCurrent);
+}
+
+/// The focus does not leave the section with the last rule.
+void RulesSection::showCurrent() {
+    const bool hasRule = rules->currentRule().has_value();
+    if (!hasRule && remove->hasFocus())
+        add->setFocus(Qt::OtherFocusReason);
+    remove->setEnabled(hasRule);
+}
+
+} // namespace kestor

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "controller/app_state.h"
+#include "ui/tabs/detail_section.h"
+#include "ui/tabs/observers.h"
+
+class QPushButton;
+
+namespace kestor {
+
+class RuleTable;
+
+/// The user's own languages.
+class RulesSection final : public DetailSection {
+    Q_OBJECT
+
+public:
+    /// `shownState` must outlive the section.
+    explicit RulesSection(AppState &shownState, QWidget *parent = nullptr);
+
+    RuleTable &table() { return *rules; }
+
+private:
+    void addButtons();
+    void connectTable();
+    void showCurrent();
+
+    AppState &state;
+    QPushButton *add;
+    QPushButton *remove;
+    RuleTable *rules;
+    Observers observers{};
+};
+
+} // namespace kestor

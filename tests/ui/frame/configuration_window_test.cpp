@@ -1,0 +1,119 @@
+#include "support/app_fixture.h"
+#include "support/printers.h"
+#include "support/repositories.h"
+#include "ui/frame/main_window.h"
+#include "ui/frame/output_sheet.h"
+#include "ui/frame/tab_pages.h"
+#include "ui/list/row_list_view.h"
+#include "ui/tabs/configuration_tab.h"
+#include "ui/tabs/rule_table.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::AppFixture;
+using testing::GitFixture;
+using testing::waitUntil;
+
+/// The real window over a project of two languages, on the Configuration tab.
+class ConfigurationWindow : public ::testing::Test {
+protected:
+    ConfigurationWindow() {
+        project.write(u"a.c"_s, "123456");
+        project.write(u"b.py"_s, "12");
+        fixture.open(project.path(), RepositoryKind::git);
+        window.show();
+        window.activateWindow();
+        waitUntil([this] { return QApplication::activeWindow() == &window; });
+        QTest::keyClick(&window, Qt::Key_5, Qt::ControlModifier);
+        waitUntil([this] { return app.languageDistribution.value().has_value(); });
+    }
+
+    RowListView &list() const {
+        return *qobject_cast<RowListView *>(window.findChild<ConfigurationTab *>()->focusPanes().first());
+    }
+    OutputSheet &sheet() const { return *window.findChild<OutputSheet *>(); }
+    void showSheet() const {
+        for (QAction *action : window.findChildren<QAction *>()) {
+            if (action->text() == u"Language Distribution"_s)
+                action->trigger();
+        }
+    }
+
+    GitFixture project{};
+    AppFixture fixture{};
+    AppState &app = fixture.app;
+    MainWindow window{app, fixture.settings};
+};
+
+TEST_F(ConfigurationWindow, ShowsTheLanguagesInTheOutputSheetToo) {
+    ASSERT_EQ(list().model()->rowCount(), 2);
+    list().setFocus();
+    showSheet();
+    ASSERT_TRUE(sheet().isVisible());
+    EXPECT_TRUE(list().hasFocus()) << "the sheet takes no focus";
+    EXPECT_EQ(sheet().accessibleName(), u"Language Distribution"_s);
+    EXPECT_GE(sheet().height(), sheet().wantedHeight()) << "all rows are seen";
+    QStringList texts;
+    for (const QLabel *label : sheet().findChildren<QLabel *>()) {
+        if (label->isVisible() && !label->text().isEmpty())
+            texts.append(label->text());
+    }
+    EXPECT_EQ(texts, QStringList(u"Language Distribution"_s)) << "no exit status, as nothing ran";
+    for (auto *button : sheet().findChildren<QToolButton *>()) {
+        if (button->text() == u"Copy"_s)
+            button->click();
+    }
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"C\t6 bytes\t75.0%\nPython\t2 bytes\t25.0%\n"_s);
+
+    sheet().pane().setFocus();
+    app.commandOutput = CommandOutput{.id = QUuid::createUuid(), .title = u"Update"_s, .stdoutText = u"At 7."_s};
+    EXPECT_EQ(sheet().accessibleName(), u"Update, Exit status 0"_s);
+    EXPECT_TRUE(sheet().pane().hasFocus()) << "the focus stays in the sheet";
+    QTest::keyClick(&sheet().pane(), Qt::Key_Escape);
+    EXPECT_FALSE(sheet().isVisible());
+}
+
+TEST_F(ConfigurationWindow, F6LeadsThroughItsPanes) {
+    app.languageRules.addCustomLanguageRule();
+    showSheet();
+    list().setFocus();
+    auto &table = *window.findChild<RuleTable *>();
+    QStringList visited;
+    for (int turn = 0; turn < 4; ++turn) {
+        QTest::keyClick(&window, Qt::Key_F6);
+        const QWidget *focused = window.focusWidget();
+        visited.append(focused == &table            ? u"rules"_s
+                       : focused == &sheet().pane() ? u"sheet"_s
+                       : focused == &list()         ? u"languages"_s
+                                                    : u"sidebar"_s);
+    }
+    EXPECT_EQ(visited, (QStringList{u"rules"_s, u"sheet"_s, u"sidebar"_s, u"languages"_s}));
+    for (auto *button : window.findChildren<QPushButton *>()) {
+        if (button->text() == u"Add Rule"_s)
+            button->setFocus();
+    }
+    QTest::keyClick(&window, Qt::Key_F6);
+    EXPECT_TRUE(sheet().pane().hasFocus()) << "from any part of the detail";
+    table.setFocus();
+    QTest::keyClick(&table, Qt::Key_F2);
+    auto *field = table.viewport()->findChild<QLineEdit *>();
+    ASSERT_NE(field, nullptr);
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_TRUE(sheet().isVisible()) << "Esc ends the typing first";
+}
+
+} // namespace
+} // namespace kestor

@@ -1,0 +1,284 @@
+#include "model/language_configuration_store.h"
+#include "support/app_fixture.h"
+#include "support/printers.h"
+#include "support/repositories.h"
+#include "ui/list/row_list_view.h"
+#include "ui/tabs/configuration_tab.h"
+#include "ui/tabs/repository_fields.h"
+#include "ui/tabs/rule_table.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace kestor {
+namespace {
+
+using namespace Qt::StringLiterals;
+using testing::AppFixture;
+using testing::awaited;
+using testing::SvnFixture;
+using testing::waitUntil;
+
+class ShownConfiguration {
+public:
+    ShownConfiguration() {
+        tab.resize(1000, 700);
+        tab.show();
+        tab.activateWindow();
+        waitUntil([this] { return QApplication::activeWindow() == &tab; });
+    }
+
+    RuleTable &table() { return *tab.findChild<RuleTable *>(); }
+    template <typename Part>
+    Part &named(const QString &name) const {
+        for (Part *part : tab.findChildren<Part *>()) {
+            if (part->accessibleName() == name || part->property("text") == name)
+                return *part;
+        }
+        throw std::runtime_error(qPrintable(name));
+    }
+    void addRule(const QString &extension, const QString &name, const QString &color) {
+        LanguageRules &rules = fixture.app.languageRules;
+        rules.updateCustomLanguageRule({rules.addCustomLanguageRule(), extension, name, color, {}});
+    }
+    /// The cells of every row, as shown.
+    QStringList rows() {
+        QStringList texts;
+        const QAbstractItemModel &model = *table().model();
+        for (int row = 0; row < model.rowCount(); ++row) {
+            QStringList cells;
+            for (int column = 0; column < model.columnCount(); ++column)
+                cells.append(model.index(row, column).data().toString());
+            texts.append(cells.join(u'|'));
+        }
+        return texts;
+    }
+    void goTo(int row, int column) {
+        table().setFocus();
+        table().setCurrentIndex(table().model()->index(row, column));
+    }
+    /// The field that is being typed in, nullptr when none is.
+    QLineEdit *field() { return table().viewport()->findChild<QLineEdit *>(); }
+    /// Types over the current cell and ends with the key.
+    void type(const QString &text, Qt::Key end) {
+        QTest::keyClick(&table(), Qt::Key_F2);
+        field()->selectAll();
+        QTest::keyClicks(field(), text);
+        QTest::keyClick(field(), end);
+        waitUntil([this] { return field() == nullptr; });
+    }
+    QList<CustomLanguageRule> savedRules() { return LanguageConfigurationStore(fixture.settings).load(); }
+
+    AppFixture fixture{};
+    QAction choose{u"Set svn Executable..."_s};
+    QAction fromPath{u"Use svn From PATH"_s};
+    ConfigurationTab tab{fixture.app, {&choose, &fromPath}};
+};
+
+TEST(ConfigurationTab, ARuleIsAddedTypedAndRemovedByKeyboard) {
+    ShownConfiguration shown;
+    shown.addRule(u"h"_s, u"C Header"_s, u"#555555"_s);
+    shown.named<QPushButton>(u"Add Rule"_s).setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    ASSERT_TRUE(shown.field()) << "a new rule is typed at once";
+    QTest::keyClicks(shown.field(), u"glsl"_s);
+    QTest::keyClick(shown.field(), Qt::Key_Tab);
+    ASSERT_TRUE(waitUntil([&] { return shown.field() && shown.field()->text() == u"Text"_s; }));
+    QTest::keyClicks(shown.field(), u"Shader"_s);
+    QTest::keyClick(shown.field(), Qt::Key_Return);
+    ASSERT_TRUE(waitUntil([&] { return !shown.field(); }));
+    EXPECT_EQ(shown.rows(), (QStringList{u"h|C Header|#555555|None"_s, u"glsl|Shader|#6e7781|None"_s}));
+    EXPECT_EQ(shown.savedRules(), shown.fixture.app.customLanguageRules.value());
+    EXPECT_TRUE(shown.table().hasFocus());
+
+    QTest::keyClick(&shown.table(), Qt::Key_Up);
+    QTest::keyClick(&shown.table(), Qt::Key_Delete);
+    EXPECT_EQ(shown.rows(), QStringList(u"glsl|Shader|#6e7781|None"_s));
+    EXPECT_EQ(shown.table().currentIndex().row(), 0) << "the next rule is current";
+    QTest::keyClick(&shown.table(), Qt::Key_Delete);
+    EXPECT_TRUE(shown.savedRules().isEmpty());
+    QTest::keyClick(&shown.table(), Qt::Key_Delete);
+    QTest::keyClick(&shown.table(), Qt::Key_Return);
+    EXPECT_FALSE(shown.field());
+}
+
+TEST(ConfigurationTab, CellsAreTypedInPlace) {
+    struct Row {
+        const char *name;
+        int column;
+        QString typed;
+        Qt::Key end;
+        QString expected;
+    };
+    const Row rows[] = {
+        {"Return keeps", 0, u"hh"_s, Qt::Key_Return, u"hh|C Header|#555555|None"_s},
+        {"Esc takes back", 1, u"Other"_s, Qt::Key_Escape, u"h|C Header|#555555|None"_s},
+        {"a color is written in full", 2, u" f80"_s, Qt::Key_Return, u"h|C Header|#FF8800|None"_s},
+        {"no color", 2, u"orange"_s, Qt::Key_Return, u"h|C Header|#6e7781|None"_s},
+        {"a color taken back", 2, u"orange"_s, Qt::Key_Escape, u"h|C Header|#555555|None"_s},
+        {"nothing at all", 1, u" "_s, Qt::Key_Return, u"h| |#555555|None"_s},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        ShownConfiguration shown;
+        shown.addRule(u"h"_s, u"C Header"_s, u"#555555"_s);
+        shown.goTo(0, row.column);
+        shown.type(row.typed, row.end);
+        EXPECT_EQ(shown.rows(), QStringList(row.expected));
+        EXPECT_EQ(shown.savedRules(), shown.fixture.app.customLanguageRules.value());
+        EXPECT_TRUE(shown.table().hasFocus());
+    }
+}
+
+TEST(ConfigurationTab, LeavingAStoredColorMendsIt) {
+    ShownConfiguration shown;
+    shown.addRule(u"h"_s, u"C Header"_s, u"nonsense"_s);
+    shown.goTo(0, 2);
+    QTest::keyClick(&shown.table(), Qt::Key_Return);
+    ASSERT_TRUE(shown.field());
+    EXPECT_EQ(shown.field()->text(), u"nonsense"_s);
+    shown.named<QPushButton>(u"Add Rule"_s).setFocus();
+    EXPECT_TRUE(waitUntil([&] { return shown.savedRules().at(0).colorHex == u"#6e7781"_s; }));
+}
+
+TEST(ConfigurationTab, TheSelectedRuleTakesASyntaxFile) {
+    ShownConfiguration shown;
+    shown.addRule(u"h"_s, u"C Header"_s, u"#555555"_s);
+    shown.addRule(u"glsl"_s, u"Shader"_s, u"#555555"_s);
+    auto &choose = shown.named<QToolButton>(u"Choose syntax file"_s);
+    auto &clear = shown.named<QToolButton>(u"Clear syntax file"_s);
+    EXPECT_FALSE(choose.isVisible());
+    shown.fixture.user.chosenFile = QDir::homePath() + u"/glsl.sublime-syntax"_s;
+    shown.goTo(1, 3);
+    EXPECT_FALSE(clear.isEnabled());
+    QTest::keyClick(&shown.table(), Qt::Key_F2);
+    const QStringList withFile{u"h|C Header|#555555|None"_s, u"glsl|Shader|#555555|~/glsl.sublime-syntax"_s};
+    EXPECT_EQ(shown.rows(), withFile);
+    EXPECT_FALSE(shown.field()) << "its path is chosen, not typed";
+    QTest::keyClick(&shown.table(), Qt::Key_Tab);
+    EXPECT_TRUE(choose.hasFocus());
+    QTest::keyClick(&choose, Qt::Key_Tab);
+    ASSERT_TRUE(clear.hasFocus());
+    QTest::keyClick(&clear, Qt::Key_Space);
+    EXPECT_EQ(shown.savedRules().at(1).syntaxFilePath, std::nullopt);
+    EXPECT_TRUE(choose.hasFocus()) << "the focus stays in the row";
+    QTest::mouseClick(&choose, Qt::LeftButton);
+    EXPECT_EQ(shown.rows(), withFile);
+}
+
+TEST(ConfigurationTab, RulesStayEditableWhileACommandRuns) {
+    ShownConfiguration shown;
+    shown.addRule(u"h"_s, u"C Header"_s, u"#555555"_s);
+    const BusyScope busy(shown.fixture.app.busy, u"Update"_s);
+    shown.goTo(0, 0);
+    shown.type(u"hpp"_s, Qt::Key_Return);
+    EXPECT_EQ(shown.rows(), QStringList(u"hpp|C Header|#555555|None"_s));
+}
+
+TEST(ConfigurationTab, TheCurrentRuleIsScrolledIntoView) {
+    ShownConfiguration shown;
+    for (int rule = 0; rule < 60; ++rule)
+        shown.addRule(QString::number(rule), u"L"_s, u"#555555"_s);
+    const QScrollBar &bar = *shown.tab.findChild<QScrollArea *>()->verticalScrollBar();
+    shown.goTo(0, 0);
+    QTest::keyClick(&shown.table(), Qt::Key_End, Qt::ControlModifier);
+    EXPECT_TRUE(waitUntil([&] { return bar.value() > 900; }));
+    shown.named<QPushButton>(u"Add Rule"_s).click();
+    const int before = bar.value();
+    EXPECT_TRUE(waitUntil([&] { return bar.value() > before; })) << "the new rule is below";
+    EXPECT_TRUE(shown.field()) << "and being typed";
+}
+
+TEST(ConfigurationTab, ShowsTheRepositoryToBeCopied) {
+    SvnFixture repository;
+    repository.write(u"a.c"_s);
+    repository.commitAll(u"first"_s);
+    ShownConfiguration shown;
+    shown.fixture.open(repository.path(), RepositoryKind::svn);
+    EXPECT_EQ(shown.named<QLineEdit>(u"Relative URL"_s).text(), u"^/trunk"_s);
+    shown.named<QToolButton>(u"Copy what is known of the repository"_s).click();
+    const QString copied = QGuiApplication::clipboard()->text();
+    EXPECT_TRUE(copied.startsWith(u"Working copy root: "_s + repository.path() + u'\n')) << qPrintable(copied);
+    EXPECT_TRUE(copied.contains(u"\nLast changed: r2 by "_s)) << qPrintable(copied);
+}
+
+TEST(ConfigurationTab, TellsWhichExecutableRuns) {
+    ShownConfiguration shown;
+    const auto &path = shown.named<QLineEdit>(u"svn executable in use"_s);
+    auto &fromPath = shown.named<QPushButton>(u"Use svn From PATH"_s);
+    QSignalSpy asked(&shown.fromPath, &QAction::triggered);
+    struct Row {
+        QString chosen;
+        QString path;
+        QString caption;
+    };
+    const QString found = path.text();
+    EXPECT_TRUE(found.endsWith(u"/svn"_s));
+    const Row rows[] = {{u"/bin/true"_s, u"/bin/true"_s, u"Chosen in place of the one in PATH"_s},
+                        {u"/etc/passwd"_s, u"/etc/passwd"_s, u"This file cannot be run"_s},
+                        {QString(), found, u"Found through PATH"_s}};
+    for (const Row &row : rows) {
+        SCOPED_TRACE(qPrintable(row.chosen));
+        shown.fixture.app.svnExecutablePath = row.chosen;
+        EXPECT_EQ(path.text(), row.path);
+        EXPECT_EQ(path.accessibleDescription(), row.caption);
+        fromPath.click();
+    }
+    EXPECT_EQ(asked.size(), 2) << "disabled while none is chosen";
+}
+
+TEST(ConfigurationTab, KeysLeadThroughItsPanes) {
+    ShownConfiguration shown;
+    shown.addRule(u"h"_s, u"C Header"_s, u"#555555"_s);
+    auto &list = *qobject_cast<RowListView *>(shown.tab.focusPanes().at(0));
+    shown.fixture.app.languageDistribution = QList<LanguageDistributionEntry>{{u"C"_s, 7, u"#555555"_s}};
+    list.setFocus();
+    list.chooseFirst();
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_TRUE(shown.table().hasFocus());
+    QTest::keyClick(&shown.table(), Qt::Key_Escape);
+    EXPECT_TRUE(list.hasFocus());
+}
+
+TEST(RepositoryFields, AreThoseThatAreKnownInTheWordsOfTheSystem) {
+    struct Row {
+        const char *name;
+        RepositoryKind kind;
+        RepositoryInfo info;
+        QString expected;
+    };
+    const Row rows[] = {
+        {"Subversion",
+         RepositoryKind::svn,
+         {.url = u"https://h/r"_s,
+          .relativeURL = u"^/trunk"_s,
+          .revision = u"12"_s,
+          .workingRevision = u"9"_s,
+          .lastChangedRevision = u"11"_s,
+          .lastChangedAuthor = u"ann"_s},
+         u"URL: https://h/r\nRelative URL: ^/trunk\nRevision: 12\nWorking revision: 9\nLast changed: r11 by ann\n"_s},
+        {"Git",
+         RepositoryKind::git,
+         {.revision = u"0123456789abcdef"_s, .workingRevision = u"main"_s, .lastChangedRevision = u"0123456"_s},
+         u"Commit: 0123456789abcdef\nBranch: main\nLast changed: 0123456\n"_s},
+        {"an author alone", RepositoryKind::svn, {.lastChangedAuthor = u"ann"_s}, u"Last changed: by ann\n"_s},
+        {"nothing", RepositoryKind::svn, {}, {}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(copiedText(repositoryFields(row.info, row.kind)), row.expected);
+    }
+}
+
+} // namespace
+} // namespace kestor
