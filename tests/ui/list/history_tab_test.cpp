@@ -67,8 +67,15 @@ public:
     }
 
     AppFixture fixture{};
-    QAction pull{u"pull"_s}, against{u"against"_s}, zip{u"zip"_s}, rollback{u"rollback"_s}, exporting{u"export"_s};
-    HistoryTab tab{fixture.app, {&pull, &against, &zip, &rollback, &exporting}};
+    QAction pull{u"pull"_s}, against{u"against"_s}, blame{u"blame"_s}, zip{u"zip"_s}, rollback{u"rollback"_s},
+        exporting{u"export"_s};
+    HistoryTab tab{fixture.app,
+                   {.pullFile = &pull,
+                    .diffAgainst = &against,
+                    .blame = &blame,
+                    .createZip = &zip,
+                    .rollback = &rollback,
+                    .exportFile = &exporting}};
 };
 
 TEST(HistoryTab, FilesLeadToTheirRevisionsAndThoseToTheirDiffs) {
@@ -188,7 +195,7 @@ TEST(HistoryTab, TheRowMenuAndTheHeadShareTheActions) {
     EXPECT_TRUE(waitUntil([&] { return trigger(u"Copy Message"_s) == u"first"_s; }));
     EXPECT_EQ(trigger(u"Copy Revision"_s), QString::fromLatin1(repository.git({u"rev-parse"_s, u"HEAD"_s}).trimmed()));
     EXPECT_EQ(trigger(u"Copy Path"_s), u"src/a"_s);
-    for (QAction *action : {&shown.pull, &shown.against, &shown.zip, &shown.rollback, &shown.exporting})
+    for (QAction *action : {&shown.pull, &shown.against, &shown.blame, &shown.zip, &shown.rollback, &shown.exporting})
         EXPECT_TRUE(menu->actions().contains(action)) << qPrintable(action->text());
     QApplication::activePopupWidget()->close();
     QStringList triggered;
