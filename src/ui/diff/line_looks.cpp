@@ -2,6 +2,7 @@
 
 #include "analysis/word_marks.h"
 #include "ui/diff/change_run.h"
+#include "ui/diff/file_heading.h"
 
 #include <QTimerEvent>
 
@@ -139,7 +140,7 @@ const std::shared_ptr<CompiledSyntax> &LineLooks::syntaxOf(qint64 file) {
     const auto known = syntaxes.constFind(file);
     if (known != syntaxes.constEnd())
         return *known;
-    return *syntaxes.insert(file, library.syntaxOf(document->diff.files[file].displayPath()));
+    return *syntaxes.insert(file, library.syntaxOf(fileHeading(document->diff.files[file]).path));
 }
 
 } // namespace kestor

@@ -153,10 +153,12 @@ TEST_F(LineLooksTest, ColorLinesAndMarkChangedWords) {
 TEST_F(LineLooksTest, EveryFileOfADiffHasItsLanguage) {
     show(diffDocument(u"Index: a.c\n--- a.c\n+++ a.c\n@@ -1 +1 @@\n if def\n"
                       "Index: b.py\n--- b.py\n+++ b.py\n@@ -1 +1 @@\n class #\n"
-                      "Index: c.txt\n--- c.txt\n+++ /dev/null\n@@ -1 +0,0 @@\n-if\n"_s));
+                      "Index: c.txt\n--- c.txt\n+++ /dev/null\n@@ -1 +0,0 @@\n-if\n"
+                      "Index: d.sql\n--- d.sql\n+++ /dev/null\n@@ -1,2 +0,0 @@\n--- old rows\n-SELECT\n"_s));
     EXPECT_EQ(spans(0), u"0+2 #B42D8D, 3+3 #B42D8D"_s);
     EXPECT_EQ(spans(1), u"0+5 #B42D8D, 6+1 #6A737D"_s);
     EXPECT_EQ(spans(2), u""_s);
+    EXPECT_EQ(spans(3), u"0+6 #B42D8D"_s) << "below a removed comment that looks like a path header";
 }
 
 TEST_F(LineLooksTest, FollowTheRulesOfTheUserAndTheirFiles) {
