@@ -12,8 +12,8 @@ namespace {
 using Kind = LineToken::Kind;
 
 constexpr qsizetype longestLine = 2000;
-/// Of the table that compares the words of two lines.
-constexpr std::size_t mostCells = 16'384;
+/// Of the table that compares the tokens of two lines: 512 of each, above which a line of ordinary length never comes.
+constexpr std::size_t mostCells = 262'144;
 constexpr int mostSignsBetween = 2;
 
 /// The tokens of both lines without what they begin and end with in common.

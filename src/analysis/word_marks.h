@@ -18,8 +18,8 @@ struct WordMarks {
 };
 
 /// Marks that only blanks or one or two signs separate are one; blanks at the ends of a mark are left out. None for
-/// lines above 2 000 characters. Costs at most about 50 us: lines that differ in more than a hundred words each are
-/// marked from the first difference to the last.
+/// lines above 2 000 characters. Costs 0.1 ms for lines of 140 characters and at most 2 ms: lines that differ in
+/// more than about 500 words, blanks and signs each are marked from the first difference to the last.
 WordMarks wordMarks(QStringView removed, QStringView added);
 
 /// Which removed line of a run stands for which added one: lines are paired in order, so that the pairs are as similar

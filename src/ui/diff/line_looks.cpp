@@ -35,7 +35,8 @@ std::vector<QStringView> textsOf(const DiffHunk &hunk, const std::vector<qint64>
 } // namespace
 
 LineLooks::LineLooks(const DiffRows &viewRows, QObject *parent)
-    : QObject(parent), rows(viewRows), document(std::make_shared<const DiffDocument>()), looks(keptLines) {
+    : QObject(parent), rows(viewRows), document(std::make_shared<const DiffDocument>()), looks(keptLines),
+      partnerMarks(keptLines) {
     connect(&library, &SyntaxLibrary::changed, this, [this] {
         forget();
         emit changed();
@@ -51,6 +52,7 @@ void LineLooks::setDocument(DiffDocumentPtr newDocument) {
 void LineLooks::forget() {
     looks.clear();
     partners.clear();
+    partnerMarks.clear();
     syntaxes.clear();
     later.stop();
 }
@@ -105,11 +107,15 @@ LineLook LineLooks::lookOf(const DiffRow &row) {
 }
 
 std::vector<TextRange> LineLooks::marksOf(const DiffHunk &hunk, qint64 line) {
+    if (const auto known = std::unique_ptr<std::vector<TextRange>>(partnerMarks.take(line)))
+        return std::move(*known);
     const qint64 partner = partnerOf(hunk, line);
     if (partner < 0)
         return {};
     WordMarks marks = wordMarks(textOf(hunk, std::min(line, partner)), textOf(hunk, std::max(line, partner)));
-    return line < partner ? std::move(marks.removed) : std::move(marks.added);
+    const bool isRemoved = line < partner;
+    partnerMarks.insert(partner, new std::vector<TextRange>(std::move(isRemoved ? marks.added : marks.removed)));
+    return std::move(isRemoved ? marks.removed : marks.added);
 }
 
 /// The line that stands for this one in the other version, or -1.

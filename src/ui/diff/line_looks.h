@@ -62,6 +62,7 @@ private:
     DiffDocumentPtr document;
     QCache<qint64, LineLook> looks;                          ///< by line
     QHash<qint64, qint64> partners;                          ///< the line that each compared one is paired with, or -1
+    QCache<qint64, std::vector<TextRange>> partnerMarks;     ///< of lines whose partners alone have looks
     QHash<qint64, std::shared_ptr<CompiledSyntax>> syntaxes; ///< by file
     qint64 viewFirst = 0;
     qint64 viewEnd = 0;
