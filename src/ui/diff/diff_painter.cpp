@@ -204,13 +204,11 @@ private:
 
     std::vector<ColoredPart> visibleParts(qint64 line, QStringView text, const ColumnView &columns,
                                           const TextLook &look) {
-        const LongLines &longLines = scene.document.longLines;
-        const qsizetype begin = longLines.positionAt(text, columns.firstColumn()).index;
-        const qsizetype end = longLines.positionAt(text, columns.endColumn()).index;
+        const VisiblePart visible = visiblePart(text, scene.document.longLines, columns);
         const SelectedPart selected =
             scene.selection ? selectedPart(*scene.selection, line, text.size()) : SelectedPart();
-        return coloredParts(*look.parts, begin, end, selected, {look.background, look.mark, selectionColor()},
-                            scene.colors);
+        return coloredParts(*look.parts, visible.begin, visible.end, selected,
+                            {look.background, look.mark, selectionColor()}, scene.colors);
     }
 
     const QColor &selectionColor() const {

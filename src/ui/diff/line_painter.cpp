@@ -84,18 +84,23 @@ qint64 ColumnView::endColumn() const {
     return static_cast<qint64>(std::ceil((area.left() + area.width() - left) / advance));
 }
 
+VisiblePart visiblePart(QStringView line, const LongLines &lines, const ColumnView &view) {
+    const qsizetype last = lines.positionAt(line, view.endColumn()).index;
+    return {lines.positionAt(line, view.firstColumn()).index, nextCaret(line, last)};
+}
+
 void paintGround(QPainter &painter, QStringView line, const LongLines &lines, std::span<const TextRange> ranges,
                  const QColor &color, const ColumnView &view) {
-    const qsizetype viewBegin = lines.positionAt(line, view.firstColumn()).index;
-    const qsizetype viewEnd = lines.positionAt(line, view.endColumn()).index;
+    const VisiblePart visible = visiblePart(line, lines, view);
     for (const TextRange &range : ranges) {
-        const qsizetype begin = std::max(range.start, viewBegin);
-        const qsizetype end = std::min(range.end(), viewEnd);
+        const qsizetype begin = std::max(range.start, visible.begin);
+        const qsizetype end = std::min(range.end(), visible.end);
         if (begin >= end)
             continue;
         const double left = view.xOf(lines.columnOf(line, begin));
         const double right = view.xOf(lines.columnOf(line, end));
-        painter.fillRect(QRectF(left, view.area.top(), right - left, view.area.height()), color);
+        const QRectF ground(left, view.area.top(), right - left, view.area.height());
+        painter.fillRect(ground.intersected(view.area), color);
     }
 }
 

@@ -44,6 +44,13 @@ struct TextStretch {
     std::span<const ColoredPart> parts{}; ///< from left to right; the rest has `color`
 };
 
+/// The characters of a line that are in view, those that the edges cut included.
+struct VisiblePart {
+    qsizetype begin = 0;
+    qsizetype end = 0;
+};
+VisiblePart visiblePart(QStringView line, const LongLines &lines, const ColumnView &view);
+
 /// Paints what is in view of the ground beneath parts of a line, which are in order.
 void paintGround(QPainter &painter, QStringView line, const LongLines &lines, std::span<const TextRange> ranges,
                  const QColor &color, const ColumnView &view);

@@ -67,18 +67,20 @@ TEST_F(DiffViewTest, SelectsByMouse) {
 TEST_F(DiffViewTest, PaintsChangedWordsAndColors) {
     view.setPalette(fallbackPalette(ColorScheme::light));
     const Theme theme = themeFor(view.palette());
-    show(u"Index: a.c\n--- a.c\n+++ a.c\n@@ -1,2 +1,2 @@\n if\n-value one\n+value second\n"_s);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view.lineLooks().find(2) != nullptr; }));
-    const QImage image = view.viewport()->grab().toImage();
+    show(
+        u"Index: a.c\n--- a.c\n+++ a.c\n@@ -1,3 +1,3 @@\n if\n-\t日 value one\n+\t日 value second\n same\n-val\n+val+\tx\n"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view.lineLooks().find(5) != nullptr; }));
+    QImage image = view.viewport()->grab().toImage();
     const auto ground = [&](qint64 row, int column) {
         return image.pixelColor(pointAt(row, column).x(), static_cast<int>(view.rows().top(row)) + 1);
     };
-    EXPECT_EQ(ground(2, 0), theme.delLine);
-    EXPECT_EQ(ground(2, 6), theme.delWord);
-    EXPECT_EQ(ground(2, 9), theme.delLine);
-    EXPECT_EQ(ground(3, 6), theme.addWord);
-    EXPECT_EQ(ground(3, 11), theme.addWord);
-    EXPECT_EQ(ground(3, 12), theme.addLine);
+    EXPECT_EQ(ground(2, 16), theme.delLine);
+    EXPECT_EQ(ground(2, 17), theme.delWord);
+    EXPECT_EQ(ground(2, 19), theme.delWord);
+    EXPECT_EQ(ground(2, 20), theme.delLine);
+    EXPECT_EQ(ground(3, 17), theme.addWord);
+    EXPECT_EQ(ground(3, 22), theme.addWord);
+    EXPECT_EQ(ground(3, 23), theme.addLine);
     const auto hasRed = [&](int column) {
         for (int y = static_cast<int>(view.rows().top(1)); y < view.rows().top(2); ++y) {
             const QColor pixel = image.pixelColor(pointAt(1, column).x() + 2, y);
@@ -88,6 +90,10 @@ TEST_F(DiffViewTest, PaintsChangedWordsAndColors) {
         return false;
     };
     EXPECT_TRUE(hasRed(0)) << "the keyword";
+    const int beside = view.width() - view.viewport()->width();
+    view.resize(view.metrics().textLeft + static_cast<int>(6 * view.metrics().advance) + beside, view.height());
+    image = view.viewport()->grab().toImage();
+    EXPECT_EQ(ground(6, 5), theme.addWord) << "a tab that the right edge cuts";
 }
 
 TEST_F(DiffViewTest, ScrollsWhileTheMouseSelectsBeyondTheEdge) {
