@@ -56,20 +56,35 @@ std::optional<SyntaxLibrary::Reading> SyntaxLibrary::readAgain(const Entry &entr
     return Reading{compiled(SyntaxHighlighter::definition(entry.source)), modified};
 }
 
+/// One worker at a time for each file: the last one to end has read last, and where files hang one worker waits.
 void SyntaxLibrary::startReading(const QString &key) {
-    const auto read = [entry = entries[key]] {
+    Entry &entry = entries[key];
+    entry.hasToBeReadAgain = entry.isBeingRead;
+    if (entry.isBeingRead)
+        return;
+    entry.isBeingRead = true;
+    const auto read = [entry] {
         return readAgain(entry);
     };
     // Unlike a continuation, a watcher may go while its work is still being done.
     auto *watcher = new QFutureWatcher<std::optional<Reading>>(this);
     connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, key] {
         watcher->deleteLater();
-        if (std::optional<Reading> reading = watcher->result()) {
-            entries[key].reading = std::move(reading);
-            emit changed();
-        }
+        finishReading(key, watcher->result());
     });
     watcher->setFuture(QtConcurrent::run(read));
+}
+
+void SyntaxLibrary::finishReading(const QString &key, std::optional<Reading> reading) {
+    Entry &entry = entries[key];
+    entry.isBeingRead = false;
+    const bool isNew = reading.has_value();
+    if (isNew)
+        entry.reading = std::move(reading);
+    if (entry.hasToBeReadAgain)
+        startReading(key);
+    if (isNew)
+        emit changed();
 }
 
 } // namespace kestor

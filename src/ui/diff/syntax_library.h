@@ -42,10 +42,13 @@ private:
     struct Entry {
         SyntaxSource source{};
         std::optional<Reading> reading{};
+        bool isBeingRead = false;
+        bool hasToBeReadAgain = false; ///< once that has ended
     };
 
     static std::optional<Reading> readAgain(const Entry &entry);
     void startReading(const QString &key);
+    void finishReading(const QString &key, std::optional<Reading> reading);
 
     QList<CustomLanguageRule> rules{};
     QHash<QString, Entry> entries{};

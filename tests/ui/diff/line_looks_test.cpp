@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QSignalSpy>
 #include <QTest>
+#include <QThreadPool>
 
 #include <gtest/gtest.h>
 
@@ -191,6 +192,23 @@ TEST_F(LineLooksTest, FollowTheRulesOfTheUserAndTheirFiles) {
     QFile::remove(path);
     show(document);
     EXPECT_TRUE(becomes(u"0+2 #B42D8D"_s)) << "without its file the language has its built-in colors";
+}
+
+TEST_F(LineLooksTest, ReadEachFileOnceAtATime) {
+    TempTree tree;
+    const QString path = tree.path(u"own"_s);
+    QThreadPool::globalInstance()->setMaxThreadCount(4);
+    tree.write(u"own"_s, "- match: if\n  scope: keyword\n#" + QByteArray(8'000'000, 'x'));
+    looks.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"C"_s, .syntaxFilePath = path}});
+    QObject::connect(&looks, &LineLooks::changed, &looks, [this] { looks.prepare(0, rows.count()); });
+    const DiffDocumentPtr document = diffOf(u"a.x"_s, {u" if own"_s});
+    show(document);
+    tree.write(u"own"_s, "- match: own\n  scope: comment\n#" + QByteArray(8'000'000, 'x'));
+    for (int i = 0; i < 3; ++i)
+        looks.setDocument(document);
+    EXPECT_LE(QThreadPool::globalInstance()->activeThreadCount(), 1);
+    looks.prepare(0, rows.count());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return spans(0) == u"3+3 #6A737D"_s; })) << "what changed meanwhile";
 }
 
 TEST_F(LineLooksTest, ComeLaterWhereTheyTakeLong) {
