@@ -128,6 +128,7 @@ void DiffPane::showDiff(const DiffSubject &newSubject, const QString &text) {
     if (sameSubject && isShown(text)) {
         loader.cancel();
         updateTitle();
+        view->checkSyntaxFiles();
         return;
     }
     nextChange = sameSubject && showsDiff() ? DocumentChange::sameSubject : DocumentChange::otherSubject;

@@ -44,9 +44,9 @@ DiffView::DiffView(QWidget *parent)
 void DiffView::setDocument(DiffDocumentPtr newDocument, DocumentChange change) {
     const auto [line, offset] = topLine();
     shown = std::move(newDocument);
-    looks.setDocument(shown);
     forgetFor(change);
     rebuildRows();
+    looks.setDocument(shown);
     if (change == DocumentChange::otherSubject) {
         showBeginning();
     } else if (change == DocumentChange::completed && scrollTop() > 0 && line >= 0) {
@@ -158,6 +158,11 @@ void DiffView::paintEvent(QPaintEvent *event) {
 void DiffView::resizeEvent(QResizeEvent *event) {
     QAbstractScrollArea::resizeEvent(event);
     updateGeometries();
+}
+
+void DiffView::showEvent(QShowEvent *event) {
+    QAbstractScrollArea::showEvent(event);
+    checkSyntaxFiles();
 }
 
 void DiffView::changeEvent(QEvent *event) {

@@ -54,6 +54,8 @@ public:
     void setPlainTint(PlainTint tint);
     /// The user's languages, which decide about the colors of their files.
     void setLanguageRules(const QList<CustomLanguageRule> &rules) { looks.setLanguageRules(rules); }
+    /// Whether syntax files of the user have changed; with another document and when the view is shown it looks itself.
+    void checkSyntaxFiles() { looks.checkSyntaxFiles(); }
 
     /// The index over all files, or -1 without hunks.
     qint64 currentHunk() const { return hunk; }
@@ -92,6 +94,7 @@ protected:
     bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     void changeEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;

@@ -34,6 +34,8 @@ public:
 
     void setDocument(DiffDocumentPtr newDocument);
     void setLanguageRules(const QList<CustomLanguageRule> &rules) { library.setLanguageRules(rules); }
+    /// Syntax files of the user that have changed are read again.
+    void checkSyntaxFiles() { library.checkFiles(); }
 
     /// Makes the looks of the rows from `first` to before `end`, or as many of them as can be made within some
     /// milliseconds; the others and those around follow from the event loop.

@@ -1,12 +1,14 @@
 #include "sample_diffs.h"
 #include "support/awaited.h"
 #include "support/printers.h"
+#include "support/temp_tree.h"
 #include "ui/diff/accessible_diff.h"
 #include "ui/diff/diff_pane.h"
 #include "ui/diff/plain_text_view.h"
 
 #include <QAccessible>
 #include <QClipboard>
+#include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScrollBar>
@@ -173,6 +175,38 @@ TEST_F(DiffPaneTest, KeyboardStaysInThePane) {
     view().clearFocus();
     pane.setFocus();
     EXPECT_TRUE(view().hasFocus());
+}
+
+TEST_F(DiffPaneTest, SyntaxFilesAreLookedAtAgain) {
+    testing::TempTree tree;
+    const QString path = tree.path(u"own"_s);
+    int minutes = 0;
+    const auto write = [&](const QByteArray &word) {
+        tree.write(u"own"_s, "- match: " + word + "\n  scope: keyword\n");
+        QFile file(path);
+        return file.open(QIODevice::ReadWrite) && file.setFileTime(QDateTime::currentDateTime().addSecs(60 * ++minutes),
+                                                                   QFileDevice::FileModificationTime);
+    };
+    const auto becomesColoredFrom = [this](qsizetype start) {
+        return waitUntil([&] {
+            const LineLook *const look = view().lineLooks().find(0);
+            return look && look->spans.size() == 1 && look->spans.first().start == start;
+        });
+    };
+    const auto show = [this] {
+        pane.showDiff(subjectOf(u"a.x"_s), u"Index: a.x\n--- a.x\n+++ a.x\n@@ -1 +1 @@\n one two three\n"_s);
+    };
+    pane.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"X"_s, .syntaxFilePath = path}});
+    ASSERT_TRUE(write("one"));
+    show();
+    EXPECT_TRUE(becomesColoredFrom(0));
+    ASSERT_TRUE(write("two"));
+    show();
+    EXPECT_TRUE(becomesColoredFrom(4)) << "by a refresh that brings the same text";
+    ASSERT_TRUE(write("three"));
+    pane.hide();
+    pane.show();
+    EXPECT_TRUE(becomesColoredFrom(8)) << "when the pane is shown again";
 }
 
 TEST_F(DiffPaneTest, TextSizeStaysWithinBounds) {
