@@ -124,9 +124,18 @@ private:
         painter.fillRect(area, look.background);
         paintGutters(line, look, area);
         const bool isNote = line.kind == DiffLineKind::note;
-        const TextLook textLook{isNote ? metrics.note : metrics.text, isNote ? theme.muted : theme.text,
-                                scene.looks.find(row.line), look.background, look.mark};
+        const TextLook textLook{isNote ? metrics.note : metrics.text,
+                                isNote ? mutedOn(look.background, look.mark) : theme.text, scene.looks.find(row.line),
+                                look.background, look.mark};
         paintText(row.line, line.text, area, textLook);
+    }
+
+    /// For notes, and for signs in place of characters that cannot be seen: readable wherever in a line they stand.
+    QColor mutedOn(const QColor &background, const QColor &mark) const {
+        QColor color = theme.muted;
+        for (const QColor &ground : {background, mark, selectionColor()})
+            color = scene.colors.on(color, ground);
+        return color;
     }
 
     void paintGutters(const DiffLine &line, const LineColors &look, const QRect &area) {
@@ -153,13 +162,15 @@ private:
 
     void paintPlainLine(qint64 line, const QRect &area) {
         const QStringView text = scene.document.lineText(line);
-        painter.fillRect(area, lineColors(signOf(text), theme).background);
+        const QColor background = lineColors(signOf(text), theme).background;
+        painter.fillRect(area, background);
         if (scene.document.isError(line))
             paintErrorBar(area);
         if (line == scene.document.errorHeading)
-            paintText(line, text, area, {metrics.errorHeading, theme.muted});
+            paintText(line, text, area,
+                      {metrics.errorHeading, mutedOn(background, background), nullptr, background, background});
         else
-            paintText(line, text, area, {metrics.text, theme.text});
+            paintText(line, text, area, {metrics.text, theme.text, nullptr, background, background});
     }
 
     DiffLineKind signOf(QStringView text) const {
@@ -197,7 +208,8 @@ private:
         std::vector<ColoredPart> parts;
         if (look.parts)
             parts = visibleParts(line, text, columns, look);
-        paintStretch(painter, text, longLines, {0, text.size(), look.font, look.color, theme.muted, parts}, columns,
+        const QColor sign = mutedOn(look.background, look.mark);
+        paintStretch(painter, text, longLines, {0, text.size(), look.font, look.color, sign, parts}, columns,
                      DiffMetrics::baseline(metrics.text, area.top(), area.height()));
         painter.restore();
     }

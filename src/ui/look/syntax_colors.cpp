@@ -69,4 +69,11 @@ QColor SyntaxColors::on(const QString &colorHex, const QColor &background) {
     return shown;
 }
 
+QColor SyntaxColors::on(const QColor &color, const QColor &background) {
+    const auto key = std::pair(color.rgb(), background.rgb());
+    if (const auto entry = knownMixtures.constFind(key); entry != knownMixtures.constEnd())
+        return *entry;
+    return *knownMixtures.insert(key, readable(color, background, theme.text));
+}
+
 } // namespace kestor

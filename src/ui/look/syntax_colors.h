@@ -24,10 +24,13 @@ public:
 
     /// The color of a span, "#RRGGBB", made readable on `background`; that of text for what is no color. Remembered.
     QColor on(const QString &colorHex, const QColor &background);
+    /// `color`, made readable on `background`. Remembered.
+    QColor on(const QColor &color, const QColor &background);
 
 private:
     Theme theme;
     QHash<std::pair<QString, QRgb>, QColor> known{};
+    QHash<std::pair<QRgb, QRgb>, QColor> knownMixtures{};
 };
 
 } // namespace kestor

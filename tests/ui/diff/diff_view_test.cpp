@@ -1,6 +1,7 @@
 #include "sample_diffs.h"
 #include "support/printers.h"
 #include "ui/diff/diff_view.h"
+#include "ui/look/syntax_colors.h"
 #include "ui/look/theme.h"
 
 #include <QClipboard>
@@ -94,6 +95,42 @@ TEST_F(DiffViewTest, PaintsChangedWordsAndColors) {
     view.resize(view.metrics().textLeft + static_cast<int>(6 * view.metrics().advance) + beside, view.height());
     image = view.viewport()->grab().toImage();
     EXPECT_EQ(ground(6, 5), theme.addWord) << "a tab that the right edge cuts";
+}
+
+TEST_F(DiffViewTest, PaintsReadableNotesAndSigns) {
+    QPalette palette = fallbackPalette(ColorScheme::dark);
+    palette.setColor(QPalette::Highlight, QColor(0xA0, 0xA0, 0xA0));
+    view.setPalette(palette);
+    view.setTextSizeDelta(16);
+    const Theme theme = themeFor(palette);
+    show(u"Index: a\n--- a\n+++ a\n@@ -1 +1 @@\n-same\n+same\u200bnew\n\\ No newline\n"_s);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view.lineLooks().find(2) != nullptr; }));
+    view.setSelection({{2, 0}, {2, 11}});
+    view.activateWindow();
+    view.setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return view.hasFocus(); }));
+    const QImage image = view.viewport()->grab().toImage();
+    const struct Row {
+        const char *name;
+        qint64 row;
+        int column;
+        QColor ground;
+    } rows[] = {
+        {"the sign of a changed character that cannot be seen", 2, 4, theme.addWord},
+        {"a selected note", 3, 2, theme.selection},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const int left = pointAt(row.row, row.column).x();
+        const auto top = static_cast<int>(view.rows().top(row.row));
+        EXPECT_EQ(image.pixel(left, top), row.ground.rgb());
+        double strongest = 0;
+        for (int y = top; y < top + view.rows().rowHeight(row.row); ++y) {
+            for (int x = left; x < left + static_cast<int>(view.metrics().advance) - 1; ++x)
+                strongest = std::max(strongest, contrast(image.pixelColor(x, y), row.ground));
+        }
+        EXPECT_GE(strongest, 4.5);
+    }
 }
 
 TEST_F(DiffViewTest, ScrollsWhileTheMouseSelectsBeyondTheEdge) {
