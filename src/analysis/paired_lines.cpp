@@ -11,8 +11,6 @@ namespace kestor {
 
 namespace {
 
-constexpr std::size_t longestRun = 200;
-constexpr qsizetype longestLine = 2000;
 constexpr std::size_t mostWords = 30'000;
 /// Of words of a removed line with the same words of added ones.
 constexpr std::size_t mostMeetings = 1'000'000;
@@ -34,7 +32,7 @@ public:
     std::vector<Line> linesOf(std::span<const QStringView> texts) {
         std::vector<Line> lines;
         for (const QStringView text : texts)
-            lines.push_back(text.size() <= longestLine ? lineOf(text) : Line());
+            lines.push_back(text.size() <= longestComparedLine ? lineOf(text) : Line());
         return lines;
     }
 
@@ -155,7 +153,7 @@ std::vector<qsizetype> bestPairs(Table similarities, std::size_t removedCount, s
 
 std::vector<qsizetype> pairedLines(std::span<const QStringView> removed, std::span<const QStringView> added) {
     const std::vector<qsizetype> none(removed.size(), -1);
-    if (removed.empty() || added.empty() || removed.size() + added.size() > longestRun)
+    if (removed.empty() || added.empty() || removed.size() + added.size() > longestComparedRun)
         return none;
     RunWords words;
     const std::vector<Line> removedLines = words.linesOf(removed);

@@ -11,7 +11,6 @@ namespace {
 
 using Kind = LineToken::Kind;
 
-constexpr qsizetype longestLine = 2000;
 /// Of the table that compares the tokens of two lines: 512 of each, above which a line of ordinary length never comes.
 constexpr std::size_t mostCells = 262'144;
 constexpr int mostSignsBetween = 2;
@@ -139,7 +138,7 @@ std::vector<TextRange> marksOf(std::span<const LineToken> tokens, const Flags &c
 } // namespace
 
 WordMarks wordMarks(QStringView removed, QStringView added) {
-    if (std::max(removed.size(), added.size()) > longestLine)
+    if (std::max(removed.size(), added.size()) > longestComparedLine)
         return {};
     const std::vector<LineToken> removedTokens = lineTokens(removed);
     const std::vector<LineToken> addedTokens = lineTokens(added);

@@ -1,11 +1,10 @@
 #include "ui/diff/change_run.h"
 
+#include "analysis/word_marks.h"
+
 namespace kestor {
 
 namespace {
-
-/// Longer runs are not compared.
-constexpr std::size_t longestRun = 200;
 
 /// Walks over the lines of a hunk.
 class HunkWalk {
@@ -17,13 +16,13 @@ public:
 
     /// Goes back over lines of the kind, and notes.
     void goBack(DiffLineKind wanted) {
-        for (std::size_t steps = 0; isInside() && steps <= longestRun && isOneOf(wanted); ++steps)
+        for (std::size_t steps = 0; isInside() && steps <= longestComparedRun && isOneOf(wanted); ++steps)
             --line;
     }
     /// The lines of the kind from here on, notes left out; at most one more than a run may have.
     std::vector<qint64> take(DiffLineKind wanted) {
         std::vector<qint64> lines;
-        for (; isInside() && lines.size() <= longestRun && isOneOf(wanted); ++line) {
+        for (; isInside() && lines.size() <= longestComparedRun && isOneOf(wanted); ++line) {
             if (kind() == wanted)
                 lines.push_back(line);
         }
@@ -51,7 +50,7 @@ std::optional<ChangeRun> changeRunAt(const DiffHunk &hunk, qint64 line) {
     ChangeRun run;
     run.removed = walk.take(DiffLineKind::deletion);
     run.added = walk.take(DiffLineKind::addition);
-    if (run.removed.empty() || run.added.empty() || run.removed.size() + run.added.size() > longestRun)
+    if (run.removed.empty() || run.added.empty() || run.removed.size() + run.added.size() > longestComparedRun)
         return std::nullopt;
     return run;
 }

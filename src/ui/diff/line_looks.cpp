@@ -16,8 +16,8 @@ namespace {
 
 constexpr qsizetype keptLines = 4096;
 constexpr qsizetype keptPartners = 16'384;
-/// What nobody reads as code is not colored.
-constexpr qsizetype longestColored = 5000;
+/// What nobody reads as code is not colored; up to here the time that it takes is bounded.
+constexpr qsizetype longestColored = 10'000;
 /// For painting and for each turn of the event loop.
 constexpr std::chrono::milliseconds timeAtOnce{6};
 
