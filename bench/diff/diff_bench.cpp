@@ -97,8 +97,9 @@ void measureScreens(const char *name, const QString &text) {
     pane.resize(1000, 40 + screenHeight);
     pane.show();
     pane.showDiff(subjectOf(u"src/a.cpp"_s), text);
-    QCoreApplication::processEvents();
     const DiffView &view = pane.diffView();
+    while (view.document().part != DocumentPart::whole)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     std::array<double, 21> used{};
     for (double &screen : used) {
         view.verticalScrollBar()->setValue(view.verticalScrollBar()->value() + 2 * screenHeight);

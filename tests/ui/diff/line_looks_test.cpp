@@ -85,6 +85,9 @@ TEST(ColoredParts, AreReadableOnEachGround) {
 }
 
 TEST(SyntaxColors, CanBeReadWhereverTheyStand) {
+    EXPECT_NEAR(contrast(Qt::black, Qt::white), 21, 0.001);
+    EXPECT_NEAR(contrast(Qt::white, QColor(0x77, 0x77, 0x77)), 4.478, 0.001);
+    EXPECT_EQ(readable(QColor(144, 144, 144), Qt::white, Qt::black), QColor(109, 109, 109)) << "three steps darker";
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         const Theme theme = themeFor(fallbackPalette(scheme));
         SyntaxColors colors(theme);
