@@ -20,6 +20,19 @@ const LogEntry *entryOf(const QList<LogEntry> &entries, std::optional<qint64> re
     return found == entries.end() ? nullptr : &*found;
 }
 
+/// svn succeeds then and names no revision to compare with.
+QString missingURLText(const RepositoryInfo &info) {
+    return info.url.value_or(u"The URL of this working copy"_s) +
+           u" does not exist in the repository any more. It was deleted or renamed there: switch the working copy to "
+           "another URL."_s;
+}
+
+/// Whether the folder was deleted and made anew, so that its own history does not reach the revisions asked for.
+bool isMadeAnew(const SVNClientError &failure) {
+    const SVNCommandResult *const result = failure.failedResult();
+    return result != nullptr && result->stderrData.contains("E195012");
+}
+
 } // namespace
 
 QCoro::Task<> IncomingChanges::refreshIncoming() {
@@ -51,7 +64,7 @@ QCoro::Task<> IncomingChanges::load(Project project, quint64 number) {
         loaded = co_await loadedStatus(project);
         QList<LogEntry> entries;
         if (workspace.isCurrent(project, number, generation) && !loaded.range.isEmpty())
-            entries = co_await loadedEntries(project, loaded.range);
+            entries = co_await loadedEntries(project, loaded);
         if (!workspace.isCurrent(project, number, generation))
             co_return;
         // All at once: after a failure everything is as it was.
@@ -82,13 +95,29 @@ QCoro::Task<IncomingStatus> IncomingChanges::loadedStatus(Project project) {
     co_return co_await QtConcurrent::run(&workspace.workers, read);
 }
 
-QCoro::Task<QList<LogEntry>> IncomingChanges::loadedEntries(Project project, IncomingRange range) {
-    const QByteArray log = co_await printed(project, incomingLogArguments(range));
+QCoro::Task<QByteArray> IncomingChanges::printedLog(Project project, IncomingStatus status) {
+    std::optional<SVNClientError> failure;
+    try {
+        co_return co_await printed(project, incomingLogArguments(status.range));
+    } catch (const SVNClientError &error) {
+        failure = error;
+    }
+    const QStringList arguments = incomingLogArguments(status.info, status.range);
+    if (!isMadeAnew(*failure) || arguments.isEmpty())
+        throw *failure;
+    co_return co_await printed(project, arguments);
+}
+
+QCoro::Task<QList<LogEntry>> IncomingChanges::loadedEntries(Project project, IncomingStatus status) {
+    const QByteArray log = co_await printedLog(project, status);
     const QList<LogEntry> known = workspace.incomingEntries;
-    const auto read = [log, range, known] {
+    const auto read = [log, range = status.range, known] {
         return incomingEntriesOf(log, range, known);
     };
-    co_return co_await QtConcurrent::run(&workspace.workers, read);
+    const IncomingStatus status = co_await QtConcurrent::run(&workspace.workers, read);
+    if (!status.range.head)
+        throw SVNClientError::launchFailed(missingURLText(status.info));
+    co_return status;
 }
 
 void IncomingChanges::publish(const IncomingStatus &loaded, const QList<LogEntry> &entries) {

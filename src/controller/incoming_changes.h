@@ -48,8 +48,10 @@ private:
     QCoro::Task<> load(Project project, quint64 number);
     /// Runs svn for the project. Throws SVNClientError.
     QCoro::Task<QByteArray> printed(Project project, QStringList arguments);
+    /// Throws SVNClientError also when the working copy's URL is gone.
     QCoro::Task<IncomingStatus> loadedStatus(Project project);
-    QCoro::Task<QList<LogEntry>> loadedEntries(Project project, IncomingRange range);
+    QCoro::Task<QByteArray> printedLog(Project project, IncomingStatus status);
+    QCoro::Task<QList<LogEntry>> loadedEntries(Project project, IncomingStatus status);
     void publish(const IncomingStatus &loaded, const QList<LogEntry> &entries);
 
     QCoro::Task<> loadLineSummary(Project project, IncomingStatus loaded);

@@ -77,6 +77,11 @@ QStringList incomingLogArguments(const IncomingRange &range) {
     return args(u"log", u"--xml", u"--verbose", u"-r", revisionPair(*range.base + 1, *range.head));
 }
 
+QStringList incomingLogArguments(const RepositoryInfo &info, const IncomingRange &range) {
+    const std::optional<QString> url = repositoryURLForWorkingCopyPath(info, QString(), *range.head);
+    return url ? incomingLogArguments(range) + QStringList(*url) : QStringList();
+}
+
 QList<LogEntry> incomingEntriesOf(const QByteArray &printedLog, const IncomingRange &range,
                                   const QList<LogEntry> &known) {
     QList<LogEntry> entries = parsedOutput<LogParser>(printedLog);

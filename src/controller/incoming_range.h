@@ -47,6 +47,9 @@ IncomingStatus incomingStatus(const QByteArray &printedInfo, const QByteArray &p
 /// The vector that prints the log of `range`, which is not empty.
 QStringList incomingLogArguments(const IncomingRange &range);
 
+/// The same for the working copy's URL as it is at the head, whatever stood there before; empty when it is not known.
+QStringList incomingLogArguments(const RepositoryInfo &info, const IncomingRange &range);
+
 /// The entries of a printed log that lie in `range`, which is not empty, newest first. Where they equal `known` that
 /// list is returned, so that publishing it again compares nothing. Workers.
 QList<LogEntry> incomingEntriesOf(const QByteArray &printedLog, const IncomingRange &range,

@@ -246,5 +246,23 @@ TEST(Incoming, ComesFromAServerAndWaitsForOneThatNeverAnswers) {
         << "the tool is still there";
 }
 
+TEST(Incoming, TellsOfAURLThatIsGoneAndGoesOnWhenItIsMadeAnew) {
+    const BusyColleague repository;
+    IncomingFixture f;
+    f.open(repository.path(), RepositoryKind::svn);
+    const QString url = repository.url(u"trunk"_s);
+    repository.theirSvn({u"delete"_s, u"-q"_s, u"-m"_s, u"six"_s, url});
+    awaited(f.app.incoming.loadIncoming());
+    EXPECT_TRUE(
+        f.alertText().startsWith(u"Incoming Failed: "_s + url + u" does not exist in the repository any more."_s))
+        << f.alertText().toStdString();
+    EXPECT_EQ(f.range(), u"r2 to r5: [5] 4 3"_s);
+    f.app.alert = std::nullopt;
+    repository.theirSvn({u"mkdir"_s, u"-q"_s, u"-m"_s, u"seven"_s, url});
+    awaited(f.app.incoming.loadIncoming());
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(f.range(), u"r2 to r7: [7]"_s);
+}
+
 } // namespace
 } // namespace kestor
