@@ -187,9 +187,11 @@ void IncomingChanges::clearIncoming() {
 }
 
 void IncomingChanges::dropWhatArrived() {
-    const std::optional<qint64> revision = workingRevision(workspace.repositoryInfo);
+    const std::optional<qint64> head = workspace.incomingHeadRevision;
     const bool isShown = workspace.selectedTab.value() == WorkflowTab::incoming;
-    if (!isShown && !workspace.incomingEntries.value().isEmpty() && revision >= workspace.incomingHeadRevision.value())
+    // A folder that stood at the head before says nothing about what is in it.
+    const bool hasArrived = workingRevision(info) < head && workingRevision(workspace.repositoryInfo) >= head;
+    if (!isShown && !workspace.incomingEntries.value().isEmpty() && hasArrived)
         clearIncoming();
 }
 

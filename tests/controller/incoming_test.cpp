@@ -264,5 +264,19 @@ TEST(Incoming, TellsOfAURLThatIsGoneAndGoesOnWhenItIsMadeAnew) {
     EXPECT_EQ(f.range(), u"r2 to r7: [7]"_s);
 }
 
+TEST(Incoming, KeepsWhatIsStillToComeBelowAFolderThatIsAtTheHead) {
+    SharedRepository repository;
+    repository.theyWrite(u"a.c"_s, "2\n");
+    repository.theyCommit(u"three"_s);
+    repository.svn({u"update"_s, u"-q"_s});
+    repository.svn({u"update"_s, u"-q"_s, u"-r"_s, u"2"_s, u"a.c"_s});
+    IncomingFixture f;
+    f.open(repository.path(), RepositoryKind::svn);
+    EXPECT_EQ(f.range(), u"r2 to r3: [3]"_s);
+    f.app.selectedTab = WorkflowTab::changes;
+    awaited(f.app.refreshAll());
+    EXPECT_EQ(f.range(), u"r2 to r3: [3]"_s);
+}
+
 } // namespace
 } // namespace kestor
