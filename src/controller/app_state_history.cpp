@@ -21,6 +21,8 @@ QCoro::Task<> AppState::loadHistory() {
     if (!project)
         co_return;
     const quint64 generation = ++historyGeneration;
+    // Diffs that a silent server holds hold up none of those that follow a refresh.
+    historyDiffTurn = newHistoryDiffTurn();
     const std::function<bool()> isRelevant = [this, project, generation] {
         return isCurrent(*project, generation, historyGeneration);
     };

@@ -33,7 +33,14 @@ bool isMadeAnew(const SVNClientError &failure) {
     return result != nullptr && result->stderrData.contains("E195012");
 }
 
+/// Two, so that one slow run holds up no other. Those of a project that was left do not count.
+std::shared_ptr<LatestTurn> newTurn() {
+    return std::make_shared<LatestTurn>(2);
+}
+
 } // namespace
+
+IncomingChanges::IncomingChanges(Workspace &shared) : workspace(shared), diffTurn(newTurn()), summaryTurn(newTurn()) {}
 
 QCoro::Task<> IncomingChanges::refreshIncoming() {
     const RunningOperations::Scope running(workspace.operations);
@@ -50,6 +57,8 @@ QCoro::Task<> IncomingChanges::loadIncoming() {
         co_return;
     }
     const quint64 number = ++generation;
+    // Diffs that a silent server holds hold up none of those that follow a refresh.
+    diffTurn = newTurn();
     const std::function<bool()> isRelevant = [this, project, number] {
         return workspace.isCurrent(*project, number, generation);
     };
@@ -92,7 +101,10 @@ QCoro::Task<IncomingStatus> IncomingChanges::loadedStatus(Project project) {
     const auto read = [printedInfo, printedStatus] {
         return incomingStatus(printedInfo, printedStatus);
     };
-    co_return co_await QtConcurrent::run(&workspace.workers, read);
+    const IncomingStatus status = co_await QtConcurrent::run(&workspace.workers, read);
+    if (!status.range.head)
+        throw SVNClientError::launchFailed(missingURLText(status.info));
+    co_return status;
 }
 
 QCoro::Task<QByteArray> IncomingChanges::printedLog(Project project, IncomingStatus status) {
@@ -114,10 +126,7 @@ QCoro::Task<QList<LogEntry>> IncomingChanges::loadedEntries(Project project, Inc
     const auto read = [log, range = status.range, known] {
         return incomingEntriesOf(log, range, known);
     };
-    const IncomingStatus status = co_await QtConcurrent::run(&workspace.workers, read);
-    if (!status.range.head)
-        throw SVNClientError::launchFailed(missingURLText(status.info));
-    co_return status;
+    co_return co_await QtConcurrent::run(&workspace.workers, read);
 }
 
 void IncomingChanges::publish(const IncomingStatus &loaded, const QList<LogEntry> &entries) {
@@ -137,25 +146,34 @@ QCoro::Task<> IncomingChanges::loadLineSummary(Project project, IncomingStatus l
     const RunningOperations::Scope running(workspace.operations);
     const QStringList arguments =
         loaded.range.isEmpty() ? QStringList() : incomingSummaryArguments(loaded.info, loaded.range);
+    setSummaryArguments(arguments);
     // What lies between two revisions never changes.
-    if (arguments == summarizedArguments)
+    if (summaryLoaded || arguments.isEmpty())
         co_return;
-    summarizedArguments = arguments;
-    workspace.incomingLineSummary = LineChangeSummary();
-    if (arguments.isEmpty())
+    const quint64 number = ++summaryGeneration;
+    const std::shared_ptr<LatestTurn> turns = summaryTurn;
+    co_await turns->wait();
+    if (number != summaryGeneration || summaryLoaded)
         co_return;
+    const LatestTurn::Scope turn(*turns);
     std::optional<LineChangeSummary> summary;
     try {
         summary = co_await lineSummaryForIncomingRange(project, arguments);
     } catch (const SVNClientError &) {
         // The zero summary says that nothing is known; the next load asks again.
     }
-    if (summarizedArguments != arguments)
+    if (!summary || summaryArguments != arguments)
         co_return;
-    if (summary)
-        workspace.incomingLineSummary = *summary;
-    else
-        summarizedArguments.clear();
+    workspace.incomingLineSummary = *summary;
+    summaryLoaded = true;
+}
+
+void IncomingChanges::setSummaryArguments(const QStringList &arguments) {
+    if (arguments == summaryArguments)
+        return;
+    summaryArguments = arguments;
+    summaryLoaded = false;
+    workspace.incomingLineSummary = LineChangeSummary();
 }
 
 QCoro::Task<LineChangeSummary> IncomingChanges::lineSummaryForIncomingRange(Project project, QStringList arguments) {
@@ -170,10 +188,11 @@ QCoro::Task<LineChangeSummary> IncomingChanges::lineSummaryForIncomingRange(Proj
 void IncomingChanges::clearIncoming() {
     ++generation;
     ++diffGeneration;
-    diffTurn = newDiffTurn();
+    ++summaryGeneration;
+    diffTurn = newTurn();
+    summaryTurn = newTurn();
     loadedAt = workspace.repositoryChanges;
-    summarizedArguments.clear();
-    workspace.incomingLineSummary = LineChangeSummary();
+    setSummaryArguments(QStringList());
     const QList<LogEntry> before = workspace.incomingEntries;
     info = RepositoryInfo();
     workspace.incomingBaseRevision = std::nullopt;

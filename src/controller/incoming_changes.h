@@ -21,7 +21,7 @@ namespace kestor {
 class IncomingChanges {
 public:
     /// `shared` must outlive it.
-    explicit IncomingChanges(Workspace &shared) : workspace(shared) {}
+    explicit IncomingChanges(Workspace &shared);
     Q_DISABLE_COPY_MOVE(IncomingChanges)
 
     /// Loads the range, `incomingEntries`, `incomingOutdatedItems` and the selection, then, with the lists shown
@@ -55,6 +55,8 @@ private:
     void publish(const IncomingStatus &loaded, const QList<LogEntry> &entries);
 
     QCoro::Task<> loadLineSummary(Project project, IncomingStatus loaded);
+    /// Empties `incomingLineSummary` unless it is that of the same run.
+    void setSummaryArguments(const QStringList &arguments);
     QCoro::Task<LineChangeSummary> lineSummaryForIncomingRange(Project project, QStringList arguments);
 
     // incoming_changes_diff.cpp
@@ -62,15 +64,17 @@ private:
     QCoro::Task<LoadedDiff> diffOf(Project project, LogEntry entry);
     QCoro::Task<std::optional<DiffPreview>> richDiffPreviewForIncomingRevision(Project project, LogEntry entry);
     void publishDiff(std::optional<qint64> revision, const LoadedDiff &diff);
-    static std::shared_ptr<LatestTurn> newDiffTurn();
 
     Workspace &workspace;
-    RepositoryInfo info{};             ///< of the working copy that was loaded
-    QStringList summarizedArguments{}; ///< of the run that `incomingLineSummary` comes or will come from
+    RepositoryInfo info{};          ///< of the working copy that was loaded
+    QStringList summaryArguments{}; ///< of the run that `incomingLineSummary` comes or will come from
+    bool summaryLoaded = false;     ///< it comes from it
     quint64 generation = 0;
     quint64 diffGeneration = 0;
-    std::shared_ptr<LatestTurn> diffTurn = newDiffTurn(); ///< of the selected project
-    quint64 loadedAt = 0;                                 ///< `repositoryChanges` when the load that is shown began
+    quint64 summaryGeneration = 0;
+    std::shared_ptr<LatestTurn> diffTurn;    ///< of the last load
+    std::shared_ptr<LatestTurn> summaryTurn; ///< of the selected project
+    quint64 loadedAt = 0;                    ///< `repositoryChanges` when the load that is shown began
 };
 
 } // namespace kestor

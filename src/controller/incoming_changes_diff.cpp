@@ -15,11 +15,6 @@ QCoro::Task<> IncomingChanges::selectedIncomingRevisionChanged() {
     return loadDiffForSelectedIncomingRevision();
 }
 
-/// Two, so that one slow diff holds up no other. Those of a project that was left do not count.
-std::shared_ptr<LatestTurn> IncomingChanges::newDiffTurn() {
-    return std::make_shared<LatestTurn>(2);
-}
-
 QCoro::Task<> IncomingChanges::loadDiffForSelectedIncomingRevision() {
     const RunningOperations::Scope operation(workspace.operations);
     const quint64 number = ++diffGeneration;

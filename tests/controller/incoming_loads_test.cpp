@@ -173,5 +173,33 @@ TEST_F(IncomingLoads, WalkingThroughRevisionsLoadsTheLastOneAndFewOnTheWay) {
     EXPECT_FALSE(svn->vectors().contains(diffOf(u"12"_s)) || svn->vectors().contains(diffOf(u"13"_s)));
 }
 
+TEST_F(IncomingLoads, ARefreshAsksAgainForWhatASilentServerHolds) {
+    const auto loadAll = [this] {
+        load();
+        finishStatus("12");
+        finish(logTo(u"12"_s), printedLog({"11", "12"}));
+    };
+    const auto runs = [this](const QStringList &arguments) {
+        return svn->vectors().count(arguments);
+    };
+    loadAll();
+    ASSERT_TRUE(waitUntil([&] { return runs(diffOf(u"12"_s)) == 1; }));
+    app->selectedIncomingRevision = 11;
+    tasks.push_back(app->incoming.selectedIncomingRevisionChanged());
+    ASSERT_TRUE(waitUntil([&] { return runs(diffOf(u"11"_s)) == 1; }));
+    loadAll();
+    ASSERT_TRUE(waitUntil([&] { return runs(diffOf(u"11"_s)) == 2 && runs(summaryTo12) == 2; }));
+    loadAll();
+    ASSERT_TRUE(waitUntil([&] { return runs(diffOf(u"11"_s)) == 3; }));
+    EXPECT_EQ(runs(summaryTo12), 2) << "each reads the whole range";
+    for (int i = 0; i < 3; ++i)
+        finish(diffOf(u"11"_s), "+eleven\n");
+    EXPECT_TRUE(waitUntil([&] { return app->incomingDiffText.value() == u"+eleven\n"_s; }));
+    finish(summaryTo12, "Index: a\n@@ -1 +1 @@\n-x\n+y\n+z\n");
+    EXPECT_TRUE(waitUntil([&] { return app->incomingLineSummary.value() == LineChangeSummary{2, 1}; }));
+    settle();
+    EXPECT_EQ(runs(summaryTo12), 2) << "the sum is known";
+}
+
 } // namespace
 } // namespace kestor

@@ -162,6 +162,18 @@ TEST_F(OverlappingLoads, WalkingThroughRevisionsLoadsTheLastOneAndFewOnTheWay) {
     EXPECT_FALSE(git->vectors().contains(diffOf(u"h2"_s)) || git->vectors().contains(diffOf(u"h3"_s)));
 }
 
+TEST_F(OverlappingLoads, ARefreshAsksAgainForTheDiffThatASilentServerHolds) {
+    loadHistoryOf(0);
+    finish(log, printedLog("a.c", {"h0", "h1"}));
+    ASSERT_TRUE(waitUntil([&] { return git->vectors().contains(diffOf(u"h0"_s)); }));
+    app->selectedRevision = 1000000 - 1;
+    tasks.push_back(app->selectedHistoryRevisionChanged());
+    ASSERT_TRUE(waitUntil([&] { return git->vectors().contains(diffOf(u"h1"_s)); }));
+    loadHistoryOf(0);
+    finish(log, printedLog("a.c", {"h0", "h1"}));
+    EXPECT_TRUE(waitUntil([&] { return git->vectors().count(diffOf(u"h1"_s)) == 2; }));
+}
+
 TEST(Lifetime, AStateThatGoesAwayWhileToolsRunLeavesNothingBehind) {
     const TempTree folder;
     testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, folder.path());
