@@ -278,5 +278,26 @@ TEST(Incoming, KeepsWhatIsStillToComeBelowAFolderThatIsAtTheHead) {
     EXPECT_EQ(f.range(), u"r2 to r3: [3]"_s);
 }
 
+TEST(Incoming, ComesFromAURLWithASpaceAndAnAtSign) {
+    SharedRepository repository;
+    const QString url = repository.url(u"branches/a%20b@2@"_s);
+    repository.theirSvn({u"copy"_s, u"-q"_s, u"-m"_s, u"three"_s, repository.url(u"trunk"_s), url});
+    runTool(u"svn"_s, {u"checkout"_s, u"-q"_s, url, repository.tree.path(u"line@2"_s)}, repository.tree.path());
+    repository.theirSvn({u"switch"_s, u"-q"_s, url});
+    repository.theyWrite(u"src/b.c"_s, "b\nc\n");
+    repository.theyCommit(u"four"_s);
+    repository.theyWrite(u"icon@2x.png"_s, "\x89PNG two");
+    repository.theyCommit(u"five"_s);
+    IncomingFixture f;
+    f.open(repository.tree.path(u"line@2"_s), RepositoryKind::svn);
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(f.range(), u"r3 to r5: [5] 4"_s);
+    EXPECT_EQ(f.app.incomingLineSummary.value(), (LineChangeSummary{2, 1}));
+    EXPECT_EQ(f.app.incomingDiffPreview.value().oldData, QByteArray("\x89PNG one"));
+    EXPECT_EQ(f.app.incomingDiffPreview.value().newData, QByteArray("\x89PNG two"));
+    f.select(4);
+    EXPECT_EQ(f.diffLines(), QStringList{u"+c"_s});
+}
+
 } // namespace
 } // namespace kestor
