@@ -29,11 +29,17 @@ QStringList messageArguments(const QString &message, const QString &directory) {
 
 /// The same failure with a further sentence.
 SVNClientError withSentence(const SVNClientError &failure, const QString &sentence) {
-    const SVNCommandResult *result = failure.failedResult();
-    if (sentence.isEmpty() || result == nullptr)
+    if (sentence.isEmpty())
         return failure;
+    const SVNCommandResult *result = failure.failedResult();
+    if (result == nullptr)
+        return SVNClientError::launchFailed(failure.errorDescription() + u'\n' + sentence);
     SVNCommandResult told = *result;
-    told.stderrData += (told.stderrData.isEmpty() || told.stderrData.endsWith('\n') ? "" : "\n") + sentence.toUtf8();
+    // What stands on standard error hides the other output.
+    QByteArray &words = told.stderrData.isEmpty() ? told.stdoutData : told.stderrData;
+    if (words.isEmpty())
+        words = failure.errorDescription().toUtf8();
+    words += (words.endsWith('\n') ? "" : "\n") + sentence.toUtf8();
     return SVNClientError::commandFailed(told);
 }
 

@@ -308,3 +308,31 @@ TEST_F(Setup, EndsQuietlyWhenAQuestionIsCancelled) {
 
 } // namespace
 } // namespace kestor
+TEST_F(Setup, NamesTheRepositoryWhoseWorkingCopyCouldNotBeCheckedOut) {
+    struct Row {
+        const char *name;
+        QByteArray svn;
+        QFile::Permissions permissions;
+        QString words;
+    };
+    const Row rows[] = {
+        {"cannot start", "", QFile::ReadOwner, u"Could not"_s},
+        {"says why on standard output", "#!/bin/sh\necho no room; exit 1\n", QFile::ReadOwner | QFile::ExeOwner,
+         u"no room"_s},
+        {"says nothing", "#!/bin/sh\nexit 3\n", QFile::ReadOwner | QFile::ExeOwner, u"Command exited with status 3."_s},
+    };
+    for (int number = 0; const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        const QString svn = u"svn%1"_s.arg(++number);
+        tree.write(svn, row.svn);
+        QFile::setPermissions(tree.path(svn), row.permissions);
+        f.settings.setValue(u"KestorSVN.svnExecutablePath"_s, tree.path(svn));
+        create(u"Demo%1"_s.arg(number));
+        EXPECT_TRUE(f.alertText().startsWith(u"Create SVN Repository Failed: "_s + row.words))
+            << f.alertText().toStdString();
+        EXPECT_TRUE(
+            f.alertText().endsWith(u"\nWhat was done until then is in "_s + tree.path(u"Demo%1.repo."_s.arg(number))))
+            << f.alertText().toStdString();
+    }
+}
+
