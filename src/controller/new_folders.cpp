@@ -24,6 +24,10 @@ QString existsText(const QString &path) {
     return path + u" already exists."_s;
 }
 
+Refusal destinationRefusal(const QString &path) {
+    return {u"Destination Already Exists"_s, existsText(path)};
+}
+
 } // namespace
 
 QString offeredFolderName(const QString &url) {
@@ -49,9 +53,11 @@ QString folderIn(const QString &parent, const QString &name) {
 }
 
 std::optional<Refusal> standingDestinationRefusal(const QString &path) {
-    if (holdsNothing(path))
-        return std::nullopt;
-    return Refusal{u"Destination Already Exists"_s, existsText(path)};
+    return holdsNothing(path) ? std::nullopt : std::optional(destinationRefusal(path));
+}
+
+std::optional<Refusal> standingExportRefusal(const QString &path) {
+    return exists(path) ? std::optional(destinationRefusal(path)) : std::nullopt;
 }
 
 std::optional<NewRepository> newRepositoryAt(const QString &chosenPath) {

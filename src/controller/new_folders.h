@@ -23,6 +23,9 @@ QString folderIn(const QString &parent, const QString &name);
 /// Why nothing can be put at `path`: something stands there that is not an empty folder.
 std::optional<Refusal> standingDestinationRefusal(const QString &path);
 
+/// Why nothing can be exported to `path`: anything stands there. svn takes no folder as it is, and puts a file into it.
+std::optional<Refusal> standingExportRefusal(const QString &path);
+
 /// A repository and its working copy, folders beside each other.
 struct NewRepository {
     QString workingCopy{};

@@ -107,7 +107,8 @@ QCoro::Task<SVNCommandResult> RepositorySetup::createAndCheckOut(NewRepository f
 }
 
 QCoro::Task<std::optional<QString>> RepositorySetup::chosenDestination(QString panelTitle, QString promptTitle,
-                                                                       QString offeredName) {
+                                                                       QString offeredName,
+                                                                       StandingRefusal standingRefusal) {
     const std::optional<QString> parent = co_await workspace.user.chooseDirectory(panelTitle);
     if (!parent)
         co_return std::nullopt;
@@ -117,7 +118,7 @@ QCoro::Task<std::optional<QString>> RepositorySetup::chosenDestination(QString p
         co_return std::nullopt;
     const QString name = answer->value(u"name"_s);
     const QString destination = folderIn(*parent, name);
-    if (refuses(folderNameRefusal(name)) || refuses(standingDestinationRefusal(destination)))
+    if (refuses(folderNameRefusal(name)) || refuses(standingRefusal(destination)))
         co_return std::nullopt;
     co_return destination;
 }
@@ -129,8 +130,8 @@ QCoro::Task<> RepositorySetup::checkoutRepository() {
     const QString url = typedText(answer, u"url"_s);
     if (url.isEmpty() || refuses(addressRefusal(url)))
         co_return;
-    const std::optional<QString> destination =
-        co_await chosenDestination(u"Choose Checkout Parent Folder"_s, u"Checkout Folder"_s, offeredFolderName(url));
+    const std::optional<QString> destination = co_await chosenDestination(
+        u"Choose Checkout Parent Folder"_s, u"Checkout Folder"_s, offeredFolderName(url), standingDestinationRefusal);
     if (!destination)
         co_return;
     const Checkout checkout{repositoryKindOf(url), url, *destination};
@@ -212,8 +213,8 @@ QCoro::Task<> RepositorySetup::exportRepository() {
     const QString source = exportTarget(typedText(answer, u"source"_s));
     if (source.isEmpty() || refuses(addressRefusal(source)))
         co_return;
-    const std::optional<QString> destination =
-        co_await chosenDestination(u"Choose Export Destination Parent"_s, u"Export Folder"_s, QString());
+    const std::optional<QString> destination = co_await chosenDestination(
+        u"Choose Export Destination Parent"_s, u"Export Folder"_s, QString(), standingExportRefusal);
     if (!destination)
         co_return;
     const std::optional<Project> project = workspace.selectedProject();

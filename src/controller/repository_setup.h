@@ -26,6 +26,8 @@ public:
     QCoro::Task<> makeRemoteDirectory();
 
 private:
+    using StandingRefusal = std::optional<Refusal> (*)(const QString &path);
+
     /// A working copy that is to come into being.
     struct Checkout {
         RepositoryKind kind = RepositoryKind::svn;
@@ -36,7 +38,8 @@ private:
     QCoro::Task<> create(NewRepository folders);
     QCoro::Task<SVNCommandResult> createAndCheckOut(NewRepository folders);
     /// Where a panel and a prompt say that a new folder shall be; nothing when cancelled or, after an alert, refused.
-    QCoro::Task<std::optional<QString>> chosenDestination(QString panelTitle, QString promptTitle, QString offeredName);
+    QCoro::Task<std::optional<QString>> chosenDestination(QString panelTitle, QString promptTitle, QString offeredName,
+                                                          StandingRefusal standingRefusal);
     QCoro::Task<> checkOut(Checkout checkout);
     QCoro::Task<> publishCheckout(Checkout checkout, CommandOutput output);
     /// Adds what a failed run left when that is a working copy. Always throws, with what is left named.

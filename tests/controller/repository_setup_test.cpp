@@ -267,6 +267,9 @@ TEST_F(Setup, OverwritesNoFileByAnExport) {
     exportTo(u"file://"_s + repository.tree.path(u"repo/none"_s), u"new"_s);
     EXPECT_TRUE(f.alertText().startsWith(u"Export Failed: svn: "_s));
 }
+    tree.makeDirectory(u"empty"_s);
+    exportTo(repository.path(u"a.txt"_s), u"empty"_s);
+    EXPECT_TRUE(f.alertText().startsWith(u"Destination Already Exists"_s)) << "svn would put the file into the folder";
 
 TEST_F(Setup, MakesRemoteDirectories) {
     awaited(f.app.setup.makeRemoteDirectory());
