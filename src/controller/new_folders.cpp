@@ -61,9 +61,10 @@ std::optional<Refusal> standingExportRefusal(const QString &path) {
 }
 
 std::optional<NewRepository> newRepositoryAt(const QString &chosenPath) {
-    const QString path = QDir::cleanPath(chosenPath);
-    if (chosenPath.endsWith(u'/') || QFileInfo(path).fileName().isEmpty())
+    const QString name = chosenPath.section(u'/', -1);
+    if (name.isEmpty() || name == u"." || name == u"..")
         return std::nullopt;
+    const QString path = QDir::cleanPath(chosenPath);
     return NewRepository{path, path + u".repo"_s};
 }
 

@@ -34,7 +34,8 @@ struct NewRepository {
     friend bool operator==(const NewRepository &, const NewRepository &) = default;
 };
 
-/// The folders for the working copy at `chosenPath`; nothing when the path ends without a name.
+/// The folders for the working copy at `chosenPath`; nothing when the path ends without a name or
+/// with "." or "..".
 std::optional<NewRepository> newRepositoryAt(const QString &chosenPath);
 
 /// Why the repository cannot be created: one of its folders exists.

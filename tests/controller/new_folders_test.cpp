@@ -85,8 +85,8 @@ TEST(NewFolders, TakeOnePlainName) {
     }
     EXPECT_EQ(folderIn(u"/"_s, u"a"_s), u"/a"_s);
     EXPECT_EQ(newRepositoryAt(u"/tmp/x/../Demo"_s), (NewRepository{u"/tmp/Demo"_s, u"/tmp/Demo.repo"_s}));
-    EXPECT_EQ(newRepositoryAt(u"/tmp/"_s), std::nullopt);
-    EXPECT_EQ(newRepositoryAt(u"/tmp/.."_s), std::nullopt);
+    for (const QString &unnamed : {u"/tmp/"_s, u"/tmp/."_s, u"/tmp/.."_s, u"/tmp/x/.."_s})
+        EXPECT_EQ(newRepositoryAt(unnamed), std::nullopt) << unnamed.toStdString();
     EXPECT_EQ(fileURL(u"/tmp/a b#c%ü?"_s), u"file:///tmp/a%20b%23c%25%C3%BC%3F"_s);
 }
 

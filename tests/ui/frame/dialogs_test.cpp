@@ -197,6 +197,21 @@ TEST_F(Dialogs, ANewFolderMayHaveANameThatIsTaken) {
     EXPECT_EQ(*answer, tree.path(u"taken"_s));
 }
 
+TEST_F(Dialogs, ANewFolderWithoutANameIsToldFromTheOneShown) {
+    const testing::TempTree tree;
+    for (const QString &blank : {QString(), u"  "_s}) {
+        std::optional<std::optional<QString>> answer;
+        keep(interaction.chooseNewFolder({u"Title"_s, u"Message"_s, u"Create"_s, u"Name:"_s, u"New"_s}), &answer);
+        auto *panel = qobject_cast<QFileDialog *>(dialog());
+        ASSERT_NE(panel, nullptr);
+        panel->setDirectory(tree.path());
+        panel->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(blank);
+        static_cast<QDialog *>(panel)->accept();
+        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && window->findChild<QDialog *>() == nullptr; }));
+        EXPECT_EQ(*answer, tree.path() + u'/');
+    }
+}
+
 TEST_F(Dialogs, AWindowThatDiesCancelsWhatItAsks) {
     std::optional<bool> confirmed;
     std::optional<Texts> texts;
