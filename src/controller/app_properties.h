@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controller/busy_kind.h"
 #include "model/command_output.h"
 #include "model/custom_language_rule.h"
 #include "model/diff_preview.h"
@@ -80,6 +81,7 @@ struct AppProperties {
     QProperty<QString> commitMessage{};
     QProperty<RepositoryInfo> repositoryInfo{};
     QProperty<std::optional<QString>> busyMessage{}; ///< present: commands are held back
+    QProperty<BusyKind> busyKind{BusyKind::command}; ///< the strictest of the running work, while there is a message
     QProperty<std::optional<AppAlert>> alert{};
     QProperty<std::optional<CommandOutput>> commandOutput{};
     QProperty<QList<CustomLanguageRule>> customLanguageRules{};

@@ -52,13 +52,16 @@ QCoro::Task<> AppState::refreshStatus() {
 
 QCoro::Task<> AppState::refresh(RunPurpose purpose) {
     const RunningOperations::Scope running(operations);
-    if (!selectedProject())
+    const std::optional<Project> project = selectedProject();
+    if (!project)
         co_return;
     // A tab that is shown meanwhile loads what it lacks by itself.
     const WorkflowTab tab = selectedTab;
     // Commands are held back from the first probe on; the load then has a message of its own.
     std::optional<BusyScope> probing(std::in_place, busy, u"Loading changes"_s, BusyKind::load);
     co_await refreshSelectedProjectKind();
+    if (selectedProjectID.value() != project->id)
+        co_return; // its own refresh is under way
     const QCoro::Task<> loading = reloadEverything(purpose, tab);
     probing.reset();
     co_await loading;

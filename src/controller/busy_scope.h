@@ -1,19 +1,18 @@
 #pragma once
 
+#include "controller/busy_kind.h"
+
 #include <QList>
 #include <QProperty>
 #include <QString>
 #include <QtGlobal>
 
-#include <cstdint>
+#include <algorithm>
 #include <optional>
 
 namespace kestor {
 
-/// A load reads what is shown; a newer one with the same message stands in for it, as does another project.
-enum class BusyKind : std::uint8_t { command, load };
-
-/// The busy message and the work behind it.
+/// The busy message, the kind that is held to, and the work behind them.
 struct BusyState {
     struct Work {
         quint64 number = 0;
@@ -22,16 +21,27 @@ struct BusyState {
     };
 
     QProperty<std::optional<QString>> &message;
+    QProperty<BusyKind> &kind;
     quint64 lastNumber = 0;
     QList<Work> running = {}; ///< the latest last: its message shows
 
     template <typename Predicate>
     void end(Predicate isEnded) {
         running.removeIf(isEnded);
-        message = running.isEmpty() ? std::nullopt : std::optional(running.last().message);
+        show();
     }
     void endLoads() {
         end([](const Work &work) { return work.kind == BusyKind::load; });
+    }
+    /// The kind is true whenever a message shows.
+    void show() {
+        const auto strictest = std::max_element(
+            running.begin(), running.end(), [](const Work &one, const Work &other) { return one.kind < other.kind; });
+        if (strictest != running.end())
+            kind = strictest->kind;
+        message = running.isEmpty() ? std::nullopt : std::optional(running.last().message);
+        if (running.isEmpty())
+            kind = BusyKind::command;
     }
 };
 
@@ -44,7 +54,7 @@ public:
             state.running.removeIf(
                 [&message](const auto &work) { return work.kind == BusyKind::load && work.message == message; });
         state.running.append({number, message, kind});
-        state.message = message;
+        state.show();
     }
     ~BusyScope() {
         state.end([this](const BusyState::Work &work) { return work.number == number; });

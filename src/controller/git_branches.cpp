@@ -31,7 +31,7 @@ QCoro::Task<> GitBranches::chooseAndSwitch(Project project) {
 }
 
 QCoro::Task<QList<GitBranch>> GitBranches::loadedBranches(Project project) {
-    const BusyScope loading(workspace.busy, u"Loading branches"_s);
+    const BusyScope loading(workspace.busy, u"Loading branches"_s, BusyKind::interruptible);
     const SVNCommandResult listing =
         co_await workspace.tools.git->run(branchListArguments(), project.path, CheckStatus::yes);
     co_return switchableBranches(toolText(listing.stdoutData));

@@ -146,7 +146,8 @@ QCoro::Task<> RepositorySetup::checkOut(Checkout checkout) {
     CommandOutput output;
     std::optional<SVNClientError> failure;
     {
-        const BusyScope checkingOut(workspace.busy, isGit ? u"Cloning repository"_s : u"Checking out working copy"_s);
+        const BusyScope checkingOut(workspace.busy, isGit ? u"Cloning repository"_s : u"Checking out working copy"_s,
+                                    BusyKind::interruptible);
         const std::shared_ptr<Tool> tool = workspace.toolFor(checkout.kind);
         try {
             SVNCommandResult result = co_await tool->run(arguments, parent, CheckStatus::yes);
@@ -220,7 +221,8 @@ QCoro::Task<> RepositorySetup::exportRepository() {
     const std::optional<Project> project = workspace.selectedProject();
     const QString directory = project ? project->path : QFileInfo(*destination).path();
     const QStringList arguments = args(u"export", source, svnTarget(*destination));
-    co_await workspace.runCommand(u"Export"_s, arguments, directory, RefreshAfter::no, ShowOutput::always);
+    co_await workspace.runCommand(u"Export"_s, arguments, directory, RefreshAfter::no, ShowOutput::always,
+                                  BusyKind::interruptible);
 }
 
 QString RepositorySetup::exportTarget(const QString &source) const {

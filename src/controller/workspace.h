@@ -68,7 +68,7 @@ public:
 
     /// Runs `svn` in `workingDirectory` ("" for this process's own) under a busy message and shows what it printed.
     QCoro::Task<> runCommand(QString title, QStringList arguments, QString workingDirectory, RefreshAfter refreshAfter,
-                             ShowOutput showOutput);
+                             ShowOutput showOutput, BusyKind busyKind = BusyKind::command);
     /// The same with `git`.
     QCoro::Task<> runGitCommand(QString title, QStringList arguments, QString workingDirectory,
                                 RefreshAfter refreshAfter, ShowOutput showOutput);
@@ -115,7 +115,7 @@ public:
     QSettings &preferences;
     UserInteraction &user;
     Tools tools;
-    BusyState busy{busyMessage};
+    BusyState busy{busyMessage, busyKind};
     RunningOperations operations;
     QThreadPool workers;
     quint64 repositoryChanges = 0; ///< counts what may have changed the log
@@ -123,7 +123,8 @@ public:
 
 private:
     QCoro::Task<> runToolCommand(RepositoryKind kind, QString title, PathCommand command, QString workingDirectory,
-                                 RefreshAfter refreshAfter, ShowOutput showOutput);
+                                 RefreshAfter refreshAfter, ShowOutput showOutput,
+                                 BusyKind busyKind = BusyKind::command);
     QCoro::Task<> runInSelectedProject(RepositoryKind kind, QString title, QStringList arguments,
                                        RefreshAfter refreshAfter, ShowOutput showOutput);
 };

@@ -7,9 +7,9 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 
 QCoro::Task<> Workspace::runCommand(QString title, QStringList arguments, QString workingDirectory,
-                                    RefreshAfter refreshAfter, ShowOutput showOutput) {
+                                    RefreshAfter refreshAfter, ShowOutput showOutput, BusyKind work) {
     return reporting(title + u" Failed"_s, runToolCommand(RepositoryKind::svn, title, {arguments, {}, {}},
-                                                          workingDirectory, refreshAfter, showOutput));
+                                                          workingDirectory, refreshAfter, showOutput, work));
 }
 
 QCoro::Task<> Workspace::runGitCommand(QString title, QStringList arguments, QString workingDirectory,
@@ -19,10 +19,11 @@ QCoro::Task<> Workspace::runGitCommand(QString title, QStringList arguments, QSt
 }
 
 QCoro::Task<> Workspace::runToolCommand(RepositoryKind kind, QString title, PathCommand command,
-                                        QString workingDirectory, RefreshAfter refreshAfter, ShowOutput showOutput) {
+                                        QString workingDirectory, RefreshAfter refreshAfter, ShowOutput showOutput,
+                                        BusyKind work) {
     CommandOutput output;
     {
-        const BusyScope running(busy, title);
+        const BusyScope running(busy, title, work);
         SVNCommandResult result = co_await runPathCommand(toolFor(kind), kind, workingDirectory, command);
         output = co_await outputOf(title, std::move(result));
     }

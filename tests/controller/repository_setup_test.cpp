@@ -4,6 +4,8 @@
 #include "support/svn_server.h"
 
 #include <QFile>
+#include <QTcpServer>
+#include <QTcpSocket>
 
 #include <gtest/gtest.h>
 
@@ -19,6 +21,7 @@ using testing::runTool;
 using testing::SvnFixture;
 using testing::SvnServer;
 using testing::TempTree;
+using testing::waitUntil;
 
 QMap<QString, QString> typed(const QString &key, const QString &text) {
     return {{key, text}};
@@ -264,12 +267,12 @@ TEST_F(Setup, OverwritesNoFileByAnExport) {
     exportTo(repository.path(u"a.txt"_s), u"old.txt"_s);
     EXPECT_TRUE(f.alertText().startsWith(u"Destination Already Exists"_s));
     EXPECT_EQ(tree.read(u"old.txt"_s), "old\n");
-    exportTo(u"file://"_s + repository.tree.path(u"repo/none"_s), u"new"_s);
-    EXPECT_TRUE(f.alertText().startsWith(u"Export Failed: svn: "_s));
-}
     tree.makeDirectory(u"empty"_s);
     exportTo(repository.path(u"a.txt"_s), u"empty"_s);
     EXPECT_TRUE(f.alertText().startsWith(u"Destination Already Exists"_s)) << "svn would put the file into the folder";
+    exportTo(u"file://"_s + repository.tree.path(u"repo/none"_s), u"new"_s);
+    EXPECT_TRUE(f.alertText().startsWith(u"Export Failed: svn: "_s));
+}
 
 TEST_F(Setup, MakesRemoteDirectories) {
     awaited(f.app.setup.makeRemoteDirectory());
@@ -309,8 +312,6 @@ TEST_F(Setup, EndsQuietlyWhenAQuestionIsCancelled) {
     EXPECT_TRUE(tree.entries().isEmpty());
 }
 
-} // namespace
-} // namespace kestor
 TEST_F(Setup, NamesTheRepositoryWhoseWorkingCopyCouldNotBeCheckedOut) {
     struct Row {
         const char *name;
@@ -339,3 +340,30 @@ TEST_F(Setup, NamesTheRepositoryWhoseWorkingCopyCouldNotBeCheckedOut) {
     }
 }
 
+TEST_F(Setup, MayBeCutShortWhenOnlyANewFolderIsWritten) {
+    QTcpServer silent;
+    ASSERT_TRUE(silent.listen(QHostAddress::LocalHost));
+    const QString server = u"://127.0.0.1:%1/x"_s.arg(silent.serverPort());
+    const auto wait = [&](const QString &question, const QString &url, QCoro::Task<> (*start)(AppState &)) {
+        SCOPED_TRACE(url.toStdString());
+        AppFixture fixture;
+        fixture.user.chosenDirectory = tree.path();
+        fixture.user.promptAnswers = {typed(question, url), typed(u"name"_s, question + url.left(3))};
+        const QCoro::Task<> running = start(fixture.app);
+        ASSERT_TRUE(waitUntil([&] { return silent.hasPendingConnections(); }));
+        delete silent.nextPendingConnection();
+        EXPECT_EQ(fixture.app.busyKind.value(), BusyKind::interruptible);
+    };
+    const auto checkout = [](AppState &app) {
+        return app.setup.checkoutRepository();
+    };
+    const auto exporting = [](AppState &app) {
+        return app.setup.exportRepository();
+    };
+    wait(u"url"_s, u"svn"_s + server, checkout);
+    wait(u"url"_s, u"git"_s + server + u".git"_s, checkout);
+    wait(u"source"_s, u"svn"_s + server, exporting);
+}
+
+} // namespace
+} // namespace kestor

@@ -41,9 +41,9 @@ QList<QRect> screenAreas() {
     return areas;
 }
 
-/// Whether something runs that must not be cut short. Reading lists may.
-bool isCommandRunning(const std::optional<QString> &busyMessage) {
-    return busyMessage && !busyMessage->startsWith(u"Loading "_s);
+/// Whether something runs that must not be cut short.
+bool isCommandRunning(const AppState &state) {
+    return state.busyMessage.value() && state.busyKind.value() == BusyKind::command;
 }
 
 } // namespace
@@ -210,7 +210,7 @@ WindowState MainWindow::currentState() const {
 void MainWindow::closeEvent(QCloseEvent *event) {
     if (isVisible())
         saveWindowState(settings, currentState());
-    if (!isCommandRunning(state.busyMessage))
+    if (!isCommandRunning(state))
         return QMainWindow::closeEvent(event);
     closesWhenDone = true;
     hide();
@@ -219,7 +219,7 @@ void MainWindow::closeEvent(QCloseEvent *event) {
 
 /// A failure brings the window back: nobody else would tell of it.
 void MainWindow::closeWhenDone() {
-    if (!closesWhenDone || state.busyMessage.value())
+    if (!closesWhenDone || isCommandRunning(state))
         return;
     closesWhenDone = false;
     if (state.alert.value())

@@ -43,6 +43,7 @@ Sidebar::Sidebar(AppState &shownState, const Commands &commands, QWidget *parent
     connect(view, &ProjectListView::projectChosen, this, &Sidebar::select);
     observers.watch(state.projects, [this] { showRows(); });
     observers.watch(state.selectedProjectID, [this] { showRows(); });
+    observers.watch(state.busyKind, [this] { showBusy(phase); });
 }
 
 QWidget *Sidebar::list() const {
@@ -127,7 +128,7 @@ void Sidebar::endFinding() {
 }
 
 void Sidebar::selectFirst() {
-    if (view->rows().rowCount() == 0 || phase != BusyPhase::idle)
+    if (view->rows().rowCount() == 0 || isHeld())
         return;
     const QUuid first = view->rows().at(0).id;
     endFinding();
@@ -137,7 +138,7 @@ void Sidebar::selectFirst() {
 /// On to the first match, as in the lists of the tabs.
 void Sidebar::enterList() {
     view->setFocus(Qt::OtherFocusReason);
-    if (phase == BusyPhase::idle && view->rows().rowCount() > 0)
+    if (!isHeld() && view->rows().rowCount() > 0)
         view->setCurrentIndex(view->rows().index(0));
 }
 
@@ -163,7 +164,7 @@ void Sidebar::showRows() {
 
 void Sidebar::selectNeighbour(int step) {
     const int row = view->currentIndex().row() + step;
-    if (phase == BusyPhase::idle && row >= 0 && row < view->rows().rowCount())
+    if (!isHeld() && row >= 0 && row < view->rows().rowCount())
         select(view->rows().at(row).id);
 }
 
@@ -175,11 +176,15 @@ void Sidebar::select(const QUuid &id) {
     state.projectSelectionChanged();
 }
 
+bool Sidebar::isHeld() const {
+    return phase != BusyPhase::idle && state.busyKind.value() != BusyKind::load;
+}
+
 void Sidebar::showBusy(BusyPhase newPhase) {
     phase = newPhase;
     const bool dimmed = phase == BusyPhase::dimmed;
-    view->setMoving(phase == BusyPhase::idle ? ProjectListView::Moving::allowed : ProjectListView::Moving::held);
-    view->setEnabled(!dimmed);
+    view->setMoving(isHeld() ? ProjectListView::Moving::held : ProjectListView::Moving::allowed);
+    view->setEnabled(!dimmed || !isHeld());
     add->setEnabled(!dimmed);
     remove->setEnabled(!dimmed && state.selectedProjectID.value().has_value());
 }

@@ -30,7 +30,7 @@ public:
     void find();
     /// Selects the project `step` rows below the selected one; past an end nothing happens.
     void selectNeighbour(int step);
-    /// How much of a running command shows here.
+    /// How much of a running command shows here. While only loads run the user can leave their project.
     void showBusy(BusyPhase phase);
 
 signals:
@@ -46,6 +46,7 @@ private:
     /// Of a row.
     void makeMenu(const Commands &commands);
     void showRows();
+    bool isHeld() const;
     void endFinding();
     void enterList();
     void selectFirst();

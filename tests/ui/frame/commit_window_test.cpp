@@ -221,9 +221,13 @@ TEST_F(CommitWindow, AFailureAfterClosingBringsTheWindowBack) {
     app.alert = AppAlert{QUuid::createUuid(), u"Commit Failed"_s, u"locked"_s};
     EXPECT_TRUE(waitUntil([this] { return window.isVisible(); }));
     QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
-    app.busyMessage = u"Loading changes"_s;
-    EXPECT_TRUE(window.close()) << "reading a list keeps nobody waiting";
-    app.busyMessage = std::nullopt;
+    for (const BusyKind kind : {BusyKind::load, BusyKind::interruptible}) {
+        window.show();
+        app.busyKind = kind;
+        app.busyMessage = u"Working"_s;
+        EXPECT_TRUE(window.close()) << "reading a list keeps nobody waiting";
+        app.busyMessage = std::nullopt;
+    }
 }
 
 } // namespace

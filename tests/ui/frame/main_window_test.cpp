@@ -1,10 +1,13 @@
 #include "support/app_fixture.h"
 #include "support/printers.h"
+#include "support/repositories.h"
+#include "support/svn_server.h"
 #include "ui/frame/busy_card.h"
 #include "ui/frame/first_run.h"
 #include "ui/frame/main_window.h"
 #include "ui/frame/message_dialog.h"
 #include "ui/frame/output_sheet.h"
+#include "ui/frame/project_header.h"
 #include "ui/frame/project_list.h"
 #include "ui/frame/tab_pages.h"
 #include "ui/frame/tab_strip.h"
@@ -22,11 +25,13 @@
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QSplitter>
+#include <QTcpServer>
 #include <QTest>
 #include <QTextEdit>
 #include <QToolButton>
 #include <QWindow>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace kestor {
@@ -515,6 +520,37 @@ TEST_F(Window, KeepsItsLayoutForTheNextRun) {
     }
     EXPECT_TRUE(part<ProjectListView>()->isVisible());
     EXPECT_EQ(part<ProjectListView>()->width(), width);
+}
+
+TEST_F(Window, AProjectWhoseServerIsSilentCanBeLeft) {
+    const testing::SvnFixture repository;
+    testing::SvnServer server(repository.tree.path());
+    const QString copy = repository.tree.path(u"remote"_s);
+    testing::runTool(u"svn"_s, {u"checkout"_s, u"-q"_s, server.url(u"repo/trunk"_s), copy}, repository.tree.path());
+    server.stop();
+    QTcpServer silent;
+    ASSERT_TRUE(silent.listen(QHostAddress::LocalHost, server.port()));
+
+    show({u"a"_s, u"b"_s});
+    QList<Project> projects = app.projects;
+    projects.first().path = copy;
+    projects.first().kind = RepositoryKind::svn;
+    app.projects = projects;
+    app.selectedTab = WorkflowTab::incoming;
+    app.projectSelectionChanged();
+    ASSERT_TRUE(waitUntil([&] { return silent.hasPendingConnections(); }));
+    const QList<QToolButton *> commands = part<ProjectHeader>()->findChildren<QToolButton *>();
+    const auto isHeld = [](const QToolButton *button) {
+        return !button->isEnabled();
+    };
+    ASSERT_TRUE(waitUntil([&] { return std::any_of(commands.begin(), commands.end(), isHeld); }))
+        << "what is held is drawn disabled";
+    EXPECT_EQ(app.busyMessage.value(), u"Loading incoming"_s);
+    auto *list = part<ProjectListView>();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->rows().index(1, 0)).center());
+    EXPECT_EQ(selectedName(), u"b"_s);
+    dismissAlert();
+    EXPECT_EQ(app.busyMessage.value(), std::nullopt);
 }
 
 } // namespace
