@@ -38,12 +38,6 @@ QString localNameOf(const QString &remoteBranch) {
     return remoteBranch.mid(remoteBranch.indexOf(u'/', remote) + 1);
 }
 
-bool isKnown(const QList<GitBranch> &branches, const QString &name) {
-    return hasLocal(branches, name) || std::any_of(branches.begin(), branches.end(), [&name](const GitBranch &branch) {
-               return branch.isRemote && localNameOf(branch.name) == name;
-           });
-}
-
 /// Whether `git checkout NAME` could take the name for files, whose changes it would throw away.
 bool mayNamePaths(const QString &name, const QString &root) {
     return QFileInfo::exists(root + u'/' + name) ||
@@ -79,7 +73,7 @@ QString branchNameObstacle(const QString &name) {
 SwitchPlan switchPlan(const SwitchTarget &target, const QList<GitBranch> &branches, const QString &root) {
     if (!target.isRemote) {
         SwitchPlan plan = planForLocal(target.name);
-        if (!isKnown(branches, target.name) && mayNamePaths(target.name, root))
+        if (!hasLocal(branches, target.name) && mayNamePaths(target.name, root))
             plan.fallbackArguments.clear();
         return plan;
     }

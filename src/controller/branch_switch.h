@@ -37,7 +37,7 @@ struct SwitchPlan {
 };
 
 /// The plan for `target` among `branches`, in the repository at `root`. A remote branch whose local branch exists
-/// already leads to that one. Looks on the disk whether a name that is no known branch is a path.
+/// already leads to that one. Looks on the disk whether a name that is no local branch is a path.
 SwitchPlan switchPlan(const SwitchTarget &target, const QList<GitBranch> &branches, const QString &root);
 
 /// Whether the failed run says that this Git has no such subcommand.

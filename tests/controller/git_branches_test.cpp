@@ -187,6 +187,9 @@ TEST_F(ClonedBranches, AreCheckedOutByAGitThatCannotSwitch) {
     }
     switchTo({u"none"_s, false});
     EXPECT_TRUE(f.alertText().contains(u"did not match"_s));
+    const QList<GitBranch> branches{{u"origin/a.txt"_s, false, true}};
+    EXPECT_EQ(switchPlan({u"a.txt"_s, false}, branches, path()).fallbackArguments, QStringList())
+        << "some would take the file";
 }
 
 TEST(GitBranches, OfARepositoryWithoutCommitsAreNone) {
