@@ -12,6 +12,8 @@ namespace kestor {
 
 namespace {
 
+constexpr QStringView localPrefix = u"refs/heads/";
+
 /// The non-empty lines a command printed; none when it failed or could not be started.
 QCoro::Task<QStringList> printedLines(std::shared_ptr<Tool> git, QStringList arguments, QString directory) {
     try {
@@ -27,6 +29,14 @@ QCoro::Task<QStringList> printedLines(std::shared_ptr<Tool> git, QStringList arg
 
 std::optional<QString> firstOf(const QStringList &lines) {
     return lines.isEmpty() ? std::nullopt : std::optional(lines.first());
+}
+
+/// Of what HEAD stands for. Git's own short form is a longer one where a tag has the same name.
+std::optional<QString> branchName(const QStringList &head) {
+    std::optional<QString> name = firstOf(head);
+    if (name && name->startsWith(localPrefix))
+        name->remove(0, localPrefix.size());
+    return name;
 }
 
 QCoro::Task<std::optional<QString>> remoteURL(std::shared_ptr<Tool> git, QString branch, QString directory) {
@@ -58,13 +68,13 @@ QCoro::Task<RepositoryInfo> gitRepositoryInfo(std::shared_ptr<Tool> git, QString
         // Printed relative to the working directory inside a main working tree.
         info.repositoryRoot = QDir::cleanPath(QDir(projectPath).absoluteFilePath(folders[1]));
     }
-    const QStringList branch =
-        co_await printedLines(git, args(u"symbolic-ref", u"--quiet", u"--short", u"HEAD"), projectPath);
-    info.workingRevision = firstOf(branch).value_or(u"(detached)"_s);
+    const QStringList head = co_await printedLines(git, args(u"symbolic-ref", u"--quiet", u"HEAD"), projectPath);
+    const std::optional<QString> branch = branchName(head);
+    info.workingRevision = branch.value_or(u"(detached)"_s);
     const QStringList commit = co_await printedLines(
         git, args(u"log", u"-1", u"--no-show-signature", u"--format=%H%n%h%n%aI%n%an"), projectPath);
     fillLastCommit(info, commit);
-    const std::optional<QString> url = co_await remoteURL(git, firstOf(branch).value_or(QString()), projectPath);
+    const std::optional<QString> url = co_await remoteURL(git, branch.value_or(QString()), projectPath);
     info.url = url;
     co_return info;
 }

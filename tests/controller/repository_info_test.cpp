@@ -38,8 +38,10 @@ TEST(RepositoryInfo, OfAGitProjectSpeaksOfHeadAndItsUpstream) {
     EXPECT_TRUE(info.lastChangedDate.has_value());
 
     repository.git({u"config"_s, u"branch.main.remote"_s, u"fork"_s});
+    repository.git({u"tag"_s, u"main"_s});
     awaited(f.app.loadInfo());
     EXPECT_EQ(f.app.repositoryInfo.value().url, u"https://example.org/fork.git"_s);
+    EXPECT_EQ(f.app.repositoryInfo.value().workingRevision, u"main"_s) << "also with a tag of the same name";
     repository.git({u"checkout"_s, u"-q"_s, u"--detach"_s});
     awaited(f.app.loadInfo());
     EXPECT_EQ(f.app.repositoryInfo.value().workingRevision, u"(detached)"_s);
