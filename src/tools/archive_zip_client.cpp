@@ -29,10 +29,8 @@ public:
         watcher.setFuture(QtConcurrent::run([=] { return writeZip(source, destination, token); }));
     }
 
-    void stop() override {
-        stopping.request_stop();
-        end.complete();
-    }
+    void askToEnd() override { stopping.request_stop(); }
+    void endWait() override { end.complete(); }
     bool wasStopped() const { return stopping.stop_requested(); }
     QString failure() const { return watcher.result(); }
 

@@ -3,6 +3,7 @@
 #include "tools/completion.h"
 #include "tools/shell_escaped.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
@@ -58,7 +59,8 @@ public:
     ~Child() override;
     Q_DISABLE_COPY_MOVE(Child)
 
-    void stop() override;
+    void askToEnd() override;
+    void endWait() override { end.complete(); }
     bool wasStopped() const { return stopped; }
     bool failedToStart() const { return startError; }
     /// The system's words only: QProcess puts the name of the system call before them.
@@ -72,6 +74,7 @@ private:
 
     SVNCommandResult result;
     bool stopped = false;
+    QDeadlineTimer cleanUp{}; ///< once stopped
     bool startError = false;
 };
 
@@ -92,10 +95,10 @@ Child::Child(const ChildCommand &command) {
     start(ReadOnly);
 }
 
-/// A child that still runs was told to end by `stop`. svn never hears of that while it waits for a silent server.
+/// A child that still runs was asked to end. svn never hears of that while it waits for a silent server.
 Child::~Child() {
     const qint64 id = processId();
-    if (id > 0 && !waitForFinished(cleanUpTime))
+    if (id > 0 && !waitForFinished(static_cast<int>(cleanUp.remainingTime())))
         ::kill(-static_cast<pid_t>(id), SIGKILL);
     setProcessState(NotRunning); // QProcess would wait longer
 }
@@ -117,12 +120,12 @@ void Child::connectSignals() {
         Qt::QueuedConnection);
 }
 
-void Child::stop() {
+void Child::askToEnd() {
     stopped = true;
+    cleanUp.setRemainingTime(cleanUpTime);
     // To the whole group, as Ctrl+C in a terminal would: a tool's own children end with it.
     if (const qint64 id = processId(); id > 0 && ::kill(-static_cast<pid_t>(id), SIGTERM) != 0)
         terminate();
-    end.complete();
 }
 
 SVNCommandResult Child::takeResult() {

@@ -3,14 +3,18 @@
 #include <QList>
 #include <QtGlobal>
 
+#include <utility>
+
 namespace kestor {
 
 /// Work in progress that a coroutine waits for.
 class Stoppable {
 public:
     virtual ~Stoppable() = default;
-    /// Asks the work to end and resumes who waits for it, who may destroy this object.
-    virtual void stop() = 0;
+    /// Asks the work to end and returns at once.
+    virtual void askToEnd() = 0;
+    /// Resumes who waits for the work, who may destroy this object. It was asked to end before.
+    virtual void endWait() = 0;
 };
 
 /// The work in progress of one client, to be stopped when the client closes. One thread only.
@@ -35,8 +39,11 @@ public:
     /// Stops all there is; nothing may be started afterwards.
     void stop() {
         stopped = true;
+        // All at the same time: who waits for the first one's end needs not wait for that of the others again.
+        for (Stoppable *work : std::as_const(works))
+            work->askToEnd();
         while (!works.isEmpty())
-            works.takeFirst()->stop();
+            works.takeFirst()->endWait();
     }
     bool isStopped() const { return stopped; }
 

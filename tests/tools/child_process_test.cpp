@@ -4,6 +4,7 @@
 #include "tools/arguments.h"
 #include "tools/child_process.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 
 #include <csignal>
@@ -187,14 +188,21 @@ TEST(ChildProcess, StopEndsTheWaitBeforeItReturnsAndLetsChildrenCleanUp) {
     EXPECT_TRUE(waitUntil([&] { return hasEnded(tree.read(u"id"_s).trimmed().toInt()); }));
 }
 
-TEST(ChildProcess, StopAlsoEndsAChildThatDoesNotListen) {
+TEST(ChildProcess, StopAlsoEndsChildrenThatDoNotListenAllAtTheSameTime) {
     TempTree tree;
     QStringList failures;
     ChildProcesses children;
-    noteFailure(&children, u"trap '' TERM; cd %1; echo $$ > id; sleep 60"_s.arg(tree.path()), &failures);
-    ASSERT_TRUE(waitUntil([&] { return tree.read(u"id"_s).endsWith('\n'); }));
+    const QStringList names{u"1"_s, u"2"_s, u"3"_s};
+    for (const QString &name : names) {
+        noteFailure(&children, u"trap '' TERM; cd %1; echo $$ > %2; sleep 60"_s.arg(tree.path(), name), &failures);
+        ASSERT_TRUE(waitUntil([&] { return tree.read(name).endsWith('\n'); }));
+    }
+    QElapsedTimer timer;
+    timer.start();
     children.stop();
-    EXPECT_TRUE(waitUntil([&] { return hasEnded(tree.read(u"id"_s).trimmed().toInt()); }));
+    EXPECT_LT(timer.elapsed(), 1900) << "one second for all, not for each";
+    for (const QString &name : names)
+        EXPECT_TRUE(waitUntil([&] { return hasEnded(tree.read(name).trimmed().toInt()); }));
 }
 
 } // namespace
