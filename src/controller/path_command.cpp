@@ -2,6 +2,8 @@
 
 #include "controller/path_targets.h"
 
+#include <functional>
+
 using namespace Qt::StringLiterals;
 
 namespace kestor {
@@ -21,6 +23,10 @@ QStringList targets(const QStringList &paths, Target target) {
     return all;
 }
 
+bool hasLineFeed(const QString &path) {
+    return path.contains(u'\n');
+}
+
 } // namespace
 
 QStringList plainArguments(RepositoryKind kind, const PathCommand &command) {
@@ -38,16 +44,22 @@ bool needsPathFile(const PathCommand &command) {
 }
 
 QStringList argumentsWithPathFile(RepositoryKind kind, const PathCommand &command, const QString &file) {
-    if (kind == RepositoryKind::svn)
-        return command.before + QStringList{u"--targets"_s, file} + command.after;
+    if (kind == RepositoryKind::svn) {
+        QStringList ofSeveralLines = command.paths;
+        ofSeveralLines.removeIf(std::not_fn(hasLineFeed));
+        return command.before + QStringList{u"--targets"_s, file} + targets(ofSeveralLines, svnTarget) + command.after;
+    }
     return command.before + QStringList{u"--pathspec-from-file="_s + file, u"--pathspec-file-nul"_s} + command.after;
 }
 
 QByteArray pathFileContent(RepositoryKind kind, const PathCommand &command) {
-    const char end = kind == RepositoryKind::svn ? '\n' : '\0';
+    const bool isSvn = kind == RepositoryKind::svn;
+    QStringList paths = command.paths;
+    if (isSvn)
+        paths.removeIf(hasLineFeed);
     QByteArray content;
-    for (const QString &target : targets(command.paths, kind == RepositoryKind::svn ? svnListedTarget : gitTarget))
-        content += target.toUtf8() + end;
+    for (const QString &target : targets(paths, isSvn ? svnListedTarget : gitTarget))
+        content += target.toUtf8() + (isSvn ? '\n' : '\0');
     return content;
 }
 

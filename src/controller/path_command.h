@@ -23,7 +23,7 @@ QStringList plainArguments(RepositoryKind kind, const PathCommand &command);
 /// Whether the paths are too long in total to be passed as arguments.
 bool needsPathFile(const PathCommand &command);
 
-/// The vector that reads the paths from `file` (absolute).
+/// The vector that reads the paths from `file` (absolute), for svn without those that a line of it cannot hold.
 QStringList argumentsWithPathFile(RepositoryKind kind, const PathCommand &command, const QString &file);
 
 /// What that file has to hold: one target a line for svn, names ended by NUL for Git.

@@ -71,6 +71,11 @@ TEST(PathCommand, HandsManyPathsOverByFile) {
               (QStringList{u"commit"_s, u"--pathspec-from-file=/t/f"_s, u"--pathspec-file-nul"_s, u"-m"_s, u"why"_s}));
     EXPECT_EQ(pathFileContent(RepositoryKind::svn, command), "./icon@2x.png@\n./-dash@\n./a[1].c@\n");
     EXPECT_EQ(pathFileContent(RepositoryKind::git, command), QByteArray("icon@2x.png\0-dash\0:(literal)a[1].c\0", 35));
+    command.paths = {u"two\nlines"_s, u"a.c"_s};
+    EXPECT_EQ(argumentsWithPathFile(RepositoryKind::svn, command, u"/t/f"_s),
+              (QStringList{u"commit"_s, u"--targets"_s, u"/t/f"_s, u"two\nlines"_s, u"-m"_s, u"why"_s}));
+    EXPECT_EQ(pathFileContent(RepositoryKind::svn, command), "./a.c@\n");
+    EXPECT_EQ(pathFileContent(RepositoryKind::git, command), QByteArray("two\nlines\0a.c\0", 14));
     command.paths = QStringList(2000, QString(60, u'x'));
     EXPECT_TRUE(needsPathFile(command));
 }
