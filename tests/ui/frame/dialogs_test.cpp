@@ -16,6 +16,7 @@
 #include <QTest>
 #include <QTextEdit>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace kestor {
@@ -127,6 +128,33 @@ TEST_F(Dialogs, PromptFocusesTheFirstEmptyFieldAndTrims) {
         ASSERT_TRUE(waitUntil([&] { return answer.has_value() && window->findChild<QDialog *>() == nullptr; }));
         EXPECT_EQ(answer->value(), row.expected);
     }
+}
+
+TEST_F(Dialogs, PromptCutsNoTextAndRefusesWhatItCannotHold) {
+    std::optional<Texts> answer;
+    keep(interaction.prompt(u"Set Property"_s, {{u"value"_s, u"Value"_s, {}}}), &answer);
+    auto *edit = dialog()->findChild<QLineEdit *>();
+    const auto hasRefusal = [this] {
+        return std::ranges::any_of(dialog()->findChildren<QLabel *>(), [](const QLabel *label) {
+            return label->isVisible() && label->text().contains(u"longer than"_s);
+        });
+    };
+    const auto paste = [edit](const QString &text) {
+        QGuiApplication::clipboard()->setText(text);
+        edit->selectAll();
+        edit->paste();
+    };
+    const QString text = QString(40000, u'x') + u'\n' + u'y';
+    paste(text);
+    EXPECT_FALSE(hasRefusal());
+    paste(QString(1000000, u'z'));
+    EXPECT_TRUE(hasRefusal());
+    QTest::keyClick(edit, Qt::Key_End);
+    QTest::keyClick(edit, Qt::Key_A);
+    EXPECT_FALSE(hasRefusal());
+    QTest::keyClick(edit, Qt::Key_Return);
+    ASSERT_TRUE(waitUntil([&] { return answer.has_value(); }));
+    EXPECT_TRUE(answer->value().value(u"value"_s) == text + u'a');
 }
 
 TEST_F(Dialogs, BranchIsTheTypedOneElseTheChosenOne) {
