@@ -32,6 +32,8 @@ BranchButton::BranchButton(QWidget *parent) : QPushButton(parent) {
 void BranchButton::showBranch(const QString &branch) {
     const QString command = u"Switch URL Or Branch..."_s;
     setText(branch.isEmpty() ? u"Switch"_s : branch);
+    // A "&" in the name of a branch makes no access key.
+    setShortcut({});
     setAccessibleName(branch.isEmpty() ? command : u"Branch %1"_s.arg(branch));
     setToolTip(branch.isEmpty() ? command : branch + u'\n' + command);
 }

@@ -27,6 +27,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int edgeHeight = 2;
+/// More than any screen shows: a label shapes its whole text each time.
+constexpr int longestCommandLine = 2000;
 
 QString printedText(const CommandOutput &output) {
     if (output.languageDistribution)
@@ -83,7 +85,7 @@ void OutputSheet::setOutput(const CommandOutput &shown) {
     const bool hadFocus = pane().hasFocus();
     output = shown;
     title->setText(output.title);
-    commandLine->setText(output.commandLine);
+    commandLine->setText(output.commandLine.left(longestCommandLine));
     if (output.languageDistribution)
         showLanguages();
     else
