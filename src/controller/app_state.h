@@ -204,7 +204,6 @@ private:
     QCoro::Task<> addIgnoreLines(Project project, QStringList lines);
     ArchiveZipClient archiveZipClient{};
     ProjectStore projectStore;
-    GitRowFacts gitFacts;        ///< of the rows of `changes`
     TickDecisions tickDecisions; ///< on rows of `changes`
     quint64 statusGeneration = 0;
     quint64 diffGeneration = 0;

@@ -2,6 +2,7 @@
 #include "controller/combined_output.h"
 #include "controller/history_commands.h"
 #include "controller/path_targets.h"
+#include "controller/repository_addresses.h"
 #include "controller/written_file.h"
 
 #include <QCoroFuture>
@@ -96,7 +97,8 @@ QCoro::Task<> AppState::listTarget() {
     const std::optional<Project> project = requiredProject();
     if (!project)
         co_return;
-    const QList<PromptField> fields{{u"target"_s, u"URL Or Path"_s, repositoryInfo.value().url.value_or(QString())}};
+    const QString url = svnPrintedURLTarget(repositoryInfo.value().url.value_or(QString()));
+    const QList<PromptField> fields{{u"target"_s, u"URL Or Path"_s, url}};
     const Answer answer = co_await user.prompt(u"List"_s, fields);
     if (!answer || answer->value(u"target"_s).isEmpty())
         co_return;

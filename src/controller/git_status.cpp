@@ -101,6 +101,8 @@ void addFacts(GitRowFacts &facts, QStringView letters, const Names &names) {
         facts.oldNames.insert(names.path, *names.oldPath);
     if (letters == u"D ")
         facts.notInIndex.insert(names.path);
+    if (letters == u" R")
+        facts.notYetRenamed.insert(names.path);
 }
 
 /// Whether the line's path part is one plain name. The parser's simple rules would get others wrong.

@@ -15,6 +15,7 @@ struct GitRowFacts {
     QHash<QString, QString> oldNames{}; ///< new path of a rename to its old path
     QSet<QString> notInHead{};          ///< copies, and paths in conflict, that the last commit does not have
     QSet<QString> notInIndex{};         ///< staged deletions
+    QSet<QString> notYetRenamed{};      ///< new paths of renames whose old name the index still has
 
     friend bool operator==(const GitRowFacts &, const GitRowFacts &) = default;
 };

@@ -62,6 +62,10 @@ QString svnNewURLTarget(const QString &url) {
     return hasAt(lastPart(url)) && !url.endsWith(u'@') ? url + u'@' : url;
 }
 
+QString svnPrintedURLTarget(const QString &url) {
+    return hasAt(lastPart(url)) ? url + u'@' : url;
+}
+
 QString fileURL(const QString &path) {
     return QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded);
 }

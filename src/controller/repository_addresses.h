@@ -25,6 +25,9 @@ QString svnURLTarget(const QString &url);
 /// The same where svn takes no revision.
 QString svnNewURLTarget(const QString &url);
 
+/// A URL that svn printed as a target, whatever it ends with.
+QString svnPrintedURLTarget(const QString &url);
+
 /// The URL of a repository folder of this computer.
 QString fileURL(const QString &path);
 

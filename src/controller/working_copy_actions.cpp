@@ -1,6 +1,12 @@
 #include "controller/working_copy_actions.h"
 
 #include "controller/path_targets.h"
+#include "controller/repository_addresses.h"
+
+#include <QCoroFuture>
+#include <QtConcurrent>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -27,20 +33,13 @@ QString offeredText(CommandField::Offer offer, const QString &path, const Reposi
     case CommandField::Offer::actionPathOrRoot:
         return path.isEmpty() ? u"."_s : path;
     case CommandField::Offer::url:
-        return info.url.value_or(QString());
+        return svnPrintedURLTarget(info.url.value_or(QString()));
     case CommandField::Offer::repositoryRoot:
         return info.repositoryRoot.value_or(QString());
     case CommandField::Offer::nothing:
         break;
     }
     return {};
-}
-
-QStringList pathsOf(const QList<WorkingCopyItem> &items) {
-    QStringList paths;
-    for (const WorkingCopyItem &item : items)
-        paths.append(item.path);
-    return paths;
 }
 
 } // namespace
@@ -51,27 +50,68 @@ QCoro::Task<> WorkingCopyActions::perform(WorkingCopyAction action, QString path
     const std::optional<Project> project = projectFor(command);
     if (!project)
         co_return;
-    const std::optional<QStringList> paths = requiredPaths(command, pathsOf(workspace.actionItems()));
+    const std::optional<QStringList> paths = requiredPaths(action, *project, workspace.actionItems());
     if (!paths)
         co_return;
+    const QList<PromptField> fields = promptFields(command, path.isEmpty() ? workspace.selectedActionPath() : path);
     std::optional<Texts> entered = Texts();
-    if (!command.fields.empty()) {
+    if (!fields.isEmpty()) {
         const QString title = command.of(project->kind).title.toString();
-        const QList<PromptField> fields = promptFields(command, path.isEmpty() ? workspace.selectedActionPath() : path);
         entered = co_await workspace.user.prompt(title, fields);
     }
     if (!entered || !isComplete(command, *entered))
         co_return;
-    co_await run(action, *project, asArguments(command, *project, *entered), *paths);
+    co_await run(action, *project, asArguments(command, *project, fields, *entered), *paths);
+}
+
+QCoro::Task<> WorkingCopyActions::deleteSelectedPaths() {
+    const RunningOperations::Scope running(workspace.operations);
+    const std::optional<Project> project = projectFor(workingCopyCommand(WorkingCopyAction::remove));
+    if (!project)
+        co_return;
+    const QList<WorkingCopyItem> items = workspace.actionItems();
+    const std::optional<QStringList> paths = requiredPaths(WorkingCopyAction::remove, *project, items);
+    if (!paths)
+        co_return;
+    const DeletionLosses losses = co_await deletionLosses(*project, items);
+    if (workspace.closing)
+        co_return;
+    if (losses.any()) {
+        const QString question = deletionQuestion(paths->size(), losses);
+        const bool confirmed = co_await workspace.user.confirm(u"Delete"_s, question);
+        if (!confirmed)
+            co_return;
+    }
+    co_await run(WorkingCopyAction::remove, *project, Texts(), *paths);
+}
+
+QCoro::Task<DeletionLosses> WorkingCopyActions::deletionLosses(Project project, QList<WorkingCopyItem> items) {
+    if (project.kind == RepositoryKind::git)
+        co_return DeletionLosses{std::ranges::count_if(items, isInConflict), 0};
+    const BusyScope looking(workspace.busy, u"Delete"_s);
+    const auto find = [items, root = project.path] {
+        return foldersAmong(items, root);
+    };
+    const QStringList folders = co_await QtConcurrent::run(&workspace.workers, find);
+    if (folders.isEmpty())
+        co_return DeletionLosses();
+    const QStringList arguments = ignoredFilesArguments(folders);
+    const SVNCommandResult result =
+        co_await workspace.tools.svn->run(arguments, project.path, CheckStatus::no, RunPurpose::backgroundRead);
+    const auto count = [printed = result.stdoutData, folders] {
+        return ignoredBelow(folders, printed);
+    };
+    const qsizetype ignored = co_await QtConcurrent::run(&workspace.workers, count);
+    co_return DeletionLosses{0, ignored};
 }
 
 QCoro::Task<> WorkingCopyActions::resolveSelectedPaths(ResolveChoice accept) {
     const RunningOperations::Scope running(workspace.operations);
-    const WorkingCopyCommand &command = workingCopyCommand(WorkingCopyAction::resolve);
-    const std::optional<Project> project = projectFor(command);
+    const std::optional<Project> project = projectFor(workingCopyCommand(WorkingCopyAction::resolve));
     if (!project)
         co_return;
-    const std::optional<QStringList> paths = requiredPaths(command, pathsToResolve(workspace.actionItems()));
+    const QList<WorkingCopyItem> items = itemsToResolve(workspace.actionItems(), workspace.selectedChange());
+    const std::optional<QStringList> paths = requiredPaths(WorkingCopyAction::resolve, *project, items);
     if (!paths)
         co_return;
     const Texts entered{{u"accept"_s, acceptValue(accept)}};
@@ -101,12 +141,13 @@ std::optional<Project> WorkingCopyActions::projectFor(const WorkingCopyCommand &
     return command.git.words.isEmpty() ? workspace.requiredProject(RepositoryKind::svn) : workspace.requiredProject();
 }
 
-std::optional<QStringList> WorkingCopyActions::requiredPaths(const WorkingCopyCommand &command,
-                                                             const QStringList &actionPaths) {
+std::optional<QStringList> WorkingCopyActions::requiredPaths(WorkingCopyAction action, const Project &project,
+                                                             const QList<WorkingCopyItem> &items) {
+    const WorkingCopyCommand &command = workingCopyCommand(action);
     if (!command.actsOnPaths())
         return QStringList();
-    if (!actionPaths.isEmpty())
-        return actionPaths;
+    if (!items.isEmpty())
+        return pathsFor(action, project.kind, items, workspace.gitFacts);
     workspace.showAlert(u"No Paths Selected"_s, command.pathsMissing.toString());
     return std::nullopt;
 }
@@ -120,7 +161,12 @@ QList<PromptField> WorkingCopyActions::promptFields(const WorkingCopyCommand &co
 }
 
 WorkingCopyActions::Texts WorkingCopyActions::asArguments(const WorkingCopyCommand &command, const Project &project,
-                                                          Texts entered) const {
+                                                          const QList<PromptField> &asked, Texts entered) const {
+    // An offered text that was left alone comes back without the blanks at its ends, which a name may have.
+    for (const PromptField &field : asked) {
+        if (entered.value(field.key) == field.value.trimmed())
+            entered.insert(field.key, field.value);
+    }
     for (const CommandField &field : command.fields) {
         QString &text = entered[field.key.toString()];
         if (field.kind == CommandField::Kind::target)

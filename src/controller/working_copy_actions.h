@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controller/deletion_losses.h"
 #include "controller/working_copy_command.h"
 
 #include <QMap>
@@ -16,7 +17,8 @@ public:
     explicit WorkingCopyActions(Workspace &shared) : workspace(shared) {}
 
     QCoro::Task<> addSelectedPaths() { return perform(WorkingCopyAction::add); }
-    QCoro::Task<> deleteSelectedPaths() { return perform(WorkingCopyAction::remove); }
+    /// Asks first when files would be lost that neither the repository nor the trash has.
+    QCoro::Task<> deleteSelectedPaths();
     QCoro::Task<> resolveSelectedPaths(ResolveChoice accept);
     QCoro::Task<> lockSelectedPaths() { return perform(WorkingCopyAction::lock); }
     QCoro::Task<> unlockSelectedPaths() { return perform(WorkingCopyAction::unlock); }
@@ -50,10 +52,13 @@ private:
     /// The selected project, where its tool has the command; nothing after an alert otherwise.
     std::optional<Project> projectFor(const WorkingCopyCommand &command);
     /// The paths acted on; nothing after an alert when there is none.
-    std::optional<QStringList> requiredPaths(const WorkingCopyCommand &command, const QStringList &actionPaths);
+    std::optional<QStringList> requiredPaths(WorkingCopyAction action, const Project &project,
+                                             const QList<WorkingCopyItem> &items);
+    QCoro::Task<DeletionLosses> deletionLosses(Project project, QList<WorkingCopyItem> items);
     QList<PromptField> promptFields(const WorkingCopyCommand &command, const QString &path) const;
     /// What was entered, with working-copy paths as targets of the tool.
-    Texts asArguments(const WorkingCopyCommand &command, const Project &project, Texts entered) const;
+    Texts asArguments(const WorkingCopyCommand &command, const Project &project, const QList<PromptField> &asked,
+                      Texts entered) const;
 
     Workspace &workspace;
 };

@@ -75,12 +75,33 @@ void appendFilled(QStringList &filled, const QString &word, const QMap<QString, 
     }
 }
 
+bool isGone(const WorkingCopyItem &item) {
+    return item.kind == SVNStatusKind::deleted || item.kind == SVNStatusKind::missing;
+}
+
+bool isUnknownToGit(const WorkingCopyItem &item, const GitRowFacts &facts) {
+    return item.kind == SVNStatusKind::deleted && facts.notInIndex.contains(item.path);
+}
+
+bool canActOn(WorkingCopyAction action, RepositoryKind kind, const WorkingCopyItem &item, const GitRowFacts &facts) {
+    if (kind == RepositoryKind::git)
+        return !isUnknownToGit(item, facts);
+    return action != WorkingCopyAction::add || !isGone(item);
+}
+
+QStringList pathsOf(const QList<WorkingCopyItem> &items) {
+    QStringList paths;
+    for (const WorkingCopyItem &item : items)
+        paths.append(item.path);
+    return paths;
+}
+
+} // namespace
+
 bool isInConflict(const WorkingCopyItem &item) {
     return item.treeConflict || item.kind == SVNStatusKind::conflicted ||
            item.propertiesKind == SVNStatusKind::conflicted;
 }
-
-} // namespace
 
 const WorkingCopyCommand &workingCopyCommand(WorkingCopyAction action) {
     return commands[static_cast<std::size_t>(action)];
@@ -105,12 +126,26 @@ Resolvable resolvable(const QList<WorkingCopyItem> &items) {
     return std::ranges::any_of(items, isInConflict) ? Resolvable::byAnySide : Resolvable::nothing;
 }
 
-QStringList pathsToResolve(const QList<WorkingCopyItem> &items) {
-    QStringList all;
-    QStringList inConflict;
-    for (const WorkingCopyItem &item : items)
-        (isInConflict(item) ? inConflict : all).append(item.path);
-    return inConflict.isEmpty() ? all : inConflict;
+QList<WorkingCopyItem> itemsToResolve(const QList<WorkingCopyItem> &acted,
+                                      const std::optional<WorkingCopyItem> &selected) {
+    QList<WorkingCopyItem> inConflict;
+    std::ranges::copy_if(acted, std::back_inserter(inConflict), isInConflict);
+    if (!inConflict.isEmpty())
+        return inConflict;
+    return selected && isInConflict(*selected) ? QList{*selected} : acted;
+}
+
+QStringList pathsFor(WorkingCopyAction action, RepositoryKind kind, const QList<WorkingCopyItem> &items,
+                     const GitRowFacts &facts) {
+    QStringList paths;
+    for (const WorkingCopyItem &item : items) {
+        if (!canActOn(action, kind, item, facts))
+            continue;
+        paths.append(item.path);
+        if (action == WorkingCopyAction::add && facts.notYetRenamed.contains(item.path))
+            paths.append(facts.oldNames.value(item.path));
+    }
+    return paths.isEmpty() ? pathsOf(items) : paths;
 }
 
 } // namespace kestor

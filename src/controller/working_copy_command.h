@@ -88,7 +88,15 @@ enum class Resolvable : std::uint8_t {
 
 Resolvable resolvable(const QList<WorkingCopyItem> &items);
 
-/// Of the rows acted on those to resolve: the ones in conflict, or all when none is.
-QStringList pathsToResolve(const QList<WorkingCopyItem> &items);
+/// The rows to resolve: of those acted on the ones in conflict, else the selected one when it is, else all acted on.
+QList<WorkingCopyItem> itemsToResolve(const QList<WorkingCopyItem> &acted,
+                                      const std::optional<WorkingCopyItem> &selected);
+
+/// The paths of the rows that the command can act on: Git knows staged deletions no longer, and svn adds nothing that
+/// is gone. All of them when none is left, so that the tool says why. Old names that the index still has go along.
+QStringList pathsFor(WorkingCopyAction action, RepositoryKind kind, const QList<WorkingCopyItem> &items,
+                     const GitRowFacts &facts);
+
+bool isInConflict(const WorkingCopyItem &item);
 
 } // namespace kestor

@@ -2,6 +2,7 @@
 
 #include "controller/app_properties.h"
 #include "controller/busy_scope.h"
+#include "controller/git_status.h"
 #include "controller/path_command.h"
 #include "controller/running_operations.h"
 #include "controller/user_interaction.h"
@@ -118,6 +119,7 @@ public:
     BusyState busy{busyMessage, busyKind};
     RunningOperations operations;
     QThreadPool workers;
+    GitRowFacts gitFacts{};        ///< of the rows of `changes`
     quint64 repositoryChanges = 0; ///< counts what may have changed the log
     bool closing = false;
 

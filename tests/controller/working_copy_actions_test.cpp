@@ -42,19 +42,27 @@ const QString noPaths = u"No Paths Selected: Select at least one changed path."_
 const QString noSVN =
     u"SVN Command Unavailable: This project is a Git repository. Use Git-backed actions from Changes and History."_s;
 
-/// A project with a changed "a.c" and "-i@2x.png" and the conflict "c.c", and tools that only note what they are asked.
+/// A project with a row of every kind, the conflict selected when any is ticked, and tools that only note what they are
+/// asked.
 class NotedActions {
 public:
     NotedActions(std::optional<RepositoryKind> kind, const QStringList &ticked) {
         folder.write(u"-i@2x.png"_s);
+        folder.write(u" lead.txt"_s);
         if (kind)
             ProjectStore(settings).save({Project{QUuid::createUuid(), u"p"_s, folder.path(), *kind}});
         app = std::make_unique<AppState>(settings, user, Tools{tool, tool, tool});
-        app->changes = QList<WorkingCopyItem>{{.path = u"-i@2x.png"_s, .kind = SVNStatusKind::modified},
+        app->changes = QList<WorkingCopyItem>{{.path = u" lead.txt"_s, .kind = SVNStatusKind::modified},
+                                              {.path = u"-i@2x.png"_s, .kind = SVNStatusKind::modified},
                                               {.path = u"a.c"_s, .kind = SVNStatusKind::unversioned},
-                                              {.path = u"c.c"_s, .kind = SVNStatusKind::conflicted}};
+                                              {.path = u"c.c"_s, .kind = SVNStatusKind::conflicted},
+                                              {.path = u"gone.c"_s, .kind = SVNStatusKind::deleted},
+                                              {.path = u"lost.c"_s, .kind = SVNStatusKind::missing}};
+        app->gitFacts.notInIndex = {u"gone.c"_s};
         app->selectedCommitPaths = QSet<QString>(ticked.begin(), ticked.end());
-        app->repositoryInfo = RepositoryInfo{.url = u"file:///r/trunk"_s, .repositoryRoot = u"file:///r"_s};
+        if (!ticked.isEmpty())
+            app->selectedChangeID = u"c.c"_s;
+        app->repositoryInfo = RepositoryInfo{.url = u"file:///r/t@2"_s, .repositoryRoot = u"file:///r@1"_s};
         user.chosenFile = u"/tmp/fix@home.patch"_s;
     }
     QString alertText() const {
@@ -70,32 +78,46 @@ public:
     QCoro::Task<> task{};
 };
 
+/// The parts between "|"; none of "".
+QStringList parts(QStringView text) {
+    return text.isEmpty() ? QStringList() : text.toString().split(u'|');
+}
+
+Answer answerOf(QStringView text) {
+    Answer answer;
+    for (const QString &part : parts(text))
+        answer.insert(part.section(u'=', 0, 0), part.section(u'=', 1));
+    return answer;
+}
+
 struct ActionRow {
     const char *name;
     Call action;
-    QStringList ticked; ///< rows acted on
-    Answer answer;
+    QStringView ticked; ///< rows acted on, with "|" between them as in the other lists
+    QStringView answer; ///< "KEY=TEXT|..."; "" cancels
     QString asked;
-    QStringList vector; ///< empty: nothing runs
+    QStringView vector; ///< "" when nothing runs
     QString title;      ///< of the output, or the whole alert when nothing runs
     RefreshAfter refreshAfter = RefreshAfter::yes;
 };
 
 void expectRow(const ActionRow &row, std::optional<RepositoryKind> kind) {
     SCOPED_TRACE(row.name);
-    NotedActions f(kind, row.ticked);
-    f.user.promptAnswer = row.answer.isEmpty() ? std::nullopt : std::optional(row.answer);
+    NotedActions f(kind, parts(row.ticked));
+    f.user.promptAnswer = row.answer.isEmpty() ? std::nullopt : std::optional(answerOf(row.answer));
     f.task = row.action(f.app->actions);
+    waitUntil([&f] { return !f.app->busyMessage.value() || !f.tool->runs.isEmpty(); });
     EXPECT_EQ(f.user.asked.join(u'|'), row.asked);
-    if (row.vector.isEmpty()) {
+    const QStringList vector = parts(row.vector);
+    if (vector.isEmpty()) {
         EXPECT_EQ(f.tool->vectors(), QList<QStringList>());
         EXPECT_EQ(f.alertText(), row.title);
         return;
     }
-    ASSERT_EQ(f.tool->vectors(), QList<QStringList>{row.vector});
+    ASSERT_EQ(f.tool->vectors(), QList<QStringList>{vector});
     EXPECT_EQ(f.tool->runs.first().directory, f.folder.path());
     EXPECT_EQ(f.app->busyMessage.value(), row.title);
-    f.tool->finish(row.vector, {});
+    f.tool->finish(vector, {});
     ASSERT_TRUE(waitUntil([&f] { return f.app->commandOutput.value().has_value(); }))
         << "shown though nothing was printed";
     EXPECT_EQ(f.app->commandOutput.value()->title, row.title);
@@ -103,226 +125,98 @@ void expectRow(const ActionRow &row, std::optional<RepositoryKind> kind) {
     EXPECT_EQ(f.alertText(), QString());
 }
 
-const QStringList ticked{u"-i@2x.png"_s, u"a.c"_s};
-const QStringList targets{u"./-i@2x.png@"_s, u"a.c"_s};
-const QString offered = u"-i@2x.png"_s;
-const QString target = u"./-i@2x.png@"_s;
+constexpr QStringView two = u"-i@2x.png|a.c";
 
 TEST(WorkingCopyActions, RunTheirVectorsInSubversion) {
-    const Answer named{{u"name"_s, u"p"_s}, {u"value"_s, u"a\nb"_s}, {u"path"_s, offered}};
-    const Answer copied{{u"source"_s, offered}, {u"target"_s, u"b@1"_s}};
+    const QString noConflict = u"No Paths Selected: Select a conflicted path first."_s;
+    const QString oneName = u"prompt Changelist: Name="_s;
+    const QString properties = u"prompt Set Property: Name=, Value=, Path="_s;
+    const QString merge = u"prompt Merge: Source URL Or Path=, Revision="_s;
     const ActionRow rows[] = {
-        {"add",
-         call<&Actions::addSelectedPaths>,
-         ticked,
-         {},
-         {},
-         QStringList{u"add"_s, u"--parents"_s, u"--force"_s} + targets,
-         u"Add"_s},
-        {"add nothing", call<&Actions::addSelectedPaths>, {}, {}, {}, {}, noPaths},
-        {"delete",
-         call<&Actions::deleteSelectedPaths>,
-         ticked,
-         {},
-         {},
-         QStringList{u"delete"_s} + targets,
-         u"Delete"_s},
-        {"resolve leaves out what is in no conflict",
-         resolve<ResolveChoice::working>,
-         {u"a.c"_s, u"c.c"_s},
-         {},
-         {},
-         {u"resolve"_s, u"--accept"_s, u"working"_s, u"c.c"_s},
-         u"Resolve"_s},
-        {"resolve rows of which none is known to be in conflict",
-         resolve<ResolveChoice::mineFull>,
-         {u"a.c"_s},
-         {},
-         {},
-         {u"resolve"_s, u"--accept"_s, u"mine-full"_s, u"a.c"_s},
-         u"Resolve"_s},
-        {"resolve by the other side",
-         resolve<ResolveChoice::theirsFull>,
-         {u"c.c"_s},
-         {},
-         {},
-         {u"resolve"_s, u"--accept"_s, u"theirs-full"_s, u"c.c"_s},
-         u"Resolve"_s},
-        {"resolve nothing",
-         resolve<ResolveChoice::working>,
-         {},
-         {},
-         {},
-         {},
-         u"No Paths Selected: Select a conflicted path first."_s},
-        {"lock", call<&Actions::lockSelectedPaths>, ticked, {}, {}, QStringList{u"lock"_s} + targets, u"Lock"_s},
-        {"unlock",
-         call<&Actions::unlockSelectedPaths>,
-         ticked,
-         {},
-         {},
-         QStringList{u"unlock"_s} + targets,
-         u"Unlock"_s},
-        {"changelist",
-         call<&Actions::createChangelist>,
-         ticked,
-         {{u"name"_s, u"c 1"_s}},
-         u"prompt Changelist: Name="_s,
-         QStringList{u"changelist"_s, u"c 1"_s} + targets,
-         u"Changelist"_s},
-        {"changelist of nothing asks nothing",
-         call<&Actions::createChangelist>,
-         {},
-         {{u"name"_s, u"c"_s}},
-         {},
-         {},
-         noPaths},
-        {"cancelled", call<&Actions::createChangelist>, ticked, {}, u"prompt Changelist: Name="_s, {}, {}},
-        {"without its name",
-         call<&Actions::createChangelist>,
-         ticked,
-         {{u"name"_s, QString()}},
-         u"prompt Changelist: Name="_s,
-         {},
-         {}},
-        {"remove from changelist",
-         call<&Actions::removeFromChangelist>,
-         ticked,
-         {},
-         {},
-         QStringList{u"changelist"_s, u"--remove"_s} + targets,
-         u"Remove Changelist"_s},
-        {"patch",
-         call<&Actions::applyPatch>,
-         {},
-         {},
-         u"file Choose Patch File"_s,
-         {u"patch"_s, u"/tmp/fix@home.patch@"_s},
-         u"Patch"_s},
-        {"make directory",
-         call<&Actions::makeDirectoryInWorkingCopy>,
-         {},
-         {{u"path"_s, u"d"_s}},
-         u"prompt Make Directory: Path="_s,
-         {u"mkdir"_s, u"d"_s},
-         u"Make Directory"_s},
-        {"copy, a new name as typed",
-         call<&Actions::copyItem>,
-         ticked,
-         copied,
-         u"prompt Copy: Source=-i@2x.png, Target=, Message="_s,
-         {u"copy"_s, target, u"b@1"_s},
-         u"Copy"_s},
-        {"move with a message",
-         call<&Actions::moveItem>,
-         {},
-         {{u"source"_s, u"^/a"_s}, {u"target"_s, u"^/b"_s}, {u"message"_s, u"why"_s}},
-         u"prompt Move: Source=, Target=, Message="_s,
-         {u"move"_s, u"^/a"_s, u"^/b"_s, u"-m"_s, u"why"_s},
-         u"Move"_s},
-        {"properties of the root",
-         call<&Actions::listProperties>,
-         {},
-         {{u"path"_s, u"."_s}},
-         u"prompt Properties: Path=."_s,
-         {u"proplist"_s, u"-v"_s, u"."_s},
-         u"Properties"_s,
-         RefreshAfter::no},
-        {"get property",
-         call<&Actions::getProperty>,
-         ticked,
-         named,
-         u"prompt Get Property: Name=, Path=-i@2x.png"_s,
-         {u"propget"_s, u"p"_s, target},
-         u"Get Property"_s,
-         RefreshAfter::no},
-        {"set property",
-         call<&Actions::setProperty>,
-         ticked,
-         named,
-         u"prompt Set Property: Name=, Value=, Path=-i@2x.png"_s,
-         {u"propset"_s, u"p"_s, u"a\nb"_s, target},
-         u"Set Property"_s},
-        {"set property to nothing",
-         call<&Actions::setProperty>,
-         {},
-         {{u"name"_s, u"p"_s}, {u"path"_s, u"."_s}},
-         u"prompt Set Property: Name=, Value=, Path=."_s,
-         {u"propset"_s, u"p"_s, {}, u"."_s},
-         u"Set Property"_s},
-        {"delete property",
-         call<&Actions::deleteProperty>,
-         ticked,
-         named,
-         u"prompt Delete Property: Name=, Path=-i@2x.png"_s,
-         {u"propdel"_s, u"p"_s, target},
-         u"Delete Property"_s},
-        {"merge",
-         call<&Actions::merge>,
-         {},
-         {{u"source"_s, u"^/b@7"_s}, {u"range"_s, QString()}},
-         u"prompt Merge: Source URL Or Path=, Revision="_s,
-         {u"merge"_s, u"^/b@7"_s},
-         u"Merge"_s},
-        {"merge a range",
-         call<&Actions::merge>,
-         {},
-         {{u"source"_s, u"^/b"_s}, {u"range"_s, u"4:6"_s}},
-         u"prompt Merge: Source URL Or Path=, Revision="_s,
-         {u"merge"_s, u"-r"_s, u"4:6"_s, u"^/b"_s},
-         u"Merge"_s},
-        {"update", call<&Actions::updateWorkingCopy>, {}, {}, {}, {u"update"_s}, u"Update"_s},
-        {"switch",
-         call<&Actions::switchWorkingCopyURL>,
-         {},
-         {{u"url"_s, u"^/b"_s}},
-         u"prompt Switch: URL=file:///r/trunk"_s,
-         {u"switch"_s, u"^/b"_s},
-         u"Switch"_s},
-        {"relocate",
-         call<&Actions::relocateWorkingCopyURL>,
-         {},
-         {{u"from"_s, u"file:///r"_s}, {u"to"_s, u"svn://r"_s}},
-         u"prompt Relocate: From URL=file:///r, To URL="_s,
-         {u"relocate"_s, u"file:///r"_s, u"svn://r"_s},
-         u"Relocate"_s},
-        {"blame",
-         call<&Actions::showBlame>,
-         ticked,
-         {{u"path"_s, offered}},
-         u"prompt Blame: Path=-i@2x.png"_s,
-         {u"blame"_s, target},
-         u"Blame"_s,
-         RefreshAfter::no},
-        {"cleanup", call<&Actions::cleanUp>, {}, {}, {}, {u"cleanup"_s}, u"Cleanup"_s},
-        {"upgrade", call<&Actions::upgrade>, {}, {}, {}, {u"upgrade"_s}, u"Upgrade"_s},
+        ActionRow("add", call<&Actions::addSelectedPaths>, two, u"", {}, u"add|--parents|--force|./-i@2x.png@|a.c",
+                  u"Add"_s),
+        ActionRow("add leaves out what is gone", call<&Actions::addSelectedPaths>, u"a.c|gone.c|lost.c", u"", {},
+                  u"add|--parents|--force|a.c", u"Add"_s),
+        ActionRow("add only what is gone", call<&Actions::addSelectedPaths>, u"gone.c|lost.c", u"", {},
+                  u"add|--parents|--force|gone.c|lost.c", u"Add"_s),
+        ActionRow("add nothing", call<&Actions::addSelectedPaths>, u"", u"", {}, u"", noPaths),
+        ActionRow("delete", call<&Actions::deleteSelectedPaths>, u"a.c|c.c|gone.c", u"", {}, u"delete|a.c|c.c|gone.c",
+                  u"Delete"_s),
+        ActionRow("resolve leaves out what is in no conflict", resolve<ResolveChoice::working>, u"a.c|c.c", u"", {},
+                  u"resolve|--accept|working|c.c", u"Resolve"_s),
+        ActionRow("resolve the selected row when no ticked one is in conflict", resolve<ResolveChoice::mineFull>, two,
+                  u"", {}, u"resolve|--accept|mine-full|c.c", u"Resolve"_s),
+        ActionRow("resolve by the other side", resolve<ResolveChoice::theirsFull>, u"c.c", u"", {},
+                  u"resolve|--accept|theirs-full|c.c", u"Resolve"_s),
+        ActionRow("resolve nothing", resolve<ResolveChoice::working>, u"", u"", {}, u"", noConflict),
+        ActionRow("lock", call<&Actions::lockSelectedPaths>, two, u"", {}, u"lock|./-i@2x.png@|a.c", u"Lock"_s),
+        ActionRow("unlock", call<&Actions::unlockSelectedPaths>, two, u"", {}, u"unlock|./-i@2x.png@|a.c", u"Unlock"_s),
+        ActionRow("changelist", call<&Actions::createChangelist>, two, u"name=c 1", oneName,
+                  u"changelist|c 1|./-i@2x.png@|a.c", u"Changelist"_s),
+        ActionRow("changelist of nothing asks nothing", call<&Actions::createChangelist>, u"", u"name=c", {}, u"",
+                  noPaths),
+        ActionRow("cancelled", call<&Actions::createChangelist>, two, u"", oneName, u"", {}),
+        ActionRow("without its name", call<&Actions::createChangelist>, two, u"name=", oneName, u"", {}),
+        ActionRow("remove from changelist", call<&Actions::removeFromChangelist>, two, u"", {},
+                  u"changelist|--remove|./-i@2x.png@|a.c", u"Remove Changelist"_s),
+        ActionRow("patch", call<&Actions::applyPatch>, u"", u"", u"file Choose Patch File"_s,
+                  u"patch|/tmp/fix@home.patch@", u"Patch"_s),
+        ActionRow("make directory", call<&Actions::makeDirectoryInWorkingCopy>, u"", u"path=d",
+                  u"prompt Make Directory: Path="_s, u"mkdir|d", u"Make Directory"_s),
+        ActionRow("copy, a new name as typed", call<&Actions::copyItem>, two, u"source=-i@2x.png|target=b@1",
+                  u"prompt Copy: Source=-i@2x.png, Target=, Message="_s, u"copy|./-i@2x.png@|b@1", u"Copy"_s),
+        ActionRow("move with a message", call<&Actions::moveItem>, u"", u"source=^/a|target=^/b|message=why",
+                  u"prompt Move: Source=, Target=, Message="_s, u"move|^/a|^/b|-m|why", u"Move"_s),
+        ActionRow("properties of the root", call<&Actions::listProperties>, u"", u"path=.",
+                  u"prompt Properties: Path=."_s, u"proplist|-v|.", u"Properties"_s, RefreshAfter::no),
+        ActionRow("get property", call<&Actions::getProperty>, two, u"name=p|path=-i@2x.png",
+                  u"prompt Get Property: Name=, Path=-i@2x.png"_s, u"propget|p|./-i@2x.png@", u"Get Property"_s,
+                  RefreshAfter::no),
+        ActionRow("an offered name keeps its blank", call<&Actions::getProperty>, u" lead.txt", u"name=p|path=lead.txt",
+                  u"prompt Get Property: Name=, Path= lead.txt"_s, u"propget|p| lead.txt", u"Get Property"_s,
+                  RefreshAfter::no),
+        ActionRow("set property", call<&Actions::setProperty>, two, u"name=p|value=a\nb|path=-i@2x.png",
+                  properties + u"-i@2x.png"_s, u"propset|p|a\nb|./-i@2x.png@", u"Set Property"_s),
+        ActionRow("set property to nothing", call<&Actions::setProperty>, u"", u"name=p|path=.", properties + u'.',
+                  u"propset|p||.", u"Set Property"_s),
+        ActionRow("delete property", call<&Actions::deleteProperty>, two, u"name=p|path=-i@2x.png",
+                  u"prompt Delete Property: Name=, Path=-i@2x.png"_s, u"propdel|p|./-i@2x.png@", u"Delete Property"_s),
+        ActionRow("merge", call<&Actions::merge>, u"", u"source=^/b@7|range=", merge, u"merge|^/b@7", u"Merge"_s),
+        ActionRow("merge a range", call<&Actions::merge>, u"", u"source=^/b|range=4:6", merge, u"merge|-r|4:6|^/b",
+                  u"Merge"_s),
+        ActionRow("update", call<&Actions::updateWorkingCopy>, u"", u"", {}, u"update", u"Update"_s),
+        ActionRow("switch", call<&Actions::switchWorkingCopyURL>, u"", u"url=^/b",
+                  u"prompt Switch: URL=file:///r/t@2@"_s, u"switch|^/b", u"Switch"_s),
+        ActionRow("relocate", call<&Actions::relocateWorkingCopyURL>, u"", u"from=file:///r|to=svn://r",
+                  u"prompt Relocate: From URL=file:///r@1, To URL="_s, u"relocate|file:///r|svn://r", u"Relocate"_s),
+        ActionRow("blame", call<&Actions::showBlame>, two, u"path=-i@2x.png", u"prompt Blame: Path=-i@2x.png"_s,
+                  u"blame|./-i@2x.png@", u"Blame"_s, RefreshAfter::no),
+        ActionRow("cleanup", call<&Actions::cleanUp>, u"", u"", {}, u"cleanup", u"Cleanup"_s),
+        ActionRow("upgrade", call<&Actions::upgrade>, u"", u"", {}, u"upgrade", u"Upgrade"_s),
     };
     for (const ActionRow &row : rows)
         expectRow(row, RepositoryKind::svn);
-    expectRow({"without a project", call<&Actions::addSelectedPaths>, ticked, {}, {}, {}, noProject}, std::nullopt);
+    expectRow({"without a project", call<&Actions::addSelectedPaths>, two, u"", {}, u"", noProject}, std::nullopt);
 }
 
 TEST(WorkingCopyActions, RunTheirVectorsInGitOrAreRefusedBeforeAnythingIsAsked) {
-    const QStringList names{u"-i@2x.png"_s, u"a.c"_s};
+    const QString lost =
+        u"confirm Delete: Delete 2 path(s)? 1 path(s) in conflict will lose what was resolved in them so far."_s;
     const ActionRow rows[] = {
-        {"add", call<&Actions::addSelectedPaths>, ticked, {}, {}, QStringList{u"add"_s, u"--"_s} + names, u"Add"_s},
-        {"delete",
-         call<&Actions::deleteSelectedPaths>,
-         ticked,
-         {},
-         {},
-         QStringList{u"rm"_s, u"--"_s} + names,
-         u"Delete"_s},
-        {"delete nothing", call<&Actions::deleteSelectedPaths>, {}, {}, {}, {}, noPaths},
-        {"pull", call<&Actions::updateWorkingCopy>, {}, {}, {}, {u"pull"_s, u"--ff-only"_s}, u"Pull"_s},
-        {"blame",
-         call<&Actions::showBlame>,
-         ticked,
-         {{u"path"_s, offered}},
-         u"prompt Blame: Path=-i@2x.png"_s,
-         {u"blame"_s, u"--"_s, offered},
-         u"Blame"_s,
-         RefreshAfter::no},
+        ActionRow("add", call<&Actions::addSelectedPaths>, two, u"", {}, u"add|--|-i@2x.png|a.c", u"Add"_s),
+        ActionRow("add leaves staged deletions out", call<&Actions::addSelectedPaths>, u"a.c|gone.c|lost.c", u"", {},
+                  u"add|--|a.c|lost.c", u"Add"_s),
+        ActionRow("add only a staged deletion", call<&Actions::addSelectedPaths>, u"gone.c", u"", {}, u"add|--|gone.c",
+                  u"Add"_s),
+        ActionRow("delete", call<&Actions::deleteSelectedPaths>, two, u"", {}, u"rm|--|-i@2x.png|a.c", u"Delete"_s),
+        ActionRow("delete leaves staged deletions out", call<&Actions::deleteSelectedPaths>, u"gone.c|lost.c", u"", {},
+                  u"rm|--|lost.c", u"Delete"_s),
+        ActionRow("delete asks about conflicts", call<&Actions::deleteSelectedPaths>, u"c.c|lost.c", u"", lost,
+                  u"rm|--|c.c|lost.c", u"Delete"_s),
+        ActionRow("delete nothing", call<&Actions::deleteSelectedPaths>, u"", u"", {}, u"", noPaths),
+        ActionRow("pull", call<&Actions::updateWorkingCopy>, u"", u"", {}, u"pull|--ff-only", u"Pull"_s),
+        ActionRow("blame", call<&Actions::showBlame>, two, u"path=-i@2x.png", u"prompt Blame: Path=-i@2x.png"_s,
+                  u"blame|--|-i@2x.png", u"Blame"_s, RefreshAfter::no),
     };
     for (const ActionRow &row : rows)
         expectRow(row, RepositoryKind::git);
@@ -345,7 +239,7 @@ TEST(WorkingCopyActions, RunTheirVectorsInGitOrAreRefusedBeforeAnythingIsAsked) 
                                    call<&Actions::cleanUp>,
                                    call<&Actions::upgrade>};
     for (const Call action : onlySubversion)
-        expectRow({"only Subversion", action, ticked, {}, {}, {}, noSVN}, RepositoryKind::git);
+        expectRow({"only Subversion", action, two, u"", {}, u"", noSVN}, RepositoryKind::git);
 }
 
 TEST(WorkingCopyActions, OfferWhatAConflictAllows) {
@@ -357,7 +251,9 @@ TEST(WorkingCopyActions, OfferWhatAConflictAllows) {
     EXPECT_EQ(resolvable({clean, text}), Resolvable::byAnySide);
     EXPECT_EQ(resolvable({property}), Resolvable::byAnySide);
     EXPECT_EQ(resolvable({text, tree}), Resolvable::asIs);
-    EXPECT_EQ(pathsToResolve({clean, text, tree, property}), (QStringList{u"b"_s, u"c"_s, u"d"_s}));
+    EXPECT_EQ(itemsToResolve({clean, text, tree, property}, clean), (QList{text, tree, property}));
+    EXPECT_EQ(itemsToResolve({clean}, text), QList{text});
+    EXPECT_EQ(itemsToResolve({clean}, clean), QList{clean}) << "the tool then says that there is no conflict";
 }
 
 /// A real working copy with "a.c", the folder "d" and a branch "^/branches/b", all committed.
@@ -488,9 +384,29 @@ TEST_F(RealActions, LockAndUnlock) {
     EXPECT_TRUE(repository.svn({u"info"_s, u"a.c"_s}).contains("Lock Token"));
     after(actions.unlockSelectedPaths());
     EXPECT_FALSE(repository.svn({u"info"_s, u"a.c"_s}).contains("Lock Token"));
-    after(actions.cleanUp());
-    after(actions.showBlame());
-    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(after(actions.cleanUp()), QStringList{u"*M a.c"_s});
+    answer({{u"path"_s, u"a.c"_s}});
+    EXPECT_EQ(after(actions.showBlame()), QStringList{u"*M a.c"_s});
+    EXPECT_TRUE(output().contains(u" 1\n"_s)) << qPrintable(output());
+}
+
+TEST_F(RealActions, DeletingAFolderAsksAboutIgnoredFilesInIt) {
+    repository.svn({u"copy"_s, u"-q"_s, u"d"_s, u"e"_s});
+    repository.write(u"e/built.o"_s);
+    reload();
+    tick({u"e"_s});
+    f.user.confirms = false;
+    EXPECT_EQ(after(actions.deleteSelectedPaths()), QStringList{u"*A e"_s});
+    EXPECT_EQ(f.user.asked, QStringList{u"confirm Delete: Delete 1 path(s)? 1 ignored path(s) in these folders will be "
+                                        "deleted from disk, too."_s});
+    f.user.confirms = true;
+    EXPECT_EQ(after(actions.deleteSelectedPaths()), QStringList());
+    repository.svn({u"copy"_s, u"-q"_s, u"d"_s, u"e"_s});
+    reload();
+    tick({u"e"_s});
+    f.user.asked.clear();
+    EXPECT_EQ(after(actions.deleteSelectedPaths()), QStringList());
+    EXPECT_EQ(f.user.asked, QStringList()) << "nothing is lost";
 }
 
 TEST_F(RealActions, ResolveEachWay) {
@@ -556,6 +472,14 @@ TEST(WorkingCopyActions, PullAddAndDeleteInGit) {
     f.app.selectedCommitPaths = QSet<QString>{u"a.c"_s};
     awaited(f.app.actions.deleteSelectedPaths());
     EXPECT_TRUE(f.rows().contains(u"*D a.c"_s)) << qPrintable(f.rows().join(u'|'));
+    QFile::rename(clones.path(u"wc/b.c"_s), clones.path(u"wc/moved.c"_s));
+    testing::runTool(u"git"_s, {u"add"_s, u"-N"_s, u"moved.c"_s}, clones.path(u"wc"_s));
+    awaited(f.app.refreshAll());
+    f.app.selectedCommitPaths = QSet<QString>{u"a.c"_s, u"moved.c"_s};
+    awaited(f.app.actions.addSelectedPaths());
+    const QByteArray staged = testing::runTool(
+        u"git"_s, {u"diff"_s, u"--cached"_s, u"--no-renames"_s, u"--name-status"_s}, clones.path(u"wc"_s));
+    EXPECT_TRUE(staged.contains("D\tb.c\nA\tmoved.c")) << staged.constData();
     EXPECT_EQ(f.alertText(), QString());
 }
 

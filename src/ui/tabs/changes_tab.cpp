@@ -116,19 +116,32 @@ void ChangesTab::setTicks(const QList<int> &records, Tick wanted) {
     app.setCommitSelection(items, wanted == Tick::ticked);
 }
 
-QList<QList<QAction *>> ChangesTab::tickedGroups(RepositoryKind kind) const {
-    if (kind == RepositoryKind::git)
-        return {tickedActions.edits};
-    switch (resolvable(app.actionItems())) {
+QList<QAction *> ChangesTab::resolutions(const QList<WorkingCopyItem> &items) const {
+    switch (resolvable(items)) {
     case Resolvable::nothing:
-        return {tickedActions.edits, tickedActions.svnEdits};
+        return {};
     case Resolvable::asIs:
-        return {tickedActions.edits, {tickedActions.resolveUsingWorking}, tickedActions.svnEdits};
+        return {tickedActions.resolveUsingWorking};
     case Resolvable::byAnySide:
         break;
     }
-    const QList<QAction *> resolutions = QList{tickedActions.resolveUsingWorking} + tickedActions.resolveUsingOneSide;
-    return {tickedActions.edits, resolutions, tickedActions.svnEdits};
+    return QList{tickedActions.resolveUsingWorking} + tickedActions.resolveUsingOneSide;
+}
+
+QList<QList<QAction *>> ChangesTab::tickedGroups(RepositoryKind kind) const {
+    if (kind == RepositoryKind::git)
+        return {tickedActions.edits};
+    return {tickedActions.edits, resolutions(app.actionItems()), tickedActions.svnEdits};
+}
+
+QList<QAction *> ChangesTab::actionsOfRow(RepositoryKind kind) const {
+    if (kind == RepositoryKind::git)
+        return {revertPath, blamePath};
+    const QList<WorkingCopyItem> acted = app.actionItems();
+    const QList<QAction *> ofRow{revertPath, blamePath, listProperties};
+    if (resolvable(acted) != Resolvable::nothing)
+        return ofRow;
+    return resolutions(itemsToResolve(acted, app.selectedChange())) + ofRow;
 }
 
 void ChangesTab::openRowMenu(int row, const QPoint &position) {
@@ -136,10 +149,9 @@ void ChangesTab::openRowMenu(int row, const QPoint &position) {
     if (!project)
         return;
     menuPath = rows.idAt(row);
-    const bool isGit = project->kind == RepositoryKind::git;
-    const QList<QAction *> ofRow = isGit ? QList{revertPath, blamePath} : QList{revertPath, blamePath, listProperties};
-    const ChangeRowMenu content{menuPath, project->path, rows.tickCounts().ticked, tickedGroups(project->kind),
-                                ofRow,    revertAll};
+    const ChangeRowMenu content{
+        menuPath, project->path, rows.tickCounts().ticked, tickedGroups(project->kind), actionsOfRow(project->kind),
+        revertAll};
     changeRowMenu(content, this)->popup(position);
 }
 

@@ -1,0 +1,52 @@
+#include "controller/deletion_losses.h"
+
+#include "controller/path_command.h"
+#include "controller/tool_text.h"
+#include "parsers/svn_xml_parsers.h"
+#include "rules/working_copy_paths.h"
+#include "tools/arguments.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace kestor {
+
+QString deletionQuestion(qsizetype count, const DeletionLosses &losses) {
+    QString question = u"Delete %1 path(s)?"_s.arg(count);
+    if (losses.inConflict > 0)
+        question += u" %1 path(s) in conflict will lose what was resolved in them so far."_s.arg(losses.inConflict);
+    if (losses.ignored > 0)
+        question += u" %1 ignored path(s) in these folders will be deleted from disk, too."_s.arg(losses.ignored);
+    return question;
+}
+
+QStringList foldersAmong(const QList<WorkingCopyItem> &items, const QString &root) {
+    QStringList folders;
+    for (const WorkingCopyItem &item : items) {
+        if (workingCopyPathIsDirectory(item.path, root))
+            folders.append(item.path);
+    }
+    return folders;
+}
+
+QStringList ignoredFilesArguments(const QStringList &folders) {
+    PathCommand command{args(u"status", u"--xml", u"--no-ignore"), folders};
+    if (needsPathFile(command))
+        command.paths.clear();
+    return plainArguments(RepositoryKind::svn, command);
+}
+
+qsizetype ignoredBelow(const QStringList &folders, const QByteArray &printed) {
+    const QSet<QString> deleted(folders.begin(), folders.end());
+    const QList<WorkingCopyItem> rows = parsedOutput<StatusParser>(printed);
+    return std::ranges::count_if(rows, [&deleted](const WorkingCopyItem &row) {
+        const QStringList above = foldersAbove(row.path);
+        return row.kind == SVNStatusKind::ignored &&
+               std::ranges::any_of(above, [&deleted](const QString &folder) { return deleted.contains(folder); });
+    });
+}
+
+} // namespace kestor
