@@ -1,8 +1,12 @@
 #include "support/app_fixture.h"
+#include "support/held_tool.h"
 #include "support/printers.h"
 #include "support/repositories.h"
 #include "support/svn_server.h"
+#include "tools/svn_preference.h"
+#include "ui/frame/branch_button.h"
 #include "ui/frame/busy_card.h"
+#include "ui/frame/command_table.h"
 #include "ui/frame/first_run.h"
 #include "ui/frame/main_window.h"
 #include "ui/frame/message_dialog.h"
@@ -11,6 +15,7 @@
 #include "ui/frame/project_list.h"
 #include "ui/frame/tab_pages.h"
 #include "ui/frame/tab_strip.h"
+#include "ui/list/row_list_view.h"
 #include "ui/tabs/changes_tab.h"
 
 #include <QAccessible>
@@ -18,6 +23,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
@@ -39,6 +45,8 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using testing::AppFixture;
+using testing::HeldTool;
+using testing::ScriptedUser;
 using testing::TempTree;
 using testing::waitUntil;
 
@@ -82,98 +90,134 @@ protected:
     std::unique_ptr<MainWindow> window{};
 };
 
+/// What an item of the menus asks, runs first or alerts, and the tab that it shows.
+QString effectOf(const CommandRow &row, const QString &folder) {
+    QSettings settings(folder + u"/test.conf"_s, QSettings::IniFormat);
+    settings.clear();
+    settings.setValue(svnExecutablePathKey, u"/chosen/svn"_s);
+    ProjectStore(settings).save({Project{QUuid::createUuid(), u"p"_s, folder, RepositoryKind::svn}});
+    ScriptedUser user;
+    user.confirms = false;
+    const auto tool = std::make_shared<HeldTool>();
+    AppState state(settings, user, {tool, tool, tool});
+    state.changes = QList<WorkingCopyItem>{{.path = u"a.c"_s, .kind = SVNStatusKind::conflicted}};
+    state.selectedChangeID = u"a.c"_s;
+    const QCoro::Task<> task = row.operation(&state);
+    waitUntil([&] {
+        return !user.asked.isEmpty() || !tool->runs.isEmpty() || state.alert.value() ||
+               state.svnExecutablePath.value().isEmpty();
+    });
+    QStringList effects;
+    for (QString asked : user.asked)
+        effects.append(asked.section(u':', 0, 0).replace(folder, u"FOLDER"_s));
+    if (!tool->runs.isEmpty())
+        effects.append(tool->vectors().first().join(u' '));
+    if (state.alert.value())
+        effects.append(u"alert "_s + state.alert.value()->title);
+    if (state.selectedTab.value() != WorkflowTab::changes)
+        effects.append(u"tab "_s + rawValue(state.selectedTab).toString());
+    if (state.svnExecutablePath.value().isEmpty())
+        effects.append(u"no chosen svn"_s);
+    return effects.join(u", "_s);
+}
+
 /// A line for each menu, its items indented beneath it.
-QString menuTexts(const QMenuBar &bar) {
+QString menuTexts(const QMenuBar &bar, const QHash<QString, QString> &effects) {
     QString texts;
     for (const QAction *menu : bar.actions()) {
         texts += menu->text() + u'\n';
         for (const QAction *item : menu->menu()->actions()) {
             const QString keys = item->shortcut().toString(QKeySequence::PortableText);
             texts += u"    "_s + (item->isSeparator() ? u"-"_s : item->text()) +
-                     (keys.isEmpty() ? QString() : u" | "_s + keys) + u'\n';
+                     (keys.isEmpty() ? QString() : u" | "_s + keys) +
+                     (item->isSeparator() ? QString() : u" > "_s + effects.value(item->text())) + u'\n';
         }
     }
     return texts;
 }
 
 const QString wantedMenus = uR"(&Repository
-    Add Existing Working Copy... | Ctrl+O
-    Create SVN Repository... | Ctrl+N
-    Checkout...
-    Remove Project
+    Add Existing Working Copy... | Ctrl+O > directory Add Working Copy
+    Create SVN Repository... | Ctrl+N > new folder Create SVN Repository [Create]
+    Checkout... > prompt Checkout
+    Remove Project > confirm Remove Project
     -
-    Open Terminal Here
-    Open Finder Here
-    Open Both Here
+    Open Terminal Here > terminal FOLDER
+    Open Finder Here > file manager FOLDER
+    Open Both Here > terminal FOLDER, file manager FOLDER
     -
-    Refresh Status | Ctrl+R
-    Update | Ctrl+U
-    Commit | Ctrl+Return
+    Refresh Status | Ctrl+R > info --xml
+    Update | Ctrl+U > update
+    Commit | Ctrl+Return > alert Nothing To Commit
     -
-    Info
-    Cleanup
-    Upgrade Working Copy
+    Info > info --xml
+    Cleanup > cleanup
+    Upgrade Working Copy > upgrade
     -
-    Switch URL Or Branch...
-    Relocate URL...
+    Switch URL Or Branch... > prompt Switch
+    Relocate URL... > prompt Relocate
 &Working Copy
-    Add Selected
-    Delete Selected
-    Revert Selected
-    Ignore Selected
-    Include Ignored Path...
+    Add Selected > add --parents --force a.c
+    Delete Selected > delete a.c
+    Revert Selected > confirm Revert
+    Ignore Selected > status --xml --no-ignore
+    Include Ignored Path... > prompt Include Ignored Path
     -
-    Resolve Selected Using Working
-    Resolve Selected Using Mine Full
-    Resolve Selected Using Theirs Full
+    Resolve Selected Using Working > resolve --accept working a.c
+    Resolve Selected Using Mine Full > resolve --accept mine-full a.c
+    Resolve Selected Using Theirs Full > resolve --accept theirs-full a.c
     -
-    Lock Selected
-    Unlock Selected
-    Create Changelist...
-    Remove From Changelist
+    Lock Selected > lock a.c
+    Unlock Selected > unlock a.c
+    Create Changelist... > prompt Changelist
+    Remove From Changelist > changelist --remove a.c
     -
-    Apply Patch...
-    Make Directory...
-    Copy...
-    Move...
+    Apply Patch... > file Choose Patch File
+    Make Directory... > prompt Make Directory
+    Copy... > prompt Copy
+    Move... > prompt Move
 &History
-    Show Log
-    Show Incoming Changes
-    Show Archives
+    Show Log > info --xml, tab History
+    Show Incoming Changes > info --xml, tab Incoming
+    Show Archives > log --xml --verbose, tab Archives
     -
-    Blame Path...
-    Diff Against Revision...
-    Pull File At Revision...
-    Export File At Revision...
-    Create Archive Zip...
+    Blame Path... > prompt Blame
+    Diff Against Revision... > prompt Diff
+    Pull File At Revision... > prompt Pull File
+    Export File At Revision... > prompt Export File
+    Create Archive Zip... > alert No Archive Selected
     -
-    Rollback Selected Revision
-    Merge...
+    Rollback Selected Revision > alert No Revision Selected
+    Merge... > prompt Merge
 Re&mote
-    List URL Or Path...
-    Cat URL Or Path...
+    List URL Or Path... > prompt List
+    Cat URL Or Path... > prompt Cat
     -
-    Make Remote Directory...
-    Import Directory...
-    Export URL Or Path...
+    Make Remote Directory... > prompt Remote Directory
+    Import Directory... > directory Choose Directory To Import
+    Export URL Or Path... > prompt Export
 &Properties
-    List Properties...
-    Get Property...
-    Set Property...
-    Delete Property...
+    List Properties... > prompt Properties
+    Get Property... > prompt Get Property
+    Set Property... > prompt Set Property
+    Delete Property... > prompt Delete Property
 &SVN
-    Run svn Command...
+    Run svn Command... > prompt Run svn Command
     -
-    Show svn Version
-    Show svn Help
+    Show svn Version > --version
+    Show svn Help > help
     -
-    Set svn Executable...
-    Use svn From PATH
+    Set svn Executable... > file Choose svn Executable
+    Use svn From PATH > no chosen svn
 )"_s;
 
 TEST_F(Window, HasTheMenusAndHoldsThemWhileBusy) {
     show({});
-    EXPECT_EQ(menuTexts(*window->menuBar()), wantedMenus);
+    tree.makeDirectory(u"p"_s);
+    QHash<QString, QString> effects;
+    for (const CommandRow &row : commandTable())
+        effects.insert(row.label.toString(), effectOf(row, tree.path(u"p"_s)));
+    EXPECT_EQ(menuTexts(*window->menuBar(), effects), wantedMenus);
     app.busyMessage = u"Working"_s;
     for (const QAction *menu : window->menuBar()->actions()) {
         for (const QAction *item : menu->menu()->actions())
@@ -449,6 +493,43 @@ TEST_F(Window, AProjectRowOffersItsCommands) {
     QApplication::activePopupWidget()->close();
 }
 
+TEST_F(Window, TakesNamesAndCommandLinesOfAnyKind) {
+    show({u"a"_s});
+    auto *button = part<BranchButton>();
+    button->showBranch(u"R&D"_s);
+    EXPECT_EQ(button->text(), u"R&D"_s);
+    EXPECT_TRUE(button->shortcut().isEmpty()) << "it would take the key of a menu";
+    app.commandOutput = CommandOutput{.id = QUuid::createUuid(), .commandLine = QString(100000, u'x')};
+    const QList<QLabel *> labels = part<OutputSheet>()->findChildren<QLabel *>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [](QLabel *label) { return label->text().startsWith(u"xx"_s); }));
+    EXPECT_TRUE(std::ranges::none_of(labels, [](QLabel *label) { return label->text().size() > 5000; }));
+}
+
+TEST_F(Window, TheMenuOfARowInConflictResolvesThatRowThoughOthersAreTicked) {
+    show({u"a"_s});
+    QList<Project> projects = app.projects;
+    projects.first().kind = RepositoryKind::svn;
+    app.projects = projects;
+    app.changes = QList<WorkingCopyItem>{{.path = u"c.c"_s, .kind = SVNStatusKind::conflicted},
+                                         {.path = u"m.c"_s, .kind = SVNStatusKind::modified}};
+    app.selectedCommitPaths = QSet<QString>{u"m.c"_s};
+    for (const QString &path : {u"c.c"_s, u"m.c"_s}) {
+        SCOPED_TRACE(qPrintable(path));
+        app.selectedChangeID = path;
+        emit window->tabPages().changes().findChild<RowListView *>()->rowMenuRequested(path == u"c.c"_s ? 0 : 1,
+                                                                                       QPoint());
+        QWidget *menu = QApplication::activePopupWidget();
+        ASSERT_NE(menu, nullptr);
+        QStringList texts;
+        for (const QAction *item : menu->actions())
+            texts.append(item->text());
+        const qsizetype first = texts.indexOf(path) + 1;
+        EXPECT_EQ(texts.value(first).startsWith(u"Resolve Selected"_s), path == u"c.c"_s);
+        EXPECT_EQ(texts.filter(u"Resolve Selected"_s).size(), path == u"c.c"_s ? 3 : 0);
+        menu->close();
+    }
+}
+
 /// The names of the parts that Tab reaches from the list of projects until it is there again.
 QStringList focusOrder(QWidget &window, QWidget *start) {
     QStringList names;
@@ -479,7 +560,10 @@ TEST_F(Window, TabReachesEveryPartInTheOrderOfTheScreen) {
     const Row rows[] = {
         {WorkflowTab::changes, header + QStringList{u"Filter changes"_s}},
         {WorkflowTab::history, header + QStringList{u"Filter files"_s, u"Files"_s, u"Revisions"_s}},
+        {WorkflowTab::incoming, header + QStringList{u"Filter revisions"_s, u"Incoming revisions"_s}},
         {WorkflowTab::archives, header + QStringList{u"Filter revisions"_s, u"Revisions"_s}},
+        {WorkflowTab::configuration,
+         header + QStringList{u"More commands for the languages"_s, u"Languages"_s, u"Custom language rules"_s}},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(rawValue(row.tab).toUtf8().constData());
