@@ -19,7 +19,8 @@ QCoro::Task<SVNCommandResult> SVNClient::run(QStringList arguments, QString dire
         throw SVNClientError::launchFailed(u"Could not find svn. Choose an executable from SVN > Set svn "
                                            "Executable..., or make svn available in PATH."_s);
     }
-    const ChildCommand command{*executable, displayExecutable(), arguments, directory, svnChildEnvironment(environment)};
+    const ChildCommand command{*executable, displayExecutable(), arguments, directory,
+                               svnChildEnvironment(environment)};
     co_return co_await children.run(command, check);
 }
 

@@ -93,7 +93,7 @@ TEST(LanguageShares, FollowTheLastOfSeveralEditsOfTheRules) {
     }
     EXPECT_TRUE(waitUntil([&] { return !published.isEmpty(); }));
     EXPECT_EQ(published, QStringList(u"Three 5"_s));
-    EXPECT_GE(sinceEdit.elapsed(), 490);
+    EXPECT_GE(sinceEdit.elapsed(), 400);
 }
 
 TEST(LanguageShares, OfAnotherProjectAreNeverShown) {

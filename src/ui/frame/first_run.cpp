@@ -63,9 +63,11 @@ private:
         QStyleOptionButton option;
         initStyleOption(&option);
         option.text.clear();
+        if (!isReady())
+            option.state &= ~QStyle::State_Enabled;
         option.rect.adjust(frameRoom, frameRoom, -frameRoom, -frameRoom);
         style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
-        painter.setPen(palette().color(QPalette::ButtonText));
+        painter.setPen(palette().color(isReady() ? QPalette::Normal : QPalette::Disabled, QPalette::ButtonText));
     }
 
     QAction *action;
@@ -106,10 +108,13 @@ FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent),
     explanation->setWordWrap(true);
     explanation->setAlignment(Qt::AlignCenter);
     explanation->setFixedWidth(textWidth);
-    const auto newWay = [&commands, this](Command command, WayButton::Weight weight) {
-        return new WayButton(commands.action(command), weight, frame);
-    };
-    auto *firstWay = newWay(Command::addExistingWorkingCopy, WayButton::Weight::first);
+    auto *buttons = new QVBoxLayout;
+    buttons->setSpacing(gap - 2 * AccentButton::frameRoom);
+    for (const Command command : {Command::addExistingWorkingCopy, Command::checkout, Command::createRepository}) {
+        const auto weight = ways.isEmpty() ? WayButton::Weight::first : WayButton::Weight::further;
+        ways.append(new WayButton(commands.action(command), weight, frame));
+        buttons->addWidget(ways.last());
+    }
     auto *column = new QVBoxLayout(frame);
     column->setContentsMargins(frameEdge, frameEdge, frameEdge, frameEdge);
     column->setSpacing(gap);
@@ -118,13 +123,17 @@ FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent),
     column->addWidget(heading, 0, Qt::AlignCenter);
     column->addWidget(explanation, 0, Qt::AlignCenter);
     column->addSpacing(12);
-    column->addWidget(firstWay, 0, Qt::AlignCenter);
-    for (const Command command : {Command::checkout, Command::createRepository})
-        column->addWidget(newWay(command, WayButton::Weight::further), 0, Qt::AlignCenter);
-    setFocusProxy(firstWay);
+    column->addLayout(buttons);
+    column->setAlignment(buttons, Qt::AlignCenter);
+    setFocusProxy(ways.first());
     frame->setFixedWidth(frameWidth);
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(frame, 0, Qt::AlignCenter);
+}
+
+void FirstRun::setHeld(bool held) {
+    for (AccentButton *way : std::as_const(ways))
+        way->setLook(held ? AccentButton::Look::held : AccentButton::Look::ready);
 }
 
 void FirstRun::paintEvent(QPaintEvent *) {

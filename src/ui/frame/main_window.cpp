@@ -162,6 +162,8 @@ void MainWindow::showBusy(BusyPhase phase) {
     QWidget *focused = focusWidget();
     sidebar->showBusy(phase);
     header->showBusy(phase);
+    if (firstRun != nullptr)
+        firstRun->setHeld(phase == BusyPhase::dimmed);
     if (phase == BusyPhase::dimmed && focused != nullptr && !focused->isEnabled()) {
         heldFocus = focused;
         setFocus(); // so that no other widget gets the keys meant for the disabled one

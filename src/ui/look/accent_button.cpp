@@ -29,7 +29,7 @@ void AccentButton::paintGround(QPainter &painter) const {
         painter.setPen(QPen(theme.focusRing, 2));
         painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 7, 7);
     }
-    const bool ready = isEnabled() && look == Look::ready;
+    const bool ready = isReady();
     const QColor ground = isDown() ? mixed(theme.accent, theme.text, 0.2) : theme.accent;
     painter.setPen(Qt::NoPen);
     painter.setBrush(ready ? ground : theme.selectionIdle);

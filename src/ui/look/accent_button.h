@@ -24,6 +24,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    bool isReady() const { return isEnabled() && look == Look::ready; }
     /// Paints the button without its text and leaves the painter with the color of that.
     void paintGround(QPainter &painter) const;
 
