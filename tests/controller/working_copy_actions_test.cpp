@@ -26,16 +26,16 @@ using Operation = QCoro::Task<> (Actions::*)();
 using Answer = QMap<QString, QString>;
 
 template <ResolveChoice choice>
-QCoro::Task<> resolve(Actions &actions) {
-    return actions.resolveSelectedPaths(choice);
+QCoro::Task<> resolve(Actions *actions) {
+    return actions->resolveSelectedPaths(choice);
 }
 
 template <Operation operation>
-QCoro::Task<> call(Actions &actions) {
-    return (actions.*operation)();
+QCoro::Task<> call(Actions *actions) {
+    return (actions->*operation)();
 }
 
-using Call = QCoro::Task<> (*)(Actions &);
+using Call = QCoro::Task<> (*)(Actions *);
 
 const QString noProject = u"No Project Selected: Choose a project first."_s;
 const QString noPaths = u"No Paths Selected: Select at least one changed path."_s;
@@ -105,7 +105,7 @@ void expectRow(const ActionRow &row, std::optional<RepositoryKind> kind) {
     SCOPED_TRACE(row.name);
     NotedActions f(kind, parts(row.ticked));
     f.user.promptAnswer = row.answer.isEmpty() ? std::nullopt : std::optional(answerOf(row.answer));
-    f.task = row.action(f.app->actions);
+    f.task = row.action(&f.app->actions);
     waitUntil([&f] { return !f.app->busyMessage.value() || !f.tool->runs.isEmpty(); });
     EXPECT_EQ(f.user.asked.join(u'|'), row.asked);
     const QStringList vector = parts(row.vector);
