@@ -1,7 +1,6 @@
 #include "ui/frame/prompt_dialog.h"
 
 #include "ui/frame/prompt_rows.h"
-#include "ui/look/metrics.h"
 #include "ui/look/tone_label.h"
 
 #include <QLineEdit>
@@ -50,7 +49,6 @@ PromptDialog::PromptDialog(const QString &title, const QList<PromptField> &field
         // Left alone it would cut a text off without a word.
         edit->setMaxLength(std::numeric_limits<int>::max());
         edit->setText(field.value);
-        edit->setTextMargins(smallGap, 0, smallGap, 0);
         edit->setValidator(validator);
         edits.emplaceBack(field.key, edit);
         rows->add(field.label, edit);

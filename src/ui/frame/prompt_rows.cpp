@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace kestor {
@@ -49,6 +50,8 @@ void PromptRows::add(const QString &text, QWidget *control) {
     label->setBuddy(control);
     control->setAccessibleName(text);
     control->setFixedSize(controlWidth, promptRowHeight);
+    if (auto *field = qobject_cast<QLineEdit *>(control))
+        field->setTextMargins(smallGap, 0, smallGap, 0);
     auto *row = new QHBoxLayout;
     row->setSpacing(labelGap);
     row->addWidget(label);

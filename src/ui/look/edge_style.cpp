@@ -14,6 +14,7 @@ namespace {
 constexpr int boxSide = 16;
 constexpr qreal boxRadius = 4;
 constexpr qreal fieldRadius = 5;
+constexpr int buttonHeight = 28;
 
 /// A rounded rectangle whose line of `width` lies inside `rect`.
 void drawRounded(QPainter &painter, const QRectF &rect, qreal radius, const QColor &edge, qreal width) {
@@ -91,15 +92,26 @@ void drawToolButton(QPainter &painter, const QStyleOption &option, const Theme &
 
 EdgeStyle::EdgeStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
-/// A bold item of a menu that cannot be chosen is a heading.
+/// The chosen item of a menu looks like the selected row of a list. A bold one that cannot be chosen is a heading.
 void EdgeStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                             const QWidget *widget) const {
-    const auto *item = element == CE_MenuItem ? qstyleoption_cast<const QStyleOptionMenuItem *>(option) : nullptr;
-    if (item == nullptr || !item->font.bold())
+    const bool isInMenu = element == CE_MenuItem || element == CE_MenuBarItem;
+    const auto *item = isInMenu ? qstyleoption_cast<const QStyleOptionMenuItem *>(option) : nullptr;
+    if (item == nullptr)
         return QProxyStyle::drawControl(element, option, painter, widget);
-    QStyleOptionMenuItem heading(*item);
-    heading.palette.setColor(QPalette::Disabled, QPalette::Text, themeFor(item->palette).muted);
-    QProxyStyle::drawControl(element, &heading, painter, widget);
+    const Theme theme = themeFor(item->palette);
+    QStyleOptionMenuItem shown(*item);
+    shown.palette.setColor(QPalette::Highlight, theme.selection);
+    shown.palette.setColor(QPalette::HighlightedText, theme.text);
+    if (item->font.bold())
+        shown.palette.setColor(QPalette::Disabled, QPalette::Text, theme.muted);
+    QProxyStyle::drawControl(element, &shown, painter, widget);
+}
+
+QSize EdgeStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
+                                  const QWidget *widget) const {
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_PushButton ? size.expandedTo({0, buttonHeight}) : size;
 }
 
 void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
