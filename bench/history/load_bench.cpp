@@ -38,7 +38,7 @@ public:
         co_return std::nullopt;
     }
     QCoro::Task<std::optional<QString>> chooseDirectory(QString) override { co_return std::nullopt; }
-    QCoro::Task<std::optional<QString>> chooseFile(QString) override { co_return std::nullopt; }
+    QCoro::Task<std::optional<QString>> chooseFile(QString, QString) override { co_return std::nullopt; }
     QCoro::Task<std::optional<QString>> chooseSaveFile(QString, QString, QString) override { co_return std::nullopt; }
     QCoro::Task<std::optional<QString>> chooseNewFolder(NewFolderTexts) override { co_return std::nullopt; }
     QCoro::Task<std::optional<SwitchTarget>> chooseBranch(QList<GitBranch>, std::optional<QString>) override {

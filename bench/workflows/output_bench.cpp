@@ -17,7 +17,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 using testing::AppFixture;
-using testing::TempTree;
 
 constexpr double megabytes = 100;
 

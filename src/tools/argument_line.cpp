@@ -20,9 +20,11 @@ bool isOneOf(QStringView character, QStringView all) {
 class ArgumentLine {
 public:
     void take(QStringView character) {
-        if (std::exchange(isEscaped, false))
+        if (std::exchange(isEscaped, false)) {
             token += character;
-        else if (isOneOf(character, u"\\"))
+            return;
+        }
+        if (isOneOf(character, u"\\"))
             isEscaped = true;
         else if (openQuote)
             takeQuoted(character);

@@ -91,6 +91,12 @@ Answer answerOf(QStringView text) {
 }
 
 struct ActionRow {
+    // Called with parentheses, so that a row stands in a line or two.
+    ActionRow(const char *rowName, Call call, QStringView tickedRows, QStringView given, QString question,
+              QStringView expected, QString outputTitle, RefreshAfter refresh = RefreshAfter::yes)
+        : name(rowName), action(call), ticked(tickedRows), answer(given), asked(std::move(question)), vector(expected),
+          title(std::move(outputTitle)), refreshAfter(refresh) {}
+
     const char *name;
     Call action;
     QStringView ticked; ///< rows acted on, with "|" between them as in the other lists
@@ -98,8 +104,20 @@ struct ActionRow {
     QString asked;
     QStringView vector; ///< "" when nothing runs
     QString title;      ///< of the output, or the whole alert when nothing runs
-    RefreshAfter refreshAfter = RefreshAfter::yes;
+    RefreshAfter refreshAfter;
 };
+
+void expectRun(NotedActions &f, const ActionRow &row, const QStringList &vector) {
+    ASSERT_EQ(f.tool->vectors(), QList<QStringList>{vector});
+    EXPECT_EQ(f.tool->runs.first().directory, f.folder.path());
+    EXPECT_EQ(f.app->busyMessage.value(), row.title);
+    f.tool->finish(vector, {});
+    ASSERT_TRUE(waitUntil([&f] { return f.app->commandOutput.value().has_value(); }))
+        << "shown though nothing was printed";
+    EXPECT_EQ(f.app->commandOutput.value()->title, row.title);
+    EXPECT_EQ(f.tool->vectors().size() > 1, row.refreshAfter == RefreshAfter::yes);
+    EXPECT_EQ(f.alertText(), QString());
+}
 
 void expectRow(const ActionRow &row, std::optional<RepositoryKind> kind) {
     SCOPED_TRACE(row.name);
@@ -114,15 +132,7 @@ void expectRow(const ActionRow &row, std::optional<RepositoryKind> kind) {
         EXPECT_EQ(f.alertText(), row.title);
         return;
     }
-    ASSERT_EQ(f.tool->vectors(), QList<QStringList>{vector});
-    EXPECT_EQ(f.tool->runs.first().directory, f.folder.path());
-    EXPECT_EQ(f.app->busyMessage.value(), row.title);
-    f.tool->finish(vector, {});
-    ASSERT_TRUE(waitUntil([&f] { return f.app->commandOutput.value().has_value(); }))
-        << "shown though nothing was printed";
-    EXPECT_EQ(f.app->commandOutput.value()->title, row.title);
-    EXPECT_EQ(f.tool->vectors().size() > 1, row.refreshAfter == RefreshAfter::yes);
-    EXPECT_EQ(f.alertText(), QString());
+    expectRun(f, row, vector);
 }
 
 constexpr QStringView two = u"-i@2x.png|a.c";

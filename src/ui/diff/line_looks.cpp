@@ -27,6 +27,7 @@ QStringView textOf(const DiffHunk &hunk, qint64 line) {
 
 std::vector<QStringView> textsOf(const DiffHunk &hunk, const std::vector<qint64> &lines) {
     std::vector<QStringView> texts;
+    texts.reserve(lines.size());
     for (const qint64 line : lines)
         texts.push_back(textOf(hunk, line));
     return texts;

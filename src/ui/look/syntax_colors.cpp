@@ -50,9 +50,9 @@ double contrast(const QColor &color, const QColor &background) {
 }
 
 QColor readable(const QColor &color, const QColor &background, const QColor &text) {
-    for (double weight = 0; weight < 1; weight += mixStep) {
+    for (int step = 0; step * mixStep < 1; ++step) {
         // What is painted has eight bits to a channel.
-        const QColor mixedColor = QColor::fromRgb(mixed(color, text, weight).rgb());
+        const QColor mixedColor = QColor::fromRgb(mixed(color, text, step * mixStep).rgb());
         if (contrast(mixedColor, background) >= leastContrast)
             return mixedColor;
     }
