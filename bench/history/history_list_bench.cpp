@@ -114,7 +114,8 @@ void run() {
     const auto tool = std::make_shared<PrintedLog>();
     Bench bench(tool);
     AppState &app = bench.app;
-    HistoryTab history(app, {&bench.action, &bench.action, &bench.action, &bench.action, &bench.action});
+    QAction *any = &bench.action;
+    HistoryTab history(app, {any, any, any, any, any, any});
     ArchivesTab archives(app, &bench.action);
     for (const int count : {revisions, revisions + 1}) {
         tool->printed.insert(u"log"_s, svnLog(count, paths));
