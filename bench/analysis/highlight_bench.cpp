@@ -65,7 +65,7 @@ void BM_highlightCpp(benchmark::State &state) {
     double floor = 1e9;
     double best = 1e9;
     qsizetype spans = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         floor = std::min(floor, secondsOf([&] { benchmark::DoNotOptimize(plainMatches(expressions, lines)); }));
         const double seconds = secondsOf([&] {
             for (const QStringView line : lines)
@@ -113,7 +113,7 @@ void BM_endlessBacktracking(benchmark::State &state) {
         definition.rules.append({trap.pattern, u"#000000"_s, i});
     CompiledSyntax syntax(definition);
     double worst = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double seconds = secondsOf([&] { benchmark::DoNotOptimize(syntax.collectedMatches(trap.line)); });
         worst = std::max(worst, seconds);
         state.SetIterationTime(seconds);

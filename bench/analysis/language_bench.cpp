@@ -61,7 +61,7 @@ void BM_languageDistribution(benchmark::State &state) {
     writeTree(directory.path());
     double floor = 1e9;
     double best = 1e9;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         floor = std::min(floor, elapsedSeconds([&] { runFind(directory.path()); }));
         const double seconds = elapsedSeconds(
             [&] { benchmark::DoNotOptimize(LanguageDistributionAnalyzer::analyzeSync(directory.path(), {})); });

@@ -56,7 +56,7 @@ void measure(benchmark::State &state, const Run &run) {
     const std::vector<QStringView> added = views(run.added);
     double worst = 0;
     qsizetype paired = 0;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double seconds = secondsOf([&] {
             const std::vector<qsizetype> pairs = pairedLines(removed, added);
             paired = linesOfRun / 2 - std::count(pairs.begin(), pairs.end(), -1);

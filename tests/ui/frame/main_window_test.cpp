@@ -108,7 +108,7 @@ QString effectOf(const CommandRow &row, const QString &folder) {
                state.svnExecutablePath.value().isEmpty();
     });
     QStringList effects;
-    for (QString asked : user.asked)
+    for (const QString &asked : std::as_const(user.asked))
         effects.append(asked.section(u':', 0, 0).replace(folder, u"FOLDER"_s));
     if (!tool->runs.isEmpty())
         effects.append(tool->vectors().first().join(u' '));
