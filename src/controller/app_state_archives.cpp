@@ -12,19 +12,11 @@
 #include <QUuid>
 #include <QtConcurrent>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace kestor {
 
 namespace {
-
-std::optional<LogEntry> entryWithRevision(const QList<LogEntry> &entries, std::optional<qint64> revision) {
-    const auto found = std::find_if(entries.begin(), entries.end(),
-                                    [revision](const LogEntry &entry) { return entry.revision == revision; });
-    return found == entries.end() ? std::nullopt : std::optional(*found);
-}
 
 /// Leaves a file alone that the user was not asked about, because its name was completed afterwards.
 FileBeside createFileFor(const QString &chosenPath, const QString &destination) {

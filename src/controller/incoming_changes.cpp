@@ -6,19 +6,11 @@
 #include <QCoroFuture>
 #include <QtConcurrent>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace kestor {
 
 namespace {
-
-const LogEntry *entryOf(const QList<LogEntry> &entries, std::optional<qint64> revision) {
-    const auto found = std::find_if(entries.begin(), entries.end(),
-                                    [revision](const LogEntry &entry) { return entry.revision == revision; });
-    return found == entries.end() ? nullptr : &*found;
-}
 
 /// svn succeeds then and names no revision to compare with.
 QString missingURLText(const RepositoryInfo &info) {
@@ -137,7 +129,7 @@ void IncomingChanges::publish(const IncomingStatus &loaded, const QList<LogEntry
     workspace.incomingOutdatedItems = loaded.outdatedItems;
     workspace.incomingEntries = entries;
     workspace.incomingLoaded = true;
-    if (entryOf(entries, workspace.selectedIncomingRevision) == nullptr)
+    if (!entryWithRevision(entries, workspace.selectedIncomingRevision))
         workspace.selectedIncomingRevision = entries.isEmpty() ? std::nullopt : std::optional(entries.first().revision);
     workspace.release(before);
 }
@@ -215,8 +207,7 @@ void IncomingChanges::dropWhatArrived() {
 }
 
 std::optional<LogEntry> IncomingChanges::selectedIncomingLogEntry() const {
-    const LogEntry *const entry = entryOf(workspace.incomingEntries, workspace.selectedIncomingRevision);
-    return entry == nullptr ? std::nullopt : std::optional(*entry);
+    return entryWithRevision(workspace.incomingEntries, workspace.selectedIncomingRevision);
 }
 
 std::optional<QString> IncomingChanges::incomingRangeDescription() const {

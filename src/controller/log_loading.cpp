@@ -21,12 +21,6 @@ QCoro::Task<bool> isBeforeFirstCommit(std::shared_ptr<Tool> git, QString directo
     co_return head.status == 1;
 }
 
-const LogEntry *entryOf(const QList<LogEntry> &entries, qint64 revision) {
-    const auto found = std::find_if(entries.begin(), entries.end(),
-                                    [revision](const LogEntry &entry) { return entry.revision == revision; });
-    return found == entries.end() ? nullptr : &*found;
-}
-
 } // namespace
 
 QStringList logArguments(RepositoryKind kind) {
@@ -63,11 +57,11 @@ LoadedHistory loadedHistory(const QList<LogEntry> &entries, const QString &relat
 
 std::optional<qint64> revisionAfterLoad(std::optional<qint64> revision, const QList<LogEntry> &before,
                                         const QList<LogEntry> &after) {
-    const LogEntry *const entry = revision ? entryOf(before, *revision) : nullptr;
-    if (entry == nullptr || !entry->commitHash)
+    const std::optional<LogEntry> entry = entryWithRevision(before, revision);
+    if (!entry || !entry->commitHash)
         return revision;
     const auto moved = std::find_if(after.begin(), after.end(),
-                                    [entry](const LogEntry &other) { return other.commitHash == entry->commitHash; });
+                                    [&entry](const LogEntry &other) { return other.commitHash == entry->commitHash; });
     return moved == after.end() ? revision : moved->revision;
 }
 

@@ -69,7 +69,7 @@ public:
 
     /// Runs `svn` in `workingDirectory` ("" for this process's own) under a busy message and shows what it printed.
     QCoro::Task<> runCommand(QString title, QStringList arguments, QString workingDirectory, RefreshAfter refreshAfter,
-                             ShowOutput showOutput, BusyKind busyKind = BusyKind::command);
+                             ShowOutput showOutput, BusyKind work = BusyKind::command);
     /// The same with `git`.
     QCoro::Task<> runGitCommand(QString title, QStringList arguments, QString workingDirectory,
                                 RefreshAfter refreshAfter, ShowOutput showOutput);
@@ -125,8 +125,7 @@ public:
 
 private:
     QCoro::Task<> runToolCommand(RepositoryKind kind, QString title, PathCommand command, QString workingDirectory,
-                                 RefreshAfter refreshAfter, ShowOutput showOutput,
-                                 BusyKind busyKind = BusyKind::command);
+                                 RefreshAfter refreshAfter, ShowOutput showOutput, BusyKind work = BusyKind::command);
     QCoro::Task<> runInSelectedProject(RepositoryKind kind, QString title, QStringList arguments,
                                        RefreshAfter refreshAfter, ShowOutput showOutput);
 };

@@ -35,6 +35,9 @@ struct LogEntry {
     friend bool operator==(const LogEntry &, const LogEntry &) = default;
 };
 
+/// The entry of that revision; nothing when there is none, or no revision. Linear.
+std::optional<LogEntry> entryWithRevision(const QList<LogEntry> &entries, std::optional<qint64> revision);
+
 /// The first seven characters of `commitHash`, or "r" and `revision` when there is no hash.
 QString displayRevision(qint64 revision, const std::optional<QString> &commitHash);
 
