@@ -2,7 +2,6 @@
 #include "support/printers.h"
 
 #include <gtest/gtest.h>
-#include <ranges>
 
 namespace kestor {
 namespace {
@@ -12,8 +11,8 @@ using namespace Qt::StringLiterals;
 /// The line with its marks in brackets.
 QString marked(const QString &line, const std::vector<TextRange> &marks) {
     QString result = line;
-    for (const TextRange &mark : std::views::reverse(marks))
-        result.insert(mark.end(), u']').insert(mark.start, u'[');
+    for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark)
+        result.insert(mark->end(), u']').insert(mark->start, u'[');
     return result;
 }
 
