@@ -1,20 +1,17 @@
 // A diff of 1,000,000 lines and 64 MB in the pane: how soon its first screen is there, how long the event loop ever
-// stands still until all of it is read and after it is replaced, and what it costs in memory. Each line's "ratio"
-// compares with the bound that stands beside it.
+// stands still until all of it is read and after it is replaced, and what it costs in memory.
 
 #include "../parsers/samples.h"
+#include "../support/measures.h"
 #include "ui/diff/diff_pane.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QScrollBar>
 #include <QThread>
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <time.h>
 #include <unistd.h>
 #include <utility>
 
@@ -25,10 +22,6 @@ using namespace Qt::StringLiterals;
 
 constexpr int diffLines = 1'000'000;
 
-double milliseconds(const QElapsedTimer &timer) {
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
 double residentBytes() {
     QFile file(u"/proc/self/statm"_s);
     if (!file.open(QIODevice::ReadOnly))
@@ -36,19 +29,8 @@ double residentBytes() {
     return file.readAll().split(' ').at(1).toDouble() * static_cast<double>(sysconf(_SC_PAGESIZE));
 }
 
-void report(const char *name, double value, const char *unit, double bound) {
-    std::printf("%-52s %8.2f %-5s bound %6.1f  ratio %5.2f\n", name, value, unit, bound, value / bound);
-}
-
 DiffSubject subjectOf(const QString &path) {
     return {path, WorkingCopyItem{.path = path, .kind = SVNStatusKind::modified}};
-}
-
-/// The processor time that the calling thread has used.
-double ownMilliseconds() {
-    timespec used{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
-    return static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
 }
 
 struct Pause {
@@ -108,12 +90,12 @@ void measureScreens(const char *name, const QString &text) {
         screen = ownMilliseconds() - before;
     }
     std::ranges::nth_element(used, used.begin() + used.size() / 2);
-    report(name, used[used.size() / 2], "ms", 4);
+    report(name, used[used.size() / 2], "ms");
 }
 
 void run() {
     measureScreens("a screen of 60 lines, word marks on most", changedSource(2));
-    measureScreens("  in runs of 200 lines", changedSource(200));
+    measureScreens("a screen of 60 lines, in runs of 200 lines", changedSource(200));
     DiffPane pane;
     pane.resize(900, 700);
     pane.show();
@@ -128,37 +110,36 @@ void run() {
         bytes = printed.size();
         text = QString::fromUtf8(printed);
     }
-    std::printf("diff of %d lines, %.1f MB\n", diffLines, static_cast<double>(bytes) / 1e6);
 
     QElapsedTimer timer;
     timer.start();
     pane.showDiff(subjectOf(u"long"_s), text);
     pane.repaint();
-    report("first screen", milliseconds(timer), "ms", 100);
+    report("first screen", milliseconds(timer), "ms");
 
     const DiffView &view = pane.diffView();
     QScrollBar &bar = *view.verticalScrollBar();
     const Pause pause = longestTurns(bar, [&] { return view.document().part == DocumentPart::whole; });
-    report("longest pause of the event loop until all is read", pause.passed, "ms", 16);
-    report("  of the main thread's own time", pause.own, "ms", 16);
-    report("all read", milliseconds(timer), "ms", 2000);
-    report("memory, text included, to a byte of diff", (residentBytes() - before) / static_cast<double>(bytes), "bytes",
-           3);
+    report("longest pause until all is read", pause.passed, "ms");
+    report("longest pause until all is read, own time", pause.own, "ms");
+    report("all read", milliseconds(timer), "ms");
+    report("memory, text included, to a byte of diff", (residentBytes() - before) / static_cast<double>(bytes),
+           "bytes");
 
     timer.restart();
     bar.setValue(bar.maximum());
     pane.repaint();
-    report("jump to the end and paint", milliseconds(timer), "ms", 16);
+    report("jump to the end and paint", milliseconds(timer), "ms");
     timer.restart();
     pane.stepHunk(CaretDirection::back);
     pane.repaint();
-    report("step to the hunk before and paint", milliseconds(timer), "ms", 16);
+    report("step to the hunk before and paint", milliseconds(timer), "ms");
 
     text.clear();
     timer.restart();
     pane.showDiff(subjectOf(u"short"_s), u"(no text diff)"_s);
     pane.repaint();
-    report("replace the long diff", milliseconds(timer), "ms", 16);
+    report("replace the long diff", milliseconds(timer), "ms");
 }
 
 } // namespace

@@ -1,14 +1,13 @@
 // What the controller does with a log between the tool's last byte and the published list.
 
+#include "../support/measures.h"
 #include "controller/app_state.h"
 #include "log_samples.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
-#include <time.h>
 
 using namespace Qt::StringLiterals;
 
@@ -47,13 +46,6 @@ public:
     QCoro::Task<bool> openInFileManager(QString) override { co_return false; }
     QCoro::Task<TerminalResult> openTerminal(QString) override { co_return TerminalResult(); }
 };
-
-/// The processor time that the calling thread has used.
-double ownMilliseconds() {
-    timespec used{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
-    return static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
-}
 
 /// The longest turn of the event loop until `ended`, in milliseconds of the main thread's own time.
 template <typename Condition>

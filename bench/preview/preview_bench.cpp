@@ -2,23 +2,21 @@
 // painted, against the bare decoding of the same bytes on as many threads (one for each image), and how long the event
 // loop ever stands still meanwhile and afterwards. The two are measured in turn; the medians are compared.
 
+#include "../support/measures.h"
 #include "ui/preview/detail_pane.h"
 #include "ui/preview/image_view.h"
 #include "ui/preview/preview_pane.h"
 
 #include <QApplication>
 #include <QBuffer>
-#include <QElapsedTimer>
 #include <QImageReader>
 #include <QScrollBar>
 #include <QThread>
 #include <QtConcurrent>
 
 #include <algorithm>
-#include <cstdio>
 #include <functional>
 #include <random>
-#include <time.h>
 #include <vector>
 
 namespace kestor {
@@ -29,24 +27,9 @@ using namespace Qt::StringLiterals;
 constexpr QSize imageSize24(6000, 4000);
 constexpr int rounds = 9;
 
-double milliseconds(const QElapsedTimer &timer) {
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-/// The processor time that the calling thread has used.
-double ownMilliseconds() {
-    timespec used{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
-    return static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
-}
-
 double median(std::vector<double> values) {
     std::ranges::sort(values);
     return values[values.size() / 2];
-}
-
-void report(const QString &name, double value, double bound) {
-    std::printf("%-52s %8.1f ms    bound %6.1f  ratio %5.2f\n", qPrintable(name), value, bound, value / bound);
 }
 
 /// Soft shapes with grain, as a camera has it.
@@ -149,13 +132,10 @@ void run(const char *format) {
         useImages(pane, pause);
         pause.measure([&pane] { pane.showNothing(u"(select a changed file)"_s); });
     }
-    std::printf("%s pair, %.1f and %.1f MB, bare decoding on two threads %.1f ms\n", format,
-                static_cast<double>(preview.oldData->size()) / 1e6, static_cast<double>(preview.newData->size()) / 1e6,
-                median(bare));
-    report(u"shown, against 1.5 times bare decoding"_s, median(shown), 1.5 * median(bare));
-    std::printf("%-52s %8.2f\n", "  times bare decoding", median(shown) / median(bare));
-    report(u"longest pause of the event loop"_s, pause.passed, 16);
-    report(u"  of the main thread's own time"_s, pause.own, 16);
+    const QByteArray pair = QByteArray(format) + " pair";
+    report(pair + ": chosen to painted", median(shown), "ms", median(bare));
+    report(pair + ": longest pause", pause.passed, "ms");
+    report(pair + ": longest pause, own time", pause.own, "ms");
 }
 
 } // namespace

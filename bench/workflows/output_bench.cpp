@@ -1,6 +1,7 @@
-// What a command that prints 100 MB costs until its output stands in the window: how far memory grows, against three
-// times what was printed, and the longest turn of the main thread, against 16 ms.
+// What a command that prints 100 MB costs until its output stands in the window: how far memory grows, and the longest
+// turn of the main thread.
 
+#include "../support/measures.h"
 #include "support/app_fixture.h"
 #include "ui/frame/main_window.h"
 
@@ -8,17 +9,13 @@
 #include <QFile>
 
 #include <algorithm>
-#include <cstdio>
 #include <malloc.h>
-#include <time.h>
 
 namespace kestor {
 namespace {
 
 using namespace Qt::StringLiterals;
 using testing::AppFixture;
-
-constexpr double megabytes = 100;
 
 /// A field of this process's status in MB.
 double statusField(const QByteArray &name) {
@@ -37,13 +34,6 @@ void forgetPeak() {
     QFile peak(u"/proc/self/clear_refs"_s);
     if (!peak.open(QIODevice::WriteOnly) || peak.write("5") != 1)
         qFatal("the peak cannot be forgotten");
-}
-
-/// The processor time that the calling thread has used.
-double ownMilliseconds() {
-    timespec used{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &used);
-    return static_cast<double>(used.tv_sec) * 1e3 + static_cast<double>(used.tv_nsec) / 1e6;
 }
 
 QCoro::Task<> noteEnd(QCoro::Task<> work, bool *ended) {
@@ -69,9 +59,8 @@ void measure(const char *name, AppFixture &f, Operation operation) {
     }
     QApplication::processEvents();
     const double grown = statusField("VmHWM:") - before;
-    std::printf("%-40s %6.0f MB  ratio %5.2f   longest turn %5.1f ms  ratio %5.2f\n", name, grown,
-                grown / (3 * megabytes), longest, longest / 16);
-    std::fflush(stdout);
+    report(QByteArray(name) + ": memory grown", grown, "MB");
+    report(QByteArray(name) + ": longest turn, own time", longest, "ms");
 }
 
 } // namespace

@@ -1,15 +1,14 @@
 // What the user waits for when many files are committed or deleted at once, against the same done by hand with the
 // tools. The repositories are real and made anew for every round; the best of the rounds counts.
 
+#include "../support/measures.h"
 #include "controller/deletion.h"
 #include "support/app_fixture.h"
 #include "support/repositories.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 
 #include <algorithm>
-#include <cstdio>
 #include <functional>
 #include <limits>
 
@@ -47,9 +46,7 @@ void compare(const char *name, const std::function<double()> &byHand, const std:
         byHandBest = std::min(byHandBest, byHand());
         measuredBest = std::min(measuredBest, measured());
     }
-    std::printf("%-40s %8.2f s  by hand %8.2f s  ratio %5.2f\n", name, measuredBest, byHandBest,
-                measuredBest / byHandBest);
-    std::fflush(stdout);
+    report(name, measuredBest, "s", byHandBest);
 }
 
 QString fileName(int number) {
