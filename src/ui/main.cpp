@@ -1,13 +1,45 @@
 #include "ui/frame/program.h"
+#include "ui/frame/waiting_start.h"
+#include "ui/start/instance_start.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QSettings>
 
+#include <chrono>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Outcome = kestor::InstanceStart::Outcome;
+
+/// A running window answers within milliseconds, one that is just starting within some hundred.
+constexpr std::chrono::milliseconds patience = 2s;
+
+kestor::OpenRequest requestOf(int argc, char **argv) {
+    const QList<QByteArray> words(argv + qMin(argc, 1), argv + argc);
+    const QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
+    return kestor::openRequest(words, QDir::currentPath(), token);
+}
+
+} // namespace
+
+/// Its arguments are folders to be added as projects; there are no options, not even Qt's own.
 int main(int argc, char **argv) {
-    const QApplication application(argc, argv);
     kestor::setProgramNames();
+    kestor::InstanceStart start(QSettings().fileName(), requestOf(argc, argv));
+    Outcome outcome = start.tryFor(patience);
+    if (outcome == Outcome::handedOver)
+        return EXIT_SUCCESS;
+    int nameAlone = qMin(argc, 1);
+    const QApplication application(nameAlone, argv);
+    if (outcome == Outcome::unanswered)
+        outcome = kestor::waitForAnswer(start);
+    if (outcome != Outcome::first)
+        return outcome == Outcome::handedOver ? EXIT_SUCCESS : EXIT_FAILURE;
     QSettings settings;
     kestor::Program program(settings);
     program.start();
+    program.serve(start);
     return QApplication::exec();
 }

@@ -209,6 +209,14 @@ WindowState MainWindow::currentState() const {
     return current;
 }
 
+void MainWindow::bringForward() {
+    closesWhenDone = false;
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+}
+
 void MainWindow::closeEvent(QCloseEvent *event) {
     if (isVisible())
         saveWindowState(settings, currentState());

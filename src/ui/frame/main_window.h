@@ -32,6 +32,12 @@ public:
     /// Both must outlive the window, which is not shown yet and has started nothing.
     MainWindow(AppState &state, QSettings &settings);
 
+    /// Shows the window in front of all others, also when it is minimised or was closed while a command runs, which it
+    /// then outlives.
+    void bringForward();
+    /// Whether the user closed the window and nothing brings it back.
+    bool isClosed() const { return isHidden() && !closesWhenDone; }
+
     TabPages &tabPages() { return *pages; }
 
 protected:

@@ -1,26 +1,60 @@
 #include "ui/frame/program.h"
 
-#include <QCoreApplication>
+#include "ui/start/instance_start.h"
+#include "ui/start/request_server.h"
+
+#include <QGuiApplication>
+#include <QSessionManager>
 
 namespace kestor {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr const char *activationVariable = "XDG_ACTIVATION_TOKEN";
+
+} // namespace
+
 void setProgramNames() {
     QCoreApplication::setOrganizationName(u"KestorSVN"_s);
     QCoreApplication::setApplicationName(u"KestorSVN"_s);
     QCoreApplication::setApplicationVersion(QStringLiteral(KESTOR_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral(KESTOR_APPLICATION_ID));
 }
 
 Program::Program(QSettings &settings)
-    : appState(settings, interaction, systemTools(settings)), mainWindow(appState, settings) {
+    : appState(settings, interaction, systemTools(settings)), mainWindow(appState, settings), folders(appState) {
     interaction.setWindow(&mainWindow);
 }
+
+Program::~Program() = default;
 
 void Program::start() {
     mainWindow.show();
     appState.projectSelectionChanged();
     colors.followDesktop();
+}
+
+void Program::serve(const InstanceStart &first) {
+    folders.add(first.request().paths);
+    requests = std::make_unique<RequestServer>(first.listening(),
+                                               [this](const OpenRequest &request) { return open(request); });
+    // The next session starts it without Qt's own arguments, which would be read as folders.
+    QObject::connect(qApp, &QGuiApplication::saveStateRequest, &mainWindow, [](QSessionManager &session) {
+        session.setRestartCommand({QCoreApplication::applicationFilePath()});
+    });
+}
+
+bool Program::open(const OpenRequest &request) {
+    if (mainWindow.isClosed())
+        return false;
+    // Wayland's plug-in takes it from there.
+    qputenv(activationVariable, request.activationToken);
+    mainWindow.bringForward();
+    qunsetenv(activationVariable);
+    folders.add(request.paths);
+    return true;
 }
 
 } // namespace kestor

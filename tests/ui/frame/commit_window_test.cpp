@@ -214,6 +214,19 @@ TEST_F(CommitWindow, ClosingLetsARunningCommandFinish) {
     EXPECT_TRUE(finished);
 }
 
+TEST_F(CommitWindow, AnotherStartBringsBackAWindowThatWaitsForItsCommand) {
+    app.busyMessage = u"Committing"_s;
+    window.close();
+    EXPECT_FALSE(window.isClosed());
+    window.bringForward();
+    QTimer::singleShot(0, &window, [&] { app.busyMessage = std::nullopt; });
+    QTimer::singleShot(200, &window, [] { QCoreApplication::exit(1); });
+    EXPECT_EQ(QApplication::exec(), 1) << "the window stays";
+    EXPECT_TRUE(window.isVisible());
+    window.close();
+    EXPECT_TRUE(window.isClosed());
+}
+
 TEST_F(CommitWindow, AFailureAfterClosingBringsTheWindowBack) {
     app.busyMessage = u"Committing"_s;
     window.close();

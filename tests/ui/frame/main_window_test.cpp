@@ -4,6 +4,7 @@
 #include "support/repositories.h"
 #include "support/svn_server.h"
 #include "tools/svn_preference.h"
+#include "ui/frame/arriving_folders.h"
 #include "ui/frame/branch_button.h"
 #include "ui/frame/busy_card.h"
 #include "ui/frame/command_table.h"
@@ -23,6 +24,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
+#include <QFileOpenEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -423,6 +425,25 @@ TEST_F(Window, TakesDroppedFoldersOnlyWhenItCan) {
         EXPECT_EQ(enter.isAccepted(), row.taken);
     }
     app.busyMessage = std::nullopt;
+}
+
+TEST_F(Window, AddsFoldersOfTheDesktopAsSoonAsItCan) {
+    show({});
+    tree.makeDirectory(u"repo"_s);
+    testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, tree.path(u"repo"_s));
+    ArrivingFolders folders(app);
+    app.busyMessage = u"Committing"_s;
+    folders.add({tree.path(u"repo"_s), tree.path(u"gone"_s)});
+    const QDeadlineTimer held(300);
+    EXPECT_TRUE(waitUntil([&] { return held.hasExpired(); }));
+    EXPECT_TRUE(app.projects.value().isEmpty() && !app.alert.value());
+    app.busyMessage = std::nullopt;
+    EXPECT_TRUE(waitUntil([this] { return app.selectedProject().has_value(); }));
+    EXPECT_EQ(fixture.alertText(), u"Could Not Add Project: There is no folder at "_s + tree.path(u"gone"_s));
+    dismissAlert();
+    QFileOpenEvent opened(QUrl::fromLocalFile(tree.path(u"file"_s)));
+    QApplication::sendEvent(qApp, &opened);
+    EXPECT_EQ(fixture.alertText(), u"Could Not Add Project: There is no folder at "_s + tree.path(u"file"_s));
 }
 
 TEST_F(Window, TabsShareTheWidthOfTheirListsAndArchivesKeepsItsOwn) {
