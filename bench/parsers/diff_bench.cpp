@@ -11,6 +11,8 @@
 namespace kestor {
 namespace {
 
+using namespace Qt::StringLiterals;
+
 ParsedDiff parsed(const QByteArray &bytes) {
     return UnifiedDiffParser::parse(withLineFeeds(QString::fromUtf8(bytes)));
 }
@@ -28,36 +30,44 @@ void reportMemory(benchmark::State &state, const QByteArray &bytes) {
     state.counters["additions"] = static_cast<double>(lineChanges(diff).additions);
 }
 
-/// `git apply --numstat` reads a patch and counts its lines too.
-void compareWithGit(benchmark::State &state, const QByteArray &bytes) {
+void runTool(const QString &program, const QStringList &arguments) {
+    QProcess process;
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.start(program, arguments);
+    if (!process.waitForFinished(-1) || process.exitCode() != 0)
+        qFatal("%s failed: %s", qPrintable(program), process.readAllStandardError().constData());
+}
+
+/// `git apply --numstat` reads a patch and counts its lines too, and so does `diffstat`.
+void compareWithTools(benchmark::State &state, const QByteArray &bytes) {
     QTemporaryFile file;
     if (!file.open() || file.write(bytes) != bytes.size() || !file.flush()) {
         state.SkipWithError("cannot write the patch");
         return;
     }
-    QProcess git;
-    git.setStandardOutputFile(QProcess::nullDevice());
-    git.setProgram(QStringLiteral("git"));
-    git.setArguments({QStringLiteral("apply"), QStringLiteral("--numstat"), file.fileName()});
-    const auto runGit = [&git] {
-        git.start();
-        if (!git.waitForFinished(-1) || git.exitCode() != 0)
-            qFatal("git apply failed: %s", git.readAllStandardError().constData());
-    };
-    runSideBySide(state, bytes.size(), runGit, [&bytes] { benchmark::DoNotOptimize(parsed(bytes)); });
+    double diffstat = std::numeric_limits<double>::max();
+    for (int round = 0; round < 3; ++round)
+        diffstat = std::min(diffstat, secondsOf([&file] { runTool(u"diffstat"_s, {file.fileName()}); }));
+    runSideBySide(
+        state, bytes.size(),
+        [&file] {
+            runTool(u"git"_s, {u"apply"_s, u"--numstat"_s, file.fileName()});
+        },
+        [&bytes] { benchmark::DoNotOptimize(parsed(bytes)); });
+    state.counters["diffstat_ms"] = 1000 * diffstat;
     reportMemory(state, bytes);
 }
 
 void BM_diff(benchmark::State &state) {
-    compareWithGit(state, unifiedDiff(static_cast<int>(state.range(0))));
+    compareWithTools(state, unifiedDiff(static_cast<int>(state.range(0))));
 }
 
 void BM_diffWithCarriageReturns(benchmark::State &state) {
-    compareWithGit(state, unifiedDiff(static_cast<int>(state.range(0))).replace("\n", "\r\n"));
+    compareWithTools(state, unifiedDiff(static_cast<int>(state.range(0))).replace("\n", "\r\n"));
 }
 
 void BM_oneLineHunks(benchmark::State &state) {
-    compareWithGit(state, oneLineHunks(static_cast<int>(state.range(0))));
+    compareWithTools(state, oneLineHunks(static_cast<int>(state.range(0))));
 }
 
 BENCHMARK(BM_diff)->Arg(1000000)->UseManualTime()->Unit(benchmark::kMillisecond);

@@ -1,6 +1,10 @@
+#include "../parsers/side_by_side.h"
 #include "rules/ignore_rules.h"
 
+#include <QFile>
+#include <QProcess>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include <array>
 #include <benchmark/benchmark.h>
@@ -11,15 +15,20 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// As the ignore files of a large project have them: extensions, names, folders, paths and a few ways back.
-IgnoreRules realisticRules(int count) {
+QStringList realisticLines(int count) {
     const std::array<QString, 12> shapes{u"*.x%1"_s,       u"cache%1/"_s, u"/dist%1"_s,    u"doc%1/*.txt"_s,
                                          u"**/gen%1/**"_s, u"Name%1"_s,   u"[a-z]*.t%1"_s, u"!keep%1.x%1"_s,
                                          u"lib%1*.so.?"_s, u"out%1/*"_s,  u"*~%1"_s,       u"src/**/tmp%1/*.o"_s};
+    QStringList lines;
+    for (int i = 0; i < count; ++i)
+        lines.append(shapes[static_cast<std::size_t>(i) % shapes.size()].arg(i));
+    return lines;
+}
+
+IgnoreRules realisticRules(int count) {
     QList<IgnoreRule> rules;
-    for (int i = 0; i < count; ++i) {
-        const QString &line = shapes[static_cast<std::size_t>(i) % shapes.size()];
-        rules.append(*IgnoreRule::fromLine(line.arg(i), u""));
-    }
+    for (const QString &line : realisticLines(count))
+        rules.append(*IgnoreRule::fromLine(line, u""));
     return IgnoreRules(rules);
 }
 
@@ -54,6 +63,47 @@ void decidePaths(benchmark::State &state) {
                                                       benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
 BENCHMARK(decidePaths)->Arg(30)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
+
+void runGit(const QStringList &arguments, const QString &directory, const QString &input = {}) {
+    QProcess git;
+    git.setWorkingDirectory(directory);
+    git.setStandardInputFile(input.isEmpty() ? QProcess::nullDevice() : input);
+    git.setStandardOutputFile(QProcess::nullDevice());
+    git.start(u"git"_s, arguments);
+    if (!git.waitForFinished(-1) || git.exitCode() > 1) // 1: no path is ignored
+        qFatal("git failed: %s", git.readAllStandardError().constData());
+}
+
+void writeLines(const QString &path, const QStringList &lines) {
+    QFile file(path);
+    const QByteArray bytes = lines.join(u'\n').toUtf8() + '\n';
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
+}
+
+/// The same patterns and paths, which are not on the disk, for Git.
+void againstCheckIgnore(benchmark::State &state) {
+    constexpr int patterns = 300;
+    const IgnoreRules rules = realisticRules(patterns);
+    const QStringList paths = distinctPaths(100000);
+    const QTemporaryDir directory;
+    writeLines(directory.filePath(u".gitignore"_s), realisticLines(patterns));
+    writeLines(directory.filePath(u"paths"_s), paths);
+    runGit({u"init"_s, u"-q"_s}, directory.path());
+    qsizetype bytes = 0;
+    for (const QString &path : paths)
+        bytes += path.size();
+    runSideBySide(
+        state, bytes,
+        [&] {
+            runGit({u"check-ignore"_s, u"--stdin"_s}, directory.path(), directory.filePath(u"paths"_s));
+        },
+        [&] {
+            for (const QString &path : paths)
+                benchmark::DoNotOptimize(rules.decision(path, false));
+        });
+}
+BENCHMARK(againstCheckIgnore)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(2);
 
 void compileRules(benchmark::State &state) {
     while (state.KeepRunning())
