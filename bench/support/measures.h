@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 
 #include <cstdio>
+#include <optional>
 #include <time.h>
 
 namespace kestor {
@@ -13,6 +14,13 @@ namespace kestor {
 /// theirs as counters of Google Benchmark.
 inline void report(const QByteArray &name, double value, const char *unit, double floor = 0) {
     std::printf("%s\t%.4g\t%s\t%.4g\n", name.constData(), value, unit, floor);
+    std::fflush(stdout);
+}
+
+/// Tells why there is nothing to compare with, beside our own figure if there is one.
+inline void reportAlone(const QByteArray &name, std::optional<double> value, const char *unit, const char *why) {
+    const QByteArray figure = value ? QByteArray::number(*value) : "-";
+    std::printf("%s\t%s\t%s\t-\t%s\n", name.constData(), figure.constData(), unit, why);
     std::fflush(stdout);
 }
 
