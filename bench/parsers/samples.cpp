@@ -6,15 +6,14 @@
 
 namespace kestor {
 
-namespace {
-
-/// Paths in the order of a directory walk, in folders of twenty files.
 QByteArray samplePath(int index) {
     static const QList<QByteArray> folders{"src/controller", "src/Model", "docs/images", "tests/support", "lib"};
     const int folder = index / 20;
     return folders[folder % folders.size()] + "/part_" + QByteArray::number(folder) + "/source-file" +
            QByteArray::number(index % 20) + (index % 3 == 0 ? ".cpp" : ".h");
 }
+
+namespace {
 
 QByteArray statusEntry(int index) {
     if (index % 2 == 0) {

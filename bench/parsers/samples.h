@@ -6,6 +6,9 @@ namespace kestor {
 
 // Tool output of a stated size, shaped like the real thing.
 
+/// Paths in the order of a directory walk, in folders of twenty files.
+QByteArray samplePath(int index);
+
 QByteArray svnStatusXml(int entries);
 QByteArray svnRemoteStatusXml(int entries);
 /// Ten changed paths to an entry.

@@ -29,9 +29,9 @@ void BM_info(benchmark::State &state) {
     compareWithExpat<InfoParser>(state, svnInfoXml());
 }
 
-BENCHMARK(BM_status)->Arg(20000)->Arg(100000)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_remoteStatus)->Arg(20000)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_log)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_status)->Arg(20000)->Arg(100000)->Arg(200000)->Arg(400000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_remoteStatus)->Arg(20000)->Arg(40000)->Arg(80000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_log)->Arg(5000)->Arg(10000)->Arg(20000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_info)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
 } // namespace

@@ -1,12 +1,12 @@
 #include "model/file_order.h"
 
 #include <QLocale>
+#include <QtEndian>
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <numeric>
-#include <optional>
-#include <string>
 #include <string_view>
 
 namespace kestor {
@@ -54,10 +54,14 @@ public:
         return true;
     }
 
-    std::string_view key(qsizetype position) const {
+    /// The eight bytes of the key from `depth` on, the first one highest; zeros follow the last byte of a key.
+    std::uint64_t word(qsizetype position, std::size_t depth) const {
         const auto index = static_cast<std::size_t>(position);
-        const std::size_t begin = index == 0 ? 0 : ends[index - 1];
-        return std::string_view(bytes).substr(begin, ends[index] - begin);
+        const std::size_t begin = (index == 0 ? 0 : ends[index - 1]) + depth;
+        std::array<char, sizeof(std::uint64_t)> word{};
+        if (begin < ends[index])
+            std::memcpy(word.data(), bytes.data() + begin, std::min(word.size(), ends[index] - begin));
+        return qFromBigEndian<std::uint64_t>(word.data());
     }
 
 private:
@@ -77,7 +81,7 @@ private:
             bytes.push_back(weightOf(digit));
     }
 
-    std::string bytes;
+    std::vector<char> bytes;
     std::vector<std::size_t> ends;
 };
 
@@ -88,11 +92,39 @@ std::optional<AsciiKeys> asciiKeys(const QStringList &texts) {
     return complete ? std::optional(std::move(keys)) : std::nullopt;
 }
 
-template <typename IsBefore>
-std::vector<qsizetype> sortedPositions(qsizetype count, IsBefore isBefore) {
-    std::vector<qsizetype> positions(static_cast<std::size_t>(count));
-    std::iota(positions.begin(), positions.end(), qsizetype{0});
-    std::stable_sort(positions.begin(), positions.end(), isBefore);
+/// Sorts by one word of the keys after another, and by a further one only where all before are the same.
+std::vector<qsizetype> asciiOrder(const AsciiKeys &keys, qsizetype count) {
+    struct Range {
+        std::size_t begin;
+        std::size_t end;
+        std::size_t depth;
+    };
+    std::vector<std::pair<std::uint64_t, qsizetype>> sorted(static_cast<std::size_t>(count));
+    for (std::size_t i = 0; i < sorted.size(); ++i)
+        sorted[i].second = static_cast<qsizetype>(i);
+    std::vector<Range> alike{{0, sorted.size(), 0}};
+    while (!alike.empty()) {
+        const Range range = alike.back();
+        alike.pop_back();
+        const auto end = sorted.begin() + static_cast<std::ptrdiff_t>(range.end);
+        auto run = sorted.begin() + static_cast<std::ptrdiff_t>(range.begin);
+        for (auto text = run; text != end; ++text)
+            text->first = keys.word(text->second, range.depth);
+        std::sort(run, end);
+        while (run != end) {
+            const std::uint64_t word = run->first;
+            const auto runEnd = std::find_if(run, end, [word](const auto &text) { return text.first != word; });
+            const bool goesOn = (word & 0xFF) != 0;
+            if (goesOn && runEnd - run > 1)
+                alike.push_back({static_cast<std::size_t>(run - sorted.begin()),
+                                 static_cast<std::size_t>(runEnd - sorted.begin()), range.depth + sizeof(word)});
+            run = runEnd;
+        }
+    }
+    std::vector<qsizetype> positions;
+    positions.reserve(sorted.size());
+    for (const auto &text : sorted)
+        positions.push_back(text.second);
     return positions;
 }
 
@@ -101,9 +133,12 @@ std::vector<qsizetype> collatedOrder(const QStringList &texts, const QCollator &
     keys.reserve(static_cast<std::size_t>(texts.size()));
     for (const QString &text : texts)
         keys.push_back(collator.sortKey(text));
-    return sortedPositions(texts.size(), [&keys](qsizetype a, qsizetype b) {
+    std::vector<qsizetype> positions(keys.size());
+    std::iota(positions.begin(), positions.end(), qsizetype{0});
+    std::stable_sort(positions.begin(), positions.end(), [&keys](qsizetype a, qsizetype b) {
         return keys[static_cast<std::size_t>(a)].compare(keys[static_cast<std::size_t>(b)]) < 0;
     });
+    return positions;
 }
 
 } // namespace
@@ -126,7 +161,7 @@ std::vector<qsizetype> standardOrder(const QStringList &texts) {
 
 std::vector<qsizetype> StandardOrder::positions(const QStringList &texts) {
     if (const std::optional<AsciiKeys> keys = asciiKeys(texts))
-        return sortedPositions(texts.size(), [&](qsizetype a, qsizetype b) { return keys->key(a) < keys->key(b); });
+        return asciiOrder(*keys, texts.size());
     if (!collator)
         collator = standardCollator();
     return collatedOrder(texts, *collator);

@@ -33,6 +33,27 @@ private:
     std::optional<QCollator> collator{};
 };
 
+/// Puts the record at `positions[i]` to place i, for all i. Moves them where they are: long lists need no second one.
+template <typename Record>
+void arrange(QList<Record> &records, std::vector<qsizetype> positions) {
+    Record *const record = records.data();
+    const auto positionFor = [&positions](qsizetype place) -> qsizetype & {
+        return positions[static_cast<std::size_t>(place)];
+    };
+    for (qsizetype start = 0; start < records.size(); ++start) {
+        if (positionFor(start) == start)
+            continue;
+        Record first = std::move(record[start]);
+        qsizetype place = start;
+        while (positionFor(place) != start) {
+            record[place] = std::move(record[positionFor(place)]);
+            place = std::exchange(positionFor(place), place);
+        }
+        record[place] = std::move(first);
+        positionFor(place) = place;
+    }
+}
+
 /// Sorts `records` stably and ascending by the text that `textOf` gives, in the localised standard order.
 template <typename Record, typename TextOf>
 void sortInStandardOrder(QList<Record> &records, TextOf textOf) {
@@ -40,11 +61,7 @@ void sortInStandardOrder(QList<Record> &records, TextOf textOf) {
     texts.reserve(records.size());
     for (const Record &record : std::as_const(records))
         texts.append(std::invoke(textOf, record));
-    QList<Record> sorted;
-    sorted.reserve(records.size());
-    for (const qsizetype position : standardOrder(texts))
-        sorted.append(std::move(records[position]));
-    records = std::move(sorted);
+    arrange(records, standardOrder(texts));
 }
 
 } // namespace kestor

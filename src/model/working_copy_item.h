@@ -22,6 +22,13 @@ struct WorkingCopyItem {
     friend bool operator==(const WorkingCopyItem &, const WorkingCopyItem &) = default;
 };
 
+} // namespace kestor
+
+/// Long lists of them grow without being copied.
+Q_DECLARE_TYPEINFO(kestor::WorkingCopyItem, Q_RELOCATABLE_TYPE);
+
+namespace kestor {
+
 /// "Tree Conflict", or the kind's name, followed by ", Props M" when the properties changed.
 QString statusLabel(const WorkingCopyItem &item);
 

@@ -1,13 +1,14 @@
 #include "parsers/svn_xml_reader.h"
 
 #include "parsers/decimal_integer.h"
+#include "parsers/svn_xml_scanner.h"
 
 #include <QUtf8StringView>
 
-#include <algorithm>
 #include <expat.h>
 #include <memory>
 #include <type_traits>
+#include <vector>
 
 namespace kestor {
 
@@ -21,16 +22,21 @@ struct Reading {
     XML_Parser parser;
     XmlHandler &handler;
     std::string text{};
+    std::vector<XmlAttribute> attributes{};
 };
 
 Reading &readingOf(void *userData) {
     return *static_cast<Reading *>(userData);
 }
 
-void startElement(void *userData, const XML_Char *name, const XML_Char **attributes) {
+/// `pairs` alternates names and values and ends with a null pointer.
+void startElement(void *userData, const XML_Char *name, const XML_Char **pairs) {
     Reading &reading = readingOf(userData);
     reading.text.clear();
-    reading.handler.startElement(name, XmlAttributes(attributes));
+    reading.attributes.clear();
+    for (; *pairs != nullptr; pairs += 2)
+        reading.attributes.push_back({pairs[0], pairs[1]});
+    reading.handler.startElement(name, XmlAttributes(reading.attributes));
 }
 
 void endElement(void *userData, const XML_Char *name) {
@@ -45,6 +51,29 @@ void characters(void *userData, const XML_Char *text, int length) {
 
 void startDoctype(void *userData, const XML_Char *, const XML_Char *, const XML_Char *, int) {
     XML_StopParser(readingOf(userData).parser, XML_FALSE);
+}
+
+bool parsePiece(XML_Parser parser, std::string_view piece, int isLast) {
+    return XML_Parse(parser, piece.data(), static_cast<int>(piece.size()), isLast) == XML_STATUS_OK;
+}
+
+/// Reads what follows the start tags of `openElements`.
+void readWithExpat(std::string_view utf8, const std::vector<std::string_view> &openElements, XmlHandler &handler) {
+    const std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter> parser(XML_ParserCreate("UTF-8"));
+    bool ok = true;
+    for (const std::string_view name : openElements)
+        ok = ok && parsePiece(parser.get(), '<' + std::string(name) + '>', 0);
+    Reading reading{parser.get(), handler};
+    XML_SetUserData(parser.get(), &reading);
+    XML_SetElementHandler(parser.get(), startElement, endElement);
+    XML_SetCharacterDataHandler(parser.get(), characters);
+    XML_SetStartDoctypeDeclHandler(parser.get(), startDoctype);
+    constexpr std::size_t pieceSize = 1 << 30; // expat counts in int
+    while (ok && !utf8.empty()) {
+        const std::string_view piece = utf8.substr(0, pieceSize);
+        utf8.remove_prefix(piece.size());
+        ok = parsePiece(parser.get(), piece, utf8.empty() ? 1 : 0);
+    }
 }
 
 } // namespace
@@ -71,9 +100,9 @@ const QString &RepeatedTexts::fromUtf8(std::string_view utf8) {
 }
 
 std::optional<std::string_view> XmlAttributes::value(std::string_view name) const {
-    for (const char *const *pair = namesAndValues; *pair != nullptr; pair += 2) {
-        if (name == *pair)
-            return pair[1];
+    for (const XmlAttribute &attribute : list) {
+        if (attribute.name == name)
+            return attribute.value;
     }
     return std::nullopt;
 }
@@ -94,20 +123,14 @@ std::optional<qint64> XmlAttributes::integer(std::string_view name) const {
 }
 
 void readXml(QByteArrayView utf8, XmlHandler &handler) {
-    const std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter> parser(XML_ParserCreate("UTF-8"));
-    Reading reading{parser.get(), handler};
-    XML_SetUserData(parser.get(), &reading);
-    XML_SetElementHandler(parser.get(), startElement, endElement);
-    XML_SetCharacterDataHandler(parser.get(), characters);
-    XML_SetStartDoctypeDeclHandler(parser.get(), startDoctype);
-    constexpr qsizetype pieceSize = 1 << 30; // expat counts in int
-    bool ok = true;
-    while (ok && !utf8.isEmpty()) {
-        const qsizetype size = std::min(pieceSize, utf8.size());
-        const int isLast = size == utf8.size() ? 1 : 0;
-        ok = XML_Parse(parser.get(), utf8.data(), static_cast<int>(size), isLast) == XML_STATUS_OK;
-        utf8 = utf8.sliced(size);
+    const std::string_view document(utf8.data(), static_cast<std::size_t>(utf8.size()));
+    if (!utf8.isValidUtf8()) {
+        readWithExpat(document, {}, handler);
+        return;
     }
+    SvnXmlScanner scanner(document, handler);
+    if (!scanner.scan())
+        readWithExpat(scanner.rest(), scanner.openElements(), handler);
 }
 
 QByteArray utf8OrEmpty(QStringView text) {

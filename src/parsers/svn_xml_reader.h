@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -44,11 +45,15 @@ private:
     std::unordered_map<std::string, QString, Hash, std::equal_to<>> texts;
 };
 
+struct XmlAttribute {
+    std::string_view name{};
+    std::string_view value{};
+};
+
 /// The attributes of one element. Valid during the call that gets them.
 class XmlAttributes {
 public:
-    /// `pairs` alternates names and values and ends with a null pointer.
-    explicit XmlAttributes(const char *const *pairs) : namesAndValues(pairs) {}
+    explicit XmlAttributes(std::span<const XmlAttribute> attributes) : list(attributes) {}
 
     std::optional<std::string_view> value(std::string_view name) const;
     std::optional<QString> text(std::string_view name) const;
@@ -57,7 +62,7 @@ public:
     std::optional<qint64> integer(std::string_view name) const;
 
 private:
-    const char *const *namesAndValues;
+    std::span<const XmlAttribute> list;
 };
 
 /// Receives what readXml finds. Names are plain names; all texts are UTF-8 and valid during the call.
