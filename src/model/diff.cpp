@@ -32,17 +32,20 @@ QStringView prefixOf(DiffLineKind kind) {
 }
 
 /// Numbers come from the text and may be as large as they like: the sum wraps instead of overflowing.
-qint64 lineNumber(qint64 start, quint32 offset) {
+qint64 lineNumber(qint64 start, quint64 offset) {
     return static_cast<qint64>(static_cast<quint64>(start) + offset);
 }
 
 } // namespace
 
+QStringView DiffSource::textOf(const PackedDiffLine &line) const {
+    return QStringView(text).sliced(static_cast<qsizetype>(line.start), static_cast<qsizetype>(line.length));
+}
+
 DiffLine DiffHunk::line(qint64 index) const {
     const PackedDiffLine &packed = source->lines[static_cast<std::size_t>(firstLine + index)];
-    DiffLine line{firstLine + index,     std::nullopt,
-                  std::nullopt,          packed.kind,
-                  prefixOf(packed.kind), QStringView(source->text).sliced(packed.start, packed.length)};
+    DiffLine line{firstLine + index, std::nullopt,          std::nullopt,
+                  packed.kind,       prefixOf(packed.kind), source->textOf(packed)};
     if (packed.kind == DiffLineKind::context || packed.kind == DiffLineKind::deletion)
         line.oldLineNumber = lineNumber(oldStart, packed.oldOffset);
     if (packed.kind == DiffLineKind::context || packed.kind == DiffLineKind::addition)

@@ -27,17 +27,20 @@ struct DiffLine {
 
 /// What the parser keeps of one line: a slice of the text and distances from the hunk's first numbers.
 struct PackedDiffLine {
-    qint64 start = 0;  ///< offset of the text without its prefix, in UTF-16 units
-    qint32 length = 0; ///< in UTF-16 units
-    quint32 oldOffset = 0;
-    quint32 newOffset = 0;
-    DiffLineKind kind = DiffLineKind::context;
+    quint64 start : 34; ///< offset of the text without its prefix, in UTF-16 units
+    quint64 oldOffset : 30;
+    quint64 length : 31; ///< in UTF-16 units
+    quint64 newOffset : 30;
+    DiffLineKind kind : 3;
 };
+static_assert(sizeof(PackedDiffLine) == 16, "long diffs have millions of them");
 
 /// The text of a diff and its lines, shared by all files parsed from it.
 struct DiffSource {
     QString text{};
     std::vector<PackedDiffLine> lines{}; ///< in the order of their ids
+
+    QStringView textOf(const PackedDiffLine &line) const;
 };
 
 /// One hunk: a range of lines of the source. A plain value; valid as long as its DiffFile.

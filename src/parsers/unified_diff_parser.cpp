@@ -4,7 +4,6 @@
 
 #include <QStringBuilder>
 
-#include <limits>
 #include <string_view>
 #include <utility>
 
@@ -14,7 +13,9 @@ namespace kestor {
 
 namespace {
 
-constexpr qsizetype longestLine = std::numeric_limits<qint32>::max(); ///< the rest of a longer one is cut off
+// What a packed line can say; the rest is cut off.
+constexpr qsizetype longestText = (qsizetype{1} << 34) - 1;
+constexpr qsizetype longestLine = (qsizetype{1} << 31) - 1;
 
 bool begins(QStringView line, std::u16string_view prefix) {
     return std::u16string_view(line.utf16(), static_cast<std::size_t>(line.size())).starts_with(prefix);
@@ -49,13 +50,21 @@ qint64 hunkPosition(QStringView range) {
     return decimalInteger(comma < 0 ? rest : rest.first(comma)).value_or(0);
 }
 
+/// A little more than the lines of `text` if its beginning is like the rest: memory that is reserved and never touched
+/// costs nothing, unlike the copies of a growing vector of this size.
+qsizetype expectedLines(QStringView text) {
+    constexpr qsizetype sampleSize = 65'536;
+    const QStringView sample = text.first(qMin(text.size(), sampleSize));
+    const qsizetype samples = text.size() / sampleSize + 1;
+    return qMin(samples * (sample.count(u'\n') + 1) / 4 * 5, text.size() / 8 + 1);
+}
+
 class DiffReader {
 public:
     explicit DiffReader(QString wholeText) : source(std::make_shared<DiffSource>()) {
         source->text = std::move(wholeText);
-        text = source->text;
-        // Counting first is cheaper than the copies and the slack of a growing vector of this size.
-        source->lines.reserve(static_cast<std::size_t>(text.count(u'\n') + 1));
+        text = QStringView(source->text).first(qMin(source->text.size(), longestText));
+        source->lines.reserve(static_cast<std::size_t>(expectedLines(text)));
     }
 
     ParsedDiff read() {
@@ -170,11 +179,12 @@ private:
     }
 
     void append(DiffLineKind kind, QStringView line) {
-        source->lines.push_back(PackedDiffLine{.start = line.utf16() - text.utf16(),
-                                               .length = static_cast<qint32>(qMin(line.size(), longestLine)),
-                                               .oldOffset = oldOffset,
-                                               .newOffset = newOffset,
-                                               .kind = kind});
+        PackedDiffLine &added = source->lines.emplace_back();
+        added.start = static_cast<quint64>(line.utf16() - text.utf16());
+        added.length = static_cast<quint64>(qMin(line.size(), longestLine));
+        added.oldOffset = oldOffset;
+        added.newOffset = newOffset;
+        added.kind = kind;
     }
 
     void startFile(QString oldPath, QString newPath) {

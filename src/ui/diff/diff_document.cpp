@@ -100,7 +100,7 @@ QStringView DiffDocument::lineText(qint64 line) const {
     if (isPlain())
         return QStringView(plainText).sliced(starts[index], starts[index + 1] - starts[index] - 1);
     const DiffSource &source = *diff.files.constFirst().source;
-    return QStringView(source.text).sliced(source.lines[index].start, source.lines[index].length);
+    return source.textOf(source.lines[index]);
 }
 
 DiffDocumentPtr diffDocument(QString text) {
