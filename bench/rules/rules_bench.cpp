@@ -32,7 +32,7 @@ IgnoreRules realisticRules(int count) {
     return IgnoreRules(rules);
 }
 
-/// Distinct paths of three to six pieces, a few of which some rule matches.
+/// Distinct paths of three to six pieces in the order of a walk, a few of which some rule matches.
 QStringList distinctPaths(int count) {
     const std::array<QString, 8> folders{u"src"_s, u"include"_s, u"modules"_s, u"tests"_s,
                                          u"doc"_s, u"assets"_s,  u"gen4"_s,    u"internal"_s};
@@ -47,6 +47,9 @@ QStringList distinctPaths(int count) {
             path += folders[(n / (depth * 7 + 1) + depth) % folders.size()] + u'/';
         paths.append(path + names[n % names.size()].arg(i));
     }
+    paths.sort();
+    for (QString &path : paths)
+        path = QString(path.constData(), path.size()); // a walk makes them one after another
     return paths;
 }
 
@@ -62,7 +65,7 @@ void decidePaths(benchmark::State &state) {
     state.counters["s_per_path"] = benchmark::Counter(static_cast<double>(paths.size() * state.iterations()),
                                                       benchmark::Counter::kIsRate | benchmark::Counter::kInvert);
 }
-BENCHMARK(decidePaths)->Arg(30)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
+BENCHMARK(decidePaths)->Arg(30)->Arg(300)->Arg(600)->Arg(1200)->Arg(3000)->Unit(benchmark::kMillisecond);
 
 void runGit(const QStringList &arguments, const QString &directory, const QString &input = {}) {
     QProcess git;

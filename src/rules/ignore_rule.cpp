@@ -143,14 +143,15 @@ GlobPiece IgnoreRule::requiredPiece() const {
     return !folderGlob || folderGlob->requiredPiece() == piece ? piece : GlobPiece();
 }
 
-QChar IgnoreRule::requiredFirst() const {
+QStringView IgnoreRule::requiredBegin() const {
     const QStringView begin = glob.literalBegin();
-    return begin.isEmpty() ? QChar() : begin.front();
+    const qsizetype slash = begin.indexOf(u'/');
+    return slash < 0 ? begin : begin.first(slash);
 }
 
-QChar IgnoreRule::requiredLast() const {
+QStringView IgnoreRule::requiredEnd() const {
     const QStringView end = glob.literalEnd();
-    return end.isEmpty() ? QChar() : end.back();
+    return end.sliced(end.lastIndexOf(u'/') + 1);
 }
 
 } // namespace kestor

@@ -31,10 +31,10 @@ public:
     // For paths without line breaks:
     /// A piece of every path that the rule matches.
     GlobPiece requiredPiece() const;
-    /// What some piece of every path that the rule matches begins with; null when nothing is known.
-    QChar requiredFirst() const;
-    /// What some piece of every path that the rule matches ends with; null when nothing is known.
-    QChar requiredLast() const;
+    /// What some piece of every path that the rule matches begins with; "" when nothing is known.
+    QStringView requiredBegin() const;
+    /// What some piece of every path that the rule matches ends with; "" when nothing is known.
+    QStringView requiredEnd() const;
 
 private:
     IgnoreRule() = default;

@@ -32,9 +32,21 @@ std::uint64_t hashOf(QStringView text, std::uint64_t seed) {
     return hash.value;
 }
 
-/// The bit of a character; none for the null character.
-std::uint64_t bitOf(QChar character) {
-    return character.isNull() ? 0 : std::uint64_t(1) << (character.unicode() % 64);
+/// The bit of a character, or of two that follow each other.
+std::uint64_t bitOf(char16_t first, char16_t second = 0) {
+    return std::uint64_t(1) << ((first + 37U * second) % 64);
+}
+
+/// The bits of a piece's first character and of its first two.
+std::uint64_t beginBits(QStringView piece) {
+    const std::uint64_t one = piece.isEmpty() ? 0 : bitOf(piece.front().unicode());
+    return piece.size() < 2 ? one : one | bitOf(piece[0].unicode(), piece[1].unicode());
+}
+
+/// The bits of a piece's last character and of its last two.
+std::uint64_t endBits(QStringView piece) {
+    const std::uint64_t one = piece.isEmpty() ? 0 : bitOf(piece.back().unicode());
+    return piece.size() < 2 ? one : one | bitOf(piece.back().unicode(), piece.chopped(1).back().unicode());
 }
 
 } // namespace
@@ -45,8 +57,8 @@ struct RuleIndex::PathKeys {
 
     QVarLengthArray<std::uint64_t, 32> folders; ///< the root and every folder on the way
     QVarLengthArray<std::uint64_t, 64> pieces;  ///< names and extensions
-    std::uint64_t firstCharacters = 0;          ///< the bits of those that begin a piece
-    std::uint64_t lastCharacters = 0;           ///< the bits of those that end a piece
+    std::uint64_t begins = 0;                   ///< the bits of how pieces begin
+    std::uint64_t ends = 0;                     ///< the bits of how they end
     bool hasLineBreak = false;                  ///< the pieces tell nothing
 };
 
@@ -55,22 +67,24 @@ RuleIndex::PathKeys::PathKeys(QStringView path) {
     GrowingHash name(nameSeed);
     GrowingHash extension(extensionSeed);
     bool hasExtension = false;
+    qsizetype begin = 0;
     const auto endPiece = [&](qsizetype end) {
+        const QStringView piece = path.sliced(begin, end - begin);
+        begins |= beginBits(piece);
+        ends |= endBits(piece);
+        begin = end + 1;
         pieces.append(name.value);
         if (hasExtension)
             pieces.append(extension.value);
-        lastCharacters |= bitOf(path[end - 1]);
         name = GrowingHash(nameSeed);
         hasExtension = false;
     };
     folders.append(folder.value);
-    firstCharacters = bitOf(path.front());
     for (qsizetype i = 0; i < path.size(); ++i) {
         const char16_t unit = path[i].unicode();
         if (unit == u'/') {
             endPiece(i);
             folders.append(folder.value);
-            firstCharacters |= bitOf(path[i + 1]);
         } else {
             if (unit == u'.') {
                 extension = GrowingHash(extensionSeed);
@@ -91,7 +105,7 @@ void RuleIndex::append(IgnoreRule rule) {
     const GlobPiece piece = rule.requiredPiece();
     switch (piece.kind) {
     case GlobPiece::Kind::anything:
-        folder.loose.push_back({position, bitOf(rule.requiredFirst()), bitOf(rule.requiredLast())});
+        folder.loose.push_back({position, beginBits(rule.requiredBegin()), endBits(rule.requiredEnd())});
         break;
     case GlobPiece::Kind::extension:
         folder.byPiece[hashOf(piece.text, extensionSeed)].push_back(position);
@@ -109,15 +123,14 @@ void RuleIndex::append(IgnoreRule rule) {
 struct RuleIndex::Search {
     void among(const Folder &folder) {
         for (auto rule = folder.loose.rbegin(); rule != folder.loose.rend() && rule->position > last; ++rule) {
-            if ((rule->first & ~keys.firstCharacters) == 0 && (rule->last & ~keys.lastCharacters) == 0)
+            if ((rule->begin & ~keys.begins) == 0 && (rule->end & ~keys.ends) == 0)
                 test(rule->position);
         }
         for (const std::uint64_t key : keys.pieces) {
-            const auto found = folder.byPiece.find(key);
-            if (found == folder.byPiece.end())
+            const Positions *positions = folder.byPiece.find(key);
+            if (!positions)
                 continue;
-            const Positions &positions = found->second;
-            for (auto position = positions.rbegin(); position != positions.rend() && *position > last; ++position)
+            for (auto position = positions->rbegin(); position != positions->rend() && *position > last; ++position)
                 test(*position);
         }
     }
@@ -146,9 +159,8 @@ const IgnoreRule *RuleIndex::lastMatch(QStringView path, bool isDirectory) const
         return lastMatchOfAll(path, isDirectory);
     Search search{rules, keys, path, isDirectory};
     for (const std::uint64_t key : keys.folders) {
-        const auto folder = folders.find(key);
-        if (folder != folders.end())
-            search.among(folder->second);
+        if (const Folder *folder = folders.find(key))
+            search.among(*folder);
     }
     return search.last < 0 ? nullptr : &rules[search.last];
 }

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QStringView>
 
+#include <array>
 #include <cstdint>
 #include <unordered_map>
 #include <vector>
@@ -27,19 +28,42 @@ public:
 private:
     using Positions = std::vector<qsizetype>; ///< in `rules`, ascending
 
+    /// Values by the hash of a text; a collision costs a test and changes no result. Most searches find nothing, which
+    /// a few bits tell at once.
+    template <typename Value>
+    class Table {
+    public:
+        Value &operator[](std::uint64_t key) {
+            used[wordOf(key)] |= bitOf(key);
+            return values[key];
+        }
+        const Value *find(std::uint64_t key) const {
+            if ((used[wordOf(key)] & bitOf(key)) == 0)
+                return nullptr;
+            const auto found = values.find(key);
+            return found == values.end() ? nullptr : &found->second;
+        }
+
+    private:
+        static std::size_t wordOf(std::uint64_t key) { return key / 64 % 64; }
+        static std::uint64_t bitOf(std::uint64_t key) { return std::uint64_t(1) << (key % 64); }
+
+        std::array<std::uint64_t, 64> used{};
+        std::unordered_map<std::uint64_t, Value> values;
+    };
+
     /// A rule that requires no whole piece. The bits stand for characters, several for one bit: a path that lacks one
     /// among those with which its pieces begin or end cannot match.
     struct LooseRule {
         qsizetype position = 0;
-        std::uint64_t first = 0;
-        std::uint64_t last = 0;
+        std::uint64_t begin = 0;
+        std::uint64_t end = 0;
     };
 
-    /// The rules of one folder's ignore files. Texts are kept as hashes: a collision costs a test and changes no
-    /// result.
+    /// The rules of one folder's ignore files.
     struct Folder {
         std::vector<LooseRule> loose;
-        std::unordered_map<std::uint64_t, Positions> byPiece;
+        Table<Positions> byPiece;
     };
 
     struct PathKeys;
@@ -48,7 +72,7 @@ private:
     const IgnoreRule *lastMatchOfAll(QStringView path, bool isDirectory) const;
 
     QList<IgnoreRule> rules;
-    std::unordered_map<std::uint64_t, Folder> folders;
+    Table<Folder> folders;
     Positions negated;
 };
 
