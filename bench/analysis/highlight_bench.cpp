@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 namespace {
 
-/// C++ as people write it: 200,000 lines, 8.5 MB.
-QString sourceText() {
+/// C++ as people write it, 44 bytes to a line.
+QString sourceText(int lines) {
     const std::array shapes{
         u"#include \"controller/app_state_%1.h\"\n"_s,
         u"\n"_s,
@@ -33,7 +33,7 @@ QString sourceText() {
         u"}\n"_s,
     };
     QString text;
-    for (int i = 0; i < 200'000; ++i)
+    for (int i = 0; i < lines; ++i)
         text += shapes[static_cast<std::size_t>(i) % shapes.size()].contains(u'%')
                     ? shapes[static_cast<std::size_t>(i) % shapes.size()].arg(i)
                     : shapes[static_cast<std::size_t>(i) % shapes.size()];
@@ -52,8 +52,8 @@ qsizetype plainMatches(const std::vector<QRegularExpression> &expressions, const
     return matches;
 }
 
-void BM_highlightCpp(benchmark::State &state) {
-    const QString text = sourceText();
+void highlight(benchmark::State &state, int lineCount) {
+    const QString text = sourceText(lineCount);
     std::vector<QStringView> lines;
     for (const QStringView line : QStringView(text).tokenize(u'\n'))
         lines.push_back(line);
@@ -81,7 +81,22 @@ void BM_highlightCpp(benchmark::State &state) {
     state.counters["lines_per_s"] = count / best;
     state.counters["ratio"] = best / floor;
 }
+
+void BM_highlightCpp(benchmark::State &state) {
+    highlight(state, 200'000);
+}
 BENCHMARK(BM_highlightCpp)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+
+void BM_highlightGrowth(benchmark::State &state) {
+    highlight(state, static_cast<int>(state.range(0)));
+}
+BENCHMARK(BM_highlightGrowth)
+    ->Arg(50'000)
+    ->Arg(100'000)
+    ->Arg(200'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
 
 /// A pattern of a user's file with the worst line for it.
 struct Trap {

@@ -14,7 +14,6 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 namespace {
 
-constexpr int files = 100'000;
 constexpr int filesPerFolder = 50;
 
 void writeFile(const QString &path, const QByteArray &content) {
@@ -24,7 +23,7 @@ void writeFile(const QString &path, const QByteArray &content) {
 }
 
 /// Three levels of folders with sources, pictures and objects, and ignore files as a large project has them.
-void writeTree(const QString &root) {
+void writeTree(const QString &root, int files) {
     const QStringList names{u"source-file%1.cpp"_s, u"header%1.h"_s,     u"script_%1.py"_s, u"page%1.html"_s,
                             u"picture%1.png"_s,     u"component%1.ts"_s, u"object%1.o"_s,   u"data%1.json"_s};
     for (int i = 0; i < files; ++i) {
@@ -56,9 +55,9 @@ void runFind(const QString &root) {
 }
 
 /// On the clock, since the walk uses all cores and `find` one; both find the tree in the system's cache.
-void BM_languageDistribution(benchmark::State &state) {
+void distribution(benchmark::State &state, int files) {
     const QTemporaryDir directory;
-    writeTree(directory.path());
+    writeTree(directory.path(), files);
     double floor = 1e9;
     double best = 1e9;
     for ([[maybe_unused]] auto _ : state) {
@@ -72,7 +71,22 @@ void BM_languageDistribution(benchmark::State &state) {
     state.counters["best_ms"] = 1000 * best;
     state.counters["ratio"] = best / floor;
 }
+
+void BM_languageDistribution(benchmark::State &state) {
+    distribution(state, 100'000);
+}
 BENCHMARK(BM_languageDistribution)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
+
+void BM_languageDistributionGrowth(benchmark::State &state) {
+    distribution(state, static_cast<int>(state.range(0)));
+}
+BENCHMARK(BM_languageDistributionGrowth)
+    ->Arg(25'000)
+    ->Arg(50'000)
+    ->Arg(100'000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(5);
 
 } // namespace
 } // namespace kestor

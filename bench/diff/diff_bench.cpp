@@ -9,9 +9,11 @@
 #include <QFile>
 #include <QScrollBar>
 #include <QThread>
+#include <QThreadPool>
 
 #include <algorithm>
 #include <array>
+#include <limits>
 #include <unistd.h>
 #include <utility>
 
@@ -135,11 +137,35 @@ void run() {
     pane.repaint();
     report("step to the hunk before and paint", milliseconds(timer), "ms");
 
+    const QString start = text.first(65'536);
     text.clear();
     timer.restart();
     pane.showDiff(subjectOf(u"short"_s), u"(no text diff)"_s);
     pane.repaint();
     report("replace the long diff", milliseconds(timer), "ms");
+
+    timer.restart();
+    pane.showDiff(subjectOf(u"start"_s), start);
+    pane.repaint();
+    report("first screen of the first 64 KiB", milliseconds(timer), "ms");
+}
+
+/// From the tool's bytes to the document that a view shows.
+void runGrowth(int lines) {
+    const QByteArray size = QByteArray::number(lines);
+    const QByteArray printed = unifiedDiff(lines);
+    const double before = residentBytes();
+    double best = std::numeric_limits<double>::max();
+    DiffDocumentPtr document;
+    for (int i = 0; i < 3; ++i) {
+        document.reset();
+        const double start = ownMilliseconds();
+        document = diffDocument(QString::fromUtf8(printed));
+        best = std::min(best, ownMilliseconds() - start);
+    }
+    QThreadPool::globalInstance()->waitForDone(); // where long documents are released
+    report("growth/diff made ready/" + size, best, "ms");
+    report("growth/memory of a diff, text included/" + size, (residentBytes() - before) / 1e6, "MB");
 }
 
 } // namespace
@@ -148,4 +174,6 @@ void run() {
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
     kestor::run();
+    for (const int lines : {500'000, 1'000'000, 2'000'000})
+        kestor::runGrowth(lines);
 }

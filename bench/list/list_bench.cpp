@@ -16,8 +16,6 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int rowCount = 100'000;
-
 /// What the program holds of the heap, large blocks included.
 double heapMegabytes() {
     const struct mallinfo2 heap = mallinfo2();
@@ -25,7 +23,7 @@ double heapMegabytes() {
 }
 
 /// Every third row modified, the others unversioned, in folders of a hundred files.
-QList<WorkingCopyItem> sampleItems(const QString &prefix) {
+QList<WorkingCopyItem> sampleItems(const QString &prefix, int rowCount) {
     QList<WorkingCopyItem> items;
     items.reserve(rowCount); // as sorting leaves the rows of a load
     for (int number = 0; number < rowCount; ++number) {
@@ -83,18 +81,31 @@ struct Bench {
 };
 
 void run() {
+    constexpr int rowCount = 100'000;
     Bench bench;
     const double before = heapMegabytes();
-    QList<WorkingCopyItem> items = sampleItems(u"src/library"_s);
+    QList<WorkingCopyItem> items = sampleItems(u"src/library"_s, rowCount);
     const QSet<QString> ticks = allPaths(items);
     const double firstPublish = bench.publish(items, ticks);
     report("memory of 100,000 rows, all ticked", heapMegabytes() - before, "MB");
     report("published to painted list", firstPublish, "ms");
-    const QList<WorkingCopyItem> others = sampleItems(u"src/program"_s);
+    const QList<WorkingCopyItem> others = sampleItems(u"src/program"_s, rowCount);
     report("other rows published to painted list", bench.publish(others, allPaths(others)), "ms");
     report("filter keystroke, few matches", bench.slowestKeystroke(u"file_0999"_s), "ms");
     report("filter keystroke, no match", bench.slowestKeystroke(u"zzz"_s), "ms");
     report("filter keystroke, two words", bench.slowestKeystroke(u"module CPP"_s), "ms");
+}
+
+void runGrowth(int rowCount) {
+    const QByteArray size = QByteArray::number(rowCount);
+    Bench bench;
+    const double before = heapMegabytes();
+    const QList<WorkingCopyItem> items = sampleItems(u"src/library"_s, rowCount);
+    const QSet<QString> ticks = allPaths(items);
+    const double firstPublish = bench.publish(items, ticks);
+    report("growth/memory of rows, all ticked/" + size, heapMegabytes() - before, "MB");
+    report("growth/published to painted list/" + size, firstPublish, "ms");
+    report("growth/filter keystroke, two words/" + size, bench.slowestKeystroke(u"module CPP"_s), "ms");
 }
 
 } // namespace
@@ -103,4 +114,6 @@ void run() {
 int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     kestor::run();
+    for (const int rowCount : {100'000, 200'000, 400'000})
+        kestor::runGrowth(rowCount);
 }

@@ -70,9 +70,19 @@ void BM_oneLineHunks(benchmark::State &state) {
     compareWithTools(state, oneLineHunks(static_cast<int>(state.range(0))));
 }
 
-BENCHMARK(BM_diff)->Arg(1000000)->UseManualTime()->Unit(benchmark::kMillisecond);
+/// The records alone, against the decoding that comes before them.
+void BM_diffRecords(benchmark::State &state) {
+    const QByteArray bytes = unifiedDiff(static_cast<int>(state.range(0)));
+    const QString text = QString::fromUtf8(bytes);
+    runSideBySide(
+        state, bytes.size(), [&bytes] { benchmark::DoNotOptimize(QString::fromUtf8(bytes)); },
+        [&text] { benchmark::DoNotOptimize(UnifiedDiffParser::parse(withLineFeeds(text))); });
+}
+
+BENCHMARK(BM_diff)->Arg(500000)->Arg(1000000)->Arg(2000000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_diffRecords)->Arg(500000)->Arg(1000000)->Arg(2000000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_diffWithCarriageReturns)->Arg(1000000)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_oneLineHunks)->Arg(300000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_oneLineHunks)->Arg(300000)->Arg(600000)->Arg(1200000)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace kestor

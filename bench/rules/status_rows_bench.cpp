@@ -64,14 +64,19 @@ void modifiedAndUnversionedFiles(benchmark::State &state) {
     copy.addFiles(u"new/part"_s, count, SVNStatusKind::unversioned);
     loadRows(state, copy);
 }
-BENCHMARK(modifiedAndUnversionedFiles)->Arg(20000)->Arg(40000)->Unit(benchmark::kMillisecond)->Iterations(10);
+BENCHMARK(modifiedAndUnversionedFiles)
+    ->Arg(10000)
+    ->Arg(20000)
+    ->Arg(40000)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(10);
 
 void oneUnversionedFolder(benchmark::State &state) {
     WorkingCopy copy;
     copy.addFolder(u"new"_s, static_cast<int>(state.range(0)));
     loadRows(state, copy);
 }
-BENCHMARK(oneUnversionedFolder)->Arg(50000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(10);
+BENCHMARK(oneUnversionedFolder)->Arg(25000)->Arg(50000)->Arg(100000)->Unit(benchmark::kMillisecond)->Iterations(10);
 
 } // namespace
 } // namespace kestor
