@@ -32,6 +32,12 @@ struct Peer {
     QStringList options{};
 };
 
+/// Beside this program or else in the system; empty if there is none.
+QString executable(const QString &name) {
+    const QString beside = QStandardPaths::findExecutable(name, {QCoreApplication::applicationDirPath()});
+    return beside.isEmpty() ? QStandardPaths::findExecutable(name) : beside;
+}
+
 SeenStart best(const SeenStart &left, const SeenStart &right) {
     SeenStart both = right;
     both.windowMs = std::min(left.windowMs, right.windowMs);
@@ -49,22 +55,25 @@ SeenStart ours(ScreenWatch &watch) {
 
 void reportBoth(const QByteArray &name, const SeenStart &program, const SeenStart &peer) {
     report(name + ": start to window", program.windowMs, "ms", peer.windowMs);
+    report(name + ": memory at window", program.windowMegabytes, "MB", peer.windowMegabytes);
     if (program.restMs && peer.restMs)
         report(name + ": start to rest", *program.restMs, "ms", *peer.restMs);
     else
         reportAlone(name + ": start to rest", program.restMs, "ms", "not at rest within a minute");
-    report(name + ": memory", program.megabytes, "MB", peer.megabytes);
+    report(name + ": memory at rest", program.megabytes, "MB", peer.megabytes);
 }
 
 void reportAllMissing(const QByteArray &name, const char *why) {
     reportAlone(name + ": start to window", std::nullopt, "ms", why);
+    reportAlone(name + ": memory at window", std::nullopt, "MB", why);
     reportAlone(name + ": start to rest", std::nullopt, "ms", why);
-    reportAlone(name + ": memory", std::nullopt, "MB", why);
+    reportAlone(name + ": memory at rest", std::nullopt, "MB", why);
 }
 
 void compare(ScreenWatch &watch, const Peer &peer) {
     const QByteArray name(peer.name);
-    if (QStandardPaths::findExecutable(QString::fromLatin1(name)).isEmpty())
+    const QString path = executable(QString::fromLatin1(name));
+    if (path.isEmpty())
         return reportAllMissing(name, "not installed");
     const SampleProject project = sampleProject(peer.kind, files);
     QDir::setCurrent(project.path);
@@ -74,7 +83,7 @@ void compare(ScreenWatch &watch, const Peer &peer) {
     QElapsedTimer timer;
     timer.start();
     for (int round = 0; round < rounds && timer.elapsed() < enoughMs; ++round) {
-        const auto seen = watch.seenStart(QStringList{QString::fromLatin1(name)} + peer.options, patienceMs);
+        const auto seen = watch.seenStart(QStringList{path} + peer.options, patienceMs);
         if (!seen)
             return reportAllMissing(name, "no window within a minute");
         other = other ? best(*other, *seen) : seen;
@@ -84,7 +93,8 @@ void compare(ScreenWatch &watch, const Peer &peer) {
 }
 
 void run() {
-    const std::array<Peer, 4> peers{{
+    const std::array<Peer, 5> peers{{
+        {"minimal_window", RepositoryKind::git, {u"2"_s}}, // what it tells has no reader
         {"git-cola", RepositoryKind::git, {u"--repo"_s, u"."_s}},
         {"gitg", RepositoryKind::git, {u"--standalone"_s, u"--commit"_s, u"."_s}},
         {"qgit", RepositoryKind::git, {}},

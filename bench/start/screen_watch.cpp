@@ -79,7 +79,7 @@ std::optional<SeenStart> ScreenWatch::seenStart(const QStringList &command, int 
     spawn(command);
     std::optional<SeenStart> seen;
     if (awaitWindow(patienceMs)) {
-        seen = SeenStart{.windowMs = elapsed()};
+        seen = SeenStart{.windowMs = elapsed(), .windowMegabytes = sharedMegabytes(startedProcesses())};
         seen->restMs = awaitRest(patienceMs);
         seen->megabytes = sharedMegabytes(startedProcesses());
     }
