@@ -40,7 +40,7 @@ std::ptrdiff_t differences(const std::vector<quint64> &left, const std::vector<q
     return count;
 }
 
-void spawn(const QStringList &command) {
+pid_t spawned(const QStringList &command) {
     QList<QByteArray> texts;
     for (const QString &text : command)
         texts.append(text.toLocal8Bit());
@@ -51,6 +51,7 @@ void spawn(const QStringList &command) {
     pid_t child = 0;
     if (posix_spawnp(&child, arguments.front(), nullptr, nullptr, arguments.data(), environ) != 0)
         qFatal("cannot start %s", arguments.front());
+    return child;
 }
 
 } // namespace
@@ -76,10 +77,10 @@ std::optional<SeenStart> ScreenWatch::seenStart(const QStringList &command, int 
     awaitEvents(0);
     windowIsMapped = false;
     clock.start();
-    spawn(command);
+    const pid_t program = spawned(command);
     std::optional<SeenStart> seen;
     if (awaitWindow(patienceMs)) {
-        seen = SeenStart{.windowMs = elapsed(), .windowMegabytes = sharedMegabytes(startedProcesses())};
+        seen = SeenStart{.windowMs = elapsed(), .windowMegabytes = sharedMegabytes({program})};
         seen->restMs = awaitRest(patienceMs);
         seen->megabytes = sharedMegabytes(startedProcesses());
     }

@@ -13,9 +13,9 @@ namespace kestor {
 /// What a program showed from its start on, all of it seen from outside.
 struct SeenStart {
     double windowMs = 0;            ///< until its first window was mapped
-    double windowMegabytes = 0;     ///< the proportional memory of it and what it started, at that time
+    double windowMegabytes = 0;     ///< its proportional share of memory at that time
     std::optional<double> restMs{}; ///< until the screen first looked as it then stayed; nothing if it never rested
-    double megabytes = 0;           ///< that memory at the end
+    double megabytes = 0;           ///< that of it and what it started, at the end
 };
 
 /// Watches an X display on which nothing else happens. A program is at rest when for two seconds neither the screen

@@ -143,6 +143,31 @@ BENCHMARK_CAPTURE(listOfDoubledAgainstSingleProject, svn, RepositoryKind::svn)
     ->Iterations(rounds)
     ->Unit(benchmark::kMillisecond);
 
+void listOfSize(benchmark::State &state, RepositoryKind kind) {
+    const SampleProject project = sampleProject(kind, static_cast<int>(state.range(0)));
+    double best = noTime;
+    for (auto _ : state) {
+        const double seconds = changesList(project);
+        best = std::min(best, seconds);
+        state.SetIterationTime(seconds);
+    }
+    state.counters["best_ms"] = 1000 * best;
+}
+BENCHMARK_CAPTURE(listOfSize, git, RepositoryKind::git)
+    ->Arg(files / 2)
+    ->Arg(files)
+    ->Arg(2 * files)
+    ->UseManualTime()
+    ->Iterations(5)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(listOfSize, svn, RepositoryKind::svn)
+    ->Arg(files / 2)
+    ->Arg(files)
+    ->Arg(2 * files)
+    ->UseManualTime()
+    ->Iterations(5)
+    ->Unit(benchmark::kMillisecond);
+
 } // namespace
 
 } // namespace kestor
