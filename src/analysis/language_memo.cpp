@@ -15,10 +15,7 @@ constexpr std::size_t mostExtensions = 4096;
 
 /// What decides about the language of a name: all of it or its extension; "" for names that can have none.
 std::string_view decidingPart(std::string_view fileName) {
-    if (isDefaultFileName(fileName))
-        return fileName;
-    const std::size_t dot = fileName.rfind('.');
-    return dot == std::string_view::npos || dot == 0 ? std::string_view() : fileName.substr(dot);
+    return isDefaultFileName(fileName) ? fileName : dottedExtension(fileName);
 }
 
 } // namespace

@@ -118,8 +118,8 @@ QStringView fileNameOf(QStringView path) {
 
 QString fileExtensionOf(QStringView path) {
     const QStringView name = fileNameOf(path);
-    const qsizetype dot = name.lastIndexOf(u'.');
-    return dot > 0 ? name.sliced(dot + 1).toString().toLower() : QString();
+    const QStringView dotted(dottedExtension(std::u16string_view(name.utf16(), static_cast<std::size_t>(name.size()))));
+    return dotted.mid(1).toString().toLower();
 }
 
 } // namespace kestor

@@ -4,7 +4,6 @@
 #include "analysis/language_distribution.h"
 #include "analysis/language_tables.h"
 #include "analysis/sublime_syntax_loader.h"
-#include "analysis/syntax_tables.h"
 
 #include <algorithm>
 
@@ -20,10 +19,6 @@ bool isFor(const CustomLanguageRule &rule, const QString &extension) {
 }
 
 } // namespace
-
-std::optional<SyntaxDefinition> SyntaxHighlighter::defaultDefinition(QStringView named) {
-    return defaultSyntaxDefinition(named);
-}
 
 SyntaxSource SyntaxHighlighter::source(QStringView path, const QList<CustomLanguageRule> &rules) {
     const QString extension = fileExtensionOf(path);

@@ -1,4 +1,4 @@
-#include "analysis/syntax_tables.h"
+#include "analysis/syntax_highlighter.h"
 
 #include <algorithm>
 #include <array>
@@ -211,8 +211,8 @@ SyntaxDefinition definitionOf(std::span<const Rule> rules) {
 
 } // namespace
 
-std::optional<SyntaxDefinition> defaultSyntaxDefinition(QStringView languageName) {
-    const QString lowered = languageName.toString().toLower();
+std::optional<SyntaxDefinition> SyntaxHighlighter::defaultDefinition(QStringView named) {
+    const QString lowered = named.toString().toLower();
     const auto language = std::ranges::find(languages, lowered, &Language::name);
     return language == languages.end() ? std::nullopt : std::optional(definitionOf(language->rules));
 }
