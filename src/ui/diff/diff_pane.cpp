@@ -79,8 +79,7 @@ DiffPane::DiffPane(QWidget *parent)
     connect(&loader, &DocumentLoader::loaded, this, &DiffPane::showDocument);
     connect(view, &DiffView::currentHunkChanged, this, &DiffPane::updateHunks);
     connect(view, &DiffView::leaveRequested, this, &DiffPane::leaveRequested);
-    connect(view, &DiffView::pastLastHunk, this, &DiffPane::pastLastHunk);
-    connect(view, &DiffView::beforeFirstHunk, this, &DiffPane::beforeFirstHunk);
+    connect(view, &DiffView::hunksEnded, this, &DiffPane::hunksEnded);
     connect(view, &DiffView::customContextMenuRequested, this, &DiffPane::showContextMenu);
     connect(bar, &DiffBar::previousHunkRequested, this, [this] { stepOrLeave(CaretDirection::back); });
     connect(bar, &DiffBar::formChosen, this, &DiffPane::formChosen);
@@ -225,13 +224,8 @@ StepResult DiffPane::stepFile(CaretDirection direction) {
 }
 
 void DiffPane::stepOrLeave(CaretDirection direction) {
-    if (stepHunk(direction) != StepResult::outside)
-        return;
-    if (direction == CaretDirection::ahead) {
-        emit pastLastHunk();
-    } else {
-        emit beforeFirstHunk();
-    }
+    if (stepHunk(direction) == StepResult::outside)
+        emit hunksEnded(direction);
 }
 
 void DiffPane::takeFocus() {

@@ -78,9 +78,8 @@ public:
 signals:
     /// Esc: the keyboard goes back to the list.
     void leaveRequested();
-    /// The keys N and P, or a button, asked for a hunk that the diff does not have.
-    void pastLastHunk();
-    void beforeFirstHunk();
+    /// The keys N and P, or a button, asked for a hunk that the diff does not have in that direction.
+    void hunksEnded(kestor::CaretDirection direction);
     /// By the switch or the key V.
     void formChosen(kestor::DetailForm form);
     /// From the pane's own menu too, so that all panes can follow.

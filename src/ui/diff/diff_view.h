@@ -86,9 +86,8 @@ signals:
     void selectionChanged();
     /// Esc.
     void leaveRequested();
-    /// A key asked for a hunk that the diff does not have.
-    void pastLastHunk();
-    void beforeFirstHunk();
+    /// A key asked for a hunk that the diff does not have in that direction.
+    void hunksEnded(kestor::CaretDirection direction);
 
 protected:
     bool event(QEvent *event) override;

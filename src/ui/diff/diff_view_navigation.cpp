@@ -101,13 +101,8 @@ StepResult DiffView::stepFile(CaretDirection direction) {
 }
 
 void DiffView::stepHunkByKey(CaretDirection direction) {
-    if (stepHunk(direction) != StepResult::outside)
-        return;
-    if (direction == CaretDirection::ahead) {
-        emit pastLastHunk();
-    } else {
-        emit beforeFirstHunk();
-    }
+    if (stepHunk(direction) == StepResult::outside)
+        emit hunksEnded(direction);
 }
 
 void DiffView::toggleFold(qint64 file) {

@@ -60,8 +60,7 @@ void ListTab::setDetailPane(DetailPane *shownPane) {
     pane = &details->diffPane();
     observers.watch(app.customLanguageRules, [this] { pane->setLanguageRules(app.customLanguageRules); });
     connect(pane, &DiffPane::leaveRequested, this, [this] { lastList->setFocus(); });
-    connect(pane, &DiffPane::pastLastHunk, this, [this] { leaveRow(Walk::hunks, CaretDirection::ahead); });
-    connect(pane, &DiffPane::beforeFirstHunk, this, [this] { leaveRow(Walk::hunks, CaretDirection::back); });
+    connect(pane, &DiffPane::hunksEnded, this, [this](CaretDirection direction) { leaveRow(Walk::hunks, direction); });
 }
 
 void ListTab::focusFilter() {

@@ -190,8 +190,8 @@ TEST_F(DiffViewTest, ScrollsByKeyboard) {
 
 TEST_F(DiffViewTest, WalksThroughHunks) {
     show(testing::oneFileDiff());
-    QSignalSpy past(&view, &DiffView::pastLastHunk);
-    QSignalSpy before(&view, &DiffView::beforeFirstHunk);
+    QList<CaretDirection> ended;
+    QObject::connect(&view, &DiffView::hunksEnded, [&ended](CaretDirection direction) { ended += direction; });
     QSignalSpy leave(&view, &DiffView::leaveRequested);
     EXPECT_EQ(view.currentHunk(), 0);
     press(Qt::Key_N);
@@ -200,11 +200,11 @@ TEST_F(DiffViewTest, WalksThroughHunks) {
     EXPECT_LE(end, scrolled() + view.viewport()->height()) << "all of the hunk is in view";
     press(Qt::Key_N);
     EXPECT_EQ(view.currentHunk(), 1);
-    EXPECT_EQ(past.count(), 1);
     press(Qt::Key_P);
+    EXPECT_EQ(ended, QList{CaretDirection::ahead});
     press(Qt::Key_P);
     EXPECT_EQ(view.currentHunk(), 0);
-    EXPECT_EQ(before.count(), 1);
+    EXPECT_EQ(ended, (QList{CaretDirection::ahead, CaretDirection::back}));
     press(Qt::Key_Escape);
     EXPECT_EQ(leave.count(), 1);
 }
