@@ -172,6 +172,8 @@ void ProjectListView::showCurrent(const QUuid &id) {
 
 void ProjectListView::currentChanged(const QModelIndex &current, const QModelIndex &previous) {
     QListView::currentChanged(current, previous);
+    if (current.isValid() != previous.isValid())
+        viewport()->update(); // the frame of a list without a current row comes or goes
     if (followsState || !current.isValid())
         return;
     if (keyRepeats) {

@@ -82,6 +82,8 @@ bool RowListView::chooseBeside(int distance) {
 
 void RowListView::currentChanged(const QModelIndex &index, const QModelIndex &previous) {
     QListView::currentChanged(index, previous);
+    if (index.isValid() != previous.isValid())
+        viewport()->update(); // the frame of a list without a current row comes or goes
     if (pace == Pace::silent || !index.isValid())
         return;
     current = rows.idAt(index.row());
