@@ -22,11 +22,20 @@ constexpr int buttonSide = 28;
 /// Two buttons, each with a gap behind it.
 constexpr int buttonRoom = 2 * (buttonSide + paneEdge);
 
-constexpr int extensionWidth = 84;
-constexpr int languageWidth = 132;
-constexpr int leastLanguageWidth = 72;
-constexpr int colorWidth = 116;
-constexpr int leastFileWidth = buttonRoom + 48;
+/// How wide a column is, and how narrow it becomes for the syntax file and its buttons.
+struct ColumnWidth {
+    RuleColumn column;
+    int wanted;
+    int least;
+};
+
+/// The first gives way first.
+constexpr ColumnWidth columnWidths[] = {
+    {RuleColumn::language, 132, 72},
+    {RuleColumn::color, 116, 100},
+    {RuleColumn::extension, 84, 64},
+};
+constexpr int fileWidth = buttonRoom + 48;
 
 int ruleHeight(const QFont &font) {
     return rowHeight(font) + smallGap;
@@ -198,12 +207,15 @@ void RuleTable::fitHeight() {
     setFixedHeight(horizontalHeader()->sizeHint().height() + qMax(1, cells.rowCount()) * ruleHeight(font()));
 }
 
-/// The language gives way to the syntax file and its buttons.
 void RuleTable::fitColumns() {
-    const int spare = viewport()->width() - extensionWidth - colorWidth - leastFileWidth;
-    setColumnWidth(columnIndex(RuleColumn::extension), extensionWidth);
-    setColumnWidth(columnIndex(RuleColumn::language), qBound(leastLanguageWidth, spare, languageWidth));
-    setColumnWidth(columnIndex(RuleColumn::color), colorWidth);
+    int missing = fileWidth - viewport()->width();
+    for (const ColumnWidth &width : columnWidths)
+        missing += width.wanted;
+    for (const ColumnWidth &width : columnWidths) {
+        const int taken = qBound(0, missing, width.wanted - width.least);
+        setColumnWidth(columnIndex(width.column), width.wanted - taken);
+        missing -= taken;
+    }
 }
 
 void RuleTable::placeButtons() {
