@@ -74,6 +74,15 @@ void drawButton(QPainter &painter, const QStyleOption &option, const Theme &them
                 focused ? 2 : 1);
 }
 
+/// A field with an arrow; its text is drawn by the style.
+void drawComboBox(QPainter &painter, const QStyleOption &option, const QRect &arrow, const Theme &theme) {
+    drawField(painter, option, theme);
+    const bool enabled = option.state.testFlag(QStyle::State_Enabled);
+    const QPointF tip = QRectF(arrow).center() + QPointF(0, 2);
+    painter.setPen(QPen(held(theme.text, enabled, theme), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawPolyline(QPolygonF({tip + QPointF(-4, -4), tip, tip + QPointF(4, -4)}));
+}
+
 /// Buttons without an edge stand on chrome and show one only for the focus.
 void drawToolButton(QPainter &painter, const QStyleOption &option, const Theme &theme) {
     const bool pressed = option.state & (QStyle::State_Sunken | QStyle::State_On);
@@ -106,6 +115,18 @@ void EdgeStyle::drawControl(ControlElement element, const QStyleOption *option, 
     if (item->font.bold())
         shown.palette.setColor(QPalette::Disabled, QPalette::Text, theme.muted);
     QProxyStyle::drawControl(element, &shown, painter, widget);
+}
+
+void EdgeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                                   const QWidget *widget) const {
+    const auto *box = qstyleoption_cast<const QStyleOptionComboBox *>(option);
+    if (control != CC_ComboBox || box == nullptr || box->editable)
+        return QProxyStyle::drawComplexControl(control, option, painter, widget);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const QRect arrow = subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget);
+    drawComboBox(*painter, *box, arrow, themeFor(box->palette));
+    painter->restore();
 }
 
 QSize EdgeStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,

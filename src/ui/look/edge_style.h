@@ -4,8 +4,8 @@
 
 namespace kestor {
 
-/// Fusion with the edges of the window's own palette: tick boxes, text fields, framed editors and buttons stay visible
-/// in the dark, where Fusion's own edges vanish, and focus is always shown. Main thread only.
+/// Fusion with the edges of the window's own palette: tick boxes, text fields, framed editors, combo boxes and buttons
+/// stay visible in the dark, where Fusion's own edges vanish, and focus is always shown. Main thread only.
 class EdgeStyle final : public QProxyStyle {
     Q_OBJECT
 
@@ -16,6 +16,8 @@ public:
                      const QWidget *widget = nullptr) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget = nullptr) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                            const QWidget *widget = nullptr) const override;
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
                            const QWidget *widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
