@@ -48,7 +48,7 @@ constexpr WorkingCopyCommand commands[] = {
     {{u"Move", u"move {source} {target} [-m:message]"}, none, RefreshAfter::yes, copyFields},
     {{u"Properties", u"proplist -v {path}"}, none, RefreshAfter::no, propertiesFields},
     {{u"Get Property", u"propget {name} {path}"}, none, RefreshAfter::no, propertyFields},
-    {{u"Set Property", u"propset {name} {value} {path}"}, none, RefreshAfter::yes, setPropertyFields},
+    {{u"Set Property", u"propset {name} {-value} {path}"}, none, RefreshAfter::yes, setPropertyFields},
     {{u"Delete Property", u"propdel {name} {path}"}, none, RefreshAfter::yes, propertyFields},
     {{u"Merge", u"merge [-r:range] {source}"}, none, RefreshAfter::yes, mergeFields},
     {{u"Update", u"update"}, {u"Pull", u"pull --ff-only"}, RefreshAfter::yes},
@@ -64,7 +64,12 @@ static_assert(std::size(commands) == static_cast<std::size_t>(WorkingCopyAction:
 
 void appendFilled(QStringList &filled, const QString &word, const QMap<QString, QString> &entered) {
     const QString inside = word.mid(1).chopped(1);
-    if (word.startsWith(u'{')) {
+    if (word.startsWith(u"{-")) {
+        const QString text = entered.value(inside.mid(1));
+        if (text.startsWith(u'-'))
+            filled.append(u"--"_s);
+        filled.append(text);
+    } else if (word.startsWith(u'{')) {
         filled.append(entered.value(inside));
     } else if (word.startsWith(u'[')) {
         const QString text = entered.value(inside.section(u':', 1));

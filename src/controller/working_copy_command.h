@@ -37,8 +37,8 @@ enum class WorkingCopyAction : std::uint8_t {
     unlock,
 };
 
-/// What a tool is asked to do: its words, parted by blanks. "{key}" stands for what was entered, "[option:key]" for an
-/// option with it that is left out when nothing was. Paths acted on follow the words.
+/// The words of a run, parted by blanks; the paths acted on follow. "{key}" stands for what was entered, "{-key}" for
+/// that with "--" before what looks like an option, "[option:key]" for an option with it, left out when it is empty.
 struct ToolCommand {
     QStringView title; ///< also of the prompt
     QStringView words; ///< "" when the tool has no such command

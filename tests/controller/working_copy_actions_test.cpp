@@ -187,6 +187,8 @@ TEST(WorkingCopyActions, RunTheirVectorsInSubversion) {
                   RefreshAfter::no),
         ActionRow("set property", call<&Actions::setProperty>, two, u"name=p|value=a\nb|path=-i@2x.png",
                   properties + u"-i@2x.png"_s, u"propset|p|a\nb|./-i@2x.png@", u"Set Property"_s),
+        ActionRow("set property to what looks like an option", call<&Actions::setProperty>, u"",
+                  u"name=p|value=-5|path=.", properties + u'.', u"propset|p|--|-5|.", u"Set Property"_s),
         ActionRow("set property to nothing", call<&Actions::setProperty>, u"", u"name=p|path=.", properties + u'.',
                   u"propset|p||.", u"Set Property"_s),
         ActionRow("delete property", call<&Actions::deleteProperty>, two, u"name=p|path=-i@2x.png",
