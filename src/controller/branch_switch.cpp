@@ -81,8 +81,8 @@ SwitchPlan switchPlan(const SwitchTarget &target, const QList<GitBranch> &branch
     if (!hasLocal(branches, local))
         return {args(u"switch", u"--track", target.name), args(u"checkout", u"--track", target.name), QString()};
     SwitchPlan plan = planForLocal(local);
-    plan.note =
-        u"The local branch %1 exists already and was taken as it is, not made anew from %2."_s.arg(local, target.name);
+    plan.note = u"The local branch %1 already exists and was switched to as it is, not created from %2."_s.arg(
+        local, target.name);
     return plan;
 }
 

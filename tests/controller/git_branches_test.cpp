@@ -110,7 +110,7 @@ TEST_F(ClonedBranches, AreSwitchedToAndEverythingShownFollows) {
          {u"origin/topic"_s, true},
          u"switch topic"_s,
          {u"topic"_s, u"topic"_s},
-         u"The local branch topic exists already"_s},
+         u"The local branch topic already exists"_s},
         {"the current branch", {u"topic"_s, false}, u"switch topic"_s, {u"topic"_s, u"topic"_s}, u"Already on"_s},
         {"a typed name that only the remote has",
          {u"feature/x"_s, false},
