@@ -1,5 +1,10 @@
 #include "controller/language_rules.h"
 
+#include "analysis/sublime_syntax_loader.h"
+
+#include <QCoroFuture>
+#include <QtConcurrent>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -40,8 +45,16 @@ QCoro::Task<> LanguageRules::chooseCustomLanguageSyntaxFile(QUuid id) {
     const RunningOperations::Scope running(workspace.operations);
     const std::optional<QString> chosen = co_await workspace.user.chooseFile(
         u"Choose Sublime Syntax"_s, u"Choose a .sublime-syntax file for this language."_s);
-    if (chosen)
-        changeRule(id, [&chosen](CustomLanguageRule &rule) { rule.syntaxFilePath = chosen; });
+    if (!chosen)
+        co_return;
+    changeRule(id, [&chosen](CustomLanguageRule &rule) { rule.syntaxFilePath = chosen; });
+    const auto read = [path = *chosen] {
+        return SublimeSyntaxLoader::definition(path);
+    };
+    const std::optional<SyntaxDefinition> syntax = co_await QtConcurrent::run(&workspace.workers, read);
+    if (!syntax || syntax->rules.isEmpty())
+        workspace.showAlert(u"No Syntax Rules Found"_s, *chosen + u" holds no rules that can be read. Files of this "
+                                                                  "language are colored as without it."_s);
 }
 
 void LanguageRules::clearCustomLanguageSyntaxFile(const QUuid &id) {

@@ -22,7 +22,7 @@ public:
     void removeCustomLanguageRule(const QUuid &id);
     /// Writes the color as "#RRGGBB"; one that is none becomes the color of a new rule.
     void normalizeCustomLanguageRuleColor(const QUuid &id);
-    /// Lets the user choose the rule's syntax file.
+    /// Lets the user choose the rule's syntax file; an alert tells of one that colors nothing.
     QCoro::Task<> chooseCustomLanguageSyntaxFile(QUuid id);
     void clearCustomLanguageSyntaxFile(const QUuid &id);
 

@@ -90,6 +90,21 @@ TEST(LanguageRules, EveryChangeIsSavedAtOnce) {
               u"file Choose Sublime Syntax: Choose a .sublime-syntax file for this language."_s);
 }
 
+TEST(LanguageRules, ASyntaxFileThatColorsNothingIsToldOf) {
+    AppFixture fixture;
+    TempTree folder;
+    folder.write(u"good"_s, "- match: x\n  scope: keyword\n");
+    folder.write(u"other"_s, "key: [value\n");
+    const QUuid id = fixture.app.languageRules.addCustomLanguageRule();
+    for (const QString &name : {u"good"_s, u"other"_s, u"missing"_s}) {
+        fixture.app.alert = std::nullopt;
+        fixture.user.chosenFile = folder.path(name);
+        awaited(fixture.app.languageRules.chooseCustomLanguageSyntaxFile(id));
+        EXPECT_EQ(fixture.app.customLanguageRules.value().first().syntaxFilePath, folder.path(name));
+        EXPECT_EQ(fixture.app.alert.value().has_value(), name != u"good") << name.toStdString();
+    }
+}
+
 TEST(LanguageRules, UnreadableOnesAreKeptBeforeTheFirstSave) {
     const QString key = u"KestorSVN.customLanguageRules"_s;
     TempTree folder;
