@@ -23,6 +23,9 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <chrono>
+#include <utility>
+
 namespace kestor {
 
 using namespace Qt::StringLiterals;
@@ -33,6 +36,8 @@ constexpr QSize defaultSize(1280, 800);
 constexpr QSize leastSize(900, 560);
 /// The output sheet opens no higher than this part of what it shares.
 constexpr double greatestSheetPart = 0.4;
+/// How long the hidden window waits for a command to end.
+constexpr std::chrono::seconds patienceTime{30};
 
 QList<QRect> screenAreas() {
     QList<QRect> areas;
@@ -92,6 +97,10 @@ void MainWindow::observeState() {
     // What published the end of the work goes on first: it may report a failure or begin its next step.
     observers.watch(state.busyMessage,
                     [this] { QMetaObject::invokeMethod(this, &MainWindow::closeWhenDone, Qt::QueuedConnection); });
+    patience->setObjectName(u"patience"_s);
+    patience->setSingleShot(true);
+    patience->setInterval(patienceTime);
+    connect(patience, &QTimer::timeout, this, &MainWindow::tellOfUnendedCommand);
 }
 
 void MainWindow::showTitle() {
@@ -220,21 +229,35 @@ void MainWindow::bringForward() {
 void MainWindow::closeEvent(QCloseEvent *event) {
     if (isVisible())
         saveWindowState(settings, currentState());
-    if (!isCommandRunning(state))
+    if (!isCommandRunning(state) || stopsOnClose)
         return QMainWindow::closeEvent(event);
     closesWhenDone = true;
+    patience->start();
     hide();
     event->ignore();
 }
 
 /// A failure brings the window back: nobody else would tell of it.
 void MainWindow::closeWhenDone() {
-    if (!closesWhenDone || isCommandRunning(state))
+    if (isCommandRunning(state))
         return;
-    closesWhenDone = false;
+    stopsOnClose = false;
+    patience->stop();
+    if (!std::exchange(closesWhenDone, false))
+        return;
     if (state.alert.value())
         return show();
     QCoreApplication::quit();
+}
+
+/// A command that hangs could not be ended where there is no window.
+void MainWindow::tellOfUnendedCommand() {
+    if (!isCommandRunning(state) || !std::exchange(closesWhenDone, false))
+        return;
+    stopsOnClose = true;
+    show();
+    const QString text = u"\"%1\" has not ended yet. Close the window again to stop it."_s;
+    state.alert = AppAlert{QUuid::createUuid(), u"Still Running"_s, text.arg(*state.busyMessage.value())};
 }
 
 } // namespace kestor

@@ -8,6 +8,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 
 class QShortcut;
 class QStackedWidget;
@@ -70,6 +71,7 @@ private:
     void turnToPane(Turn turn);
     void openContextMenu();
     void closeWhenDone();
+    void tellOfUnendedCommand();
 
     AppState &state;
     QSettings &settings;
@@ -88,6 +90,8 @@ private:
     QPointer<QWidget> heldFocus{}; ///< had the focus when its part was drawn disabled
     QPointer<QWidget> focusLeft{}; ///< had the focus when it went to the output sheet
     bool closesWhenDone = false;   ///< hidden by the user while a command was running
+    bool stopsOnClose = false;     ///< the user has been told that the command did not end
+    QTimer *patience = new QTimer(this);
     Observers observers{};
 };
 

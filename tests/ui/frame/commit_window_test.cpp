@@ -227,6 +227,16 @@ TEST_F(CommitWindow, AnotherStartBringsBackAWindowThatWaitsForItsCommand) {
     EXPECT_TRUE(window.isClosed());
 }
 
+TEST_F(CommitWindow, ClosingAgainStopsACommandThatDoesNotEnd) {
+    app.busyMessage = u"Committing"_s;
+    EXPECT_FALSE(window.close());
+    window.findChild<QTimer *>(u"patience"_s)->start(0);
+    EXPECT_TRUE(waitUntil([this] { return window.isVisible() && QApplication::activeModalWidget() != nullptr; }));
+    EXPECT_EQ(app.alert.value()->message, u"\"Committing\" has not ended yet. Close the window again to stop it."_s);
+    QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(window.close());
+}
+
 TEST_F(CommitWindow, AFailureAfterClosingBringsTheWindowBack) {
     app.busyMessage = u"Committing"_s;
     window.close();
