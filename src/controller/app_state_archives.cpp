@@ -21,7 +21,7 @@ namespace {
 /// Leaves a file alone that the user was not asked about, because its name was completed afterwards.
 FileBeside createFileFor(const QString &chosenPath, const QString &destination) {
     if (destination != chosenPath && QFileInfo::exists(destination))
-        return {QString(), destination + u" exists already."_s};
+        return {QString(), destination + u" already exists."_s};
     return createFileBeside(destination);
 }
 
@@ -122,7 +122,7 @@ QCoro::Task<> AppState::writeArchive(Project project, LogEntry entry, QString ch
     const QString destination = archiveFileName(chosenPath);
     SVNCommandResult result;
     {
-        const BusyScope creating(busy, u"Creating archive"_s);
+        const BusyScope creating(busy, u"Creating archive"_s, BusyKind::interruptible);
         const auto create = [chosenPath, destination] {
             return createFileFor(chosenPath, destination);
         };

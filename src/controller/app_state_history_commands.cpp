@@ -103,7 +103,8 @@ QCoro::Task<> AppState::listTarget() {
     if (!answer || answer->value(u"target"_s).isEmpty())
         co_return;
     const QStringList arguments{u"list"_s, typedTarget(*project, answer->value(u"target"_s))};
-    co_await runSelectedProjectCommand(u"List"_s, arguments, RefreshAfter::no, ShowOutput::always);
+    if (requiredProject(RepositoryKind::svn))
+        co_await runAskedCommand(*project, u"List"_s, arguments, RefreshAfter::no);
 }
 
 QCoro::Task<> AppState::exportFileAtRevision() {
@@ -128,7 +129,7 @@ QCoro::Task<> AppState::exportFileAtRevision() {
 QCoro::Task<> AppState::exportFile(Project project, QStringList arguments, QString destination) {
     SVNCommandResult result;
     {
-        const BusyScope exporting(busy, u"Exporting file"_s);
+        const BusyScope exporting(busy, u"Exporting file"_s, BusyKind::interruptible);
         const std::shared_ptr<Tool> tool = toolFor(project.kind);
         result = co_await tool->run(arguments, project.path, CheckStatus::yes);
         const auto save = [content = result.stdoutData, destination] {

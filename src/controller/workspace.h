@@ -79,7 +79,7 @@ public:
     /// runGitCommand in the selected project, which must be a Git repository.
     QCoro::Task<> runSelectedGitCommand(QString title, QStringList arguments, RefreshAfter refreshAfter,
                                         ShowOutput showOutput);
-    /// Runs a command whose arguments the user was asked for, with the project's tool.
+    /// Runs a command whose arguments were asked for. One after which nothing is loaded again may be ended by closing.
     QCoro::Task<> runAskedCommand(Project project, QString title, QStringList arguments, RefreshAfter refreshAfter);
     /// The same for a command on paths, handed over by file when they are too many.
     QCoro::Task<> runPathsCommand(Project project, QString title, PathCommand command, RefreshAfter refreshAfter);

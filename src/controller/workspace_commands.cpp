@@ -60,8 +60,9 @@ QCoro::Task<> Workspace::runAskedCommand(Project project, QString title, QString
 
 QCoro::Task<> Workspace::runPathsCommand(Project project, QString title, PathCommand command,
                                          RefreshAfter refreshAfter) {
-    return reporting(title + u" Failed"_s,
-                     runToolCommand(project.kind, title, command, project.path, refreshAfter, ShowOutput::always));
+    const BusyKind work = refreshAfter == RefreshAfter::no ? BusyKind::interruptible : BusyKind::command;
+    return reporting(title + u" Failed"_s, runToolCommand(project.kind, title, command, project.path, refreshAfter,
+                                                          ShowOutput::always, work));
 }
 
 } // namespace kestor

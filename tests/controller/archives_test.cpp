@@ -1,5 +1,6 @@
 #include "controller/archive_names.h"
 #include "support/app_fixture.h"
+#include "support/held_tool.h"
 #include "support/printers.h"
 #include "support/repositories.h"
 
@@ -18,9 +19,12 @@ namespace {
 using testing::AppFixture;
 using testing::awaited;
 using testing::GitFixture;
+using testing::HeldTool;
 using testing::runTool;
+using testing::ScriptedUser;
 using testing::SvnFixture;
 using testing::TempTree;
+using testing::waitUntil;
 
 TEST(ArchiveNames, KeepOnlyWhatEveryFileSystemTakes) {
     struct Row {
@@ -151,7 +155,7 @@ TEST(Archives, ThatFailSayWhyAndLeaveNothing) {
         {"a folder of that name", path(u"out/folder.zip"_s),
          failed + u"Could not write "_s + path(u"out/folder.zip"_s) + u": It is a folder."_s},
         {"a file that nobody was asked about", path(u"out/old"_s),
-         failed + path(u"out/old.zip"_s) + u" exists already."_s},
+         failed + path(u"out/old.zip"_s) + u" already exists."_s},
         {"no such folder", path(u"none/x.zip"_s),
          failed + u"Could not write "_s + path(u"none/x.zip"_s) + u": No such file or directory"_s},
         {"an old file when the tool fails", path(u"out/old.zip"_s), failed + u"svn: E"_s},
@@ -175,6 +179,28 @@ TEST(Archives, ThatFailSayWhyAndLeaveNothing) {
         EXPECT_EQ(temporary.left(), QStringList());
         EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
     }
+}
+
+TEST(Archives, EndedByClosingLeaveTheOldFile) {
+    TempTree tree;
+    tree.write(u"out/old.zip"_s, "old");
+    QSettings settings(tree.path(u"test.conf"_s), QSettings::IniFormat);
+    ScriptedUser user;
+    user.chosenSaveFile = tree.path(u"out/old.zip"_s);
+    const auto git = std::make_shared<HeldTool>();
+    std::optional<AppState> app(std::in_place, settings, user, Tools{git, git, git});
+    const Project project{QUuid::createUuid(), u"wc"_s, tree.path(), RepositoryKind::git};
+    app->projects = QList<Project>{project};
+    app->selectedProjectID = project.id;
+    app->archiveEntries = QList<LogEntry>{{.revision = 1, .commitHash = QString(40, u'a')}};
+    app->selectedArchiveEntryID = 1;
+    const QCoro::Task<> archive = app->createArchiveZip();
+    ASSERT_TRUE(waitUntil([&git] { return !git->runs.isEmpty(); }));
+    EXPECT_EQ(app->busyKind.value(), BusyKind::interruptible);
+    EXPECT_EQ(tree.entries(u"out"_s).size(), 2);
+    app.reset();
+    EXPECT_EQ(tree.entries(u"out"_s), QStringList{u"old.zip"_s});
+    EXPECT_EQ(tree.read(u"out/old.zip"_s), "old");
 }
 
 TEST(Archives, ReplaceAFileAndTakeTheHistorysSelection) {

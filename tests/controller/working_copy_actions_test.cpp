@@ -111,6 +111,7 @@ void expectRun(NotedActions &f, const ActionRow &row, const QStringList &vector)
     ASSERT_EQ(f.tool->vectors(), QList<QStringList>{vector});
     EXPECT_EQ(f.tool->runs.first().directory, f.folder.path());
     EXPECT_EQ(f.app->busyMessage.value(), row.title);
+    EXPECT_EQ(f.app->busyKind.value() == BusyKind::interruptible, row.refreshAfter == RefreshAfter::no);
     f.tool->finish(vector, {});
     ASSERT_TRUE(waitUntil([&f] { return f.app->commandOutput.value().has_value(); }))
         << "shown though nothing was printed";
