@@ -34,7 +34,7 @@ DiffBar::DiffBar(QMenu *menu, QWidget *parent)
       hunks(new ToneLabel(QString(), Tone::muted, this)),
       previous(barButton(Icon::arrowUp, u"Previous Hunk"_s, u"Previous Hunk (Shift+F7)"_s, this)),
       next(barButton(Icon::arrowDown, u"Next Hunk"_s, u"Next Hunk (F7)"_s, this)),
-      more(barButton(Icon::more, u"Diff Menu"_s, u"More"_s, this)) {
+      more(barButton(Icon::more, u"More commands for the diff"_s, u"More commands"_s, this)) {
     setFixedHeight(barHeight);
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, gap, 1);
