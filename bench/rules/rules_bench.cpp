@@ -48,9 +48,10 @@ QStringList distinctPaths(int count) {
         paths.append(path + names[n % names.size()].arg(i));
     }
     paths.sort();
-    for (QString &path : paths)
-        path = QString(path.constData(), path.size()); // a walk makes them one after another
-    return paths;
+    QStringList walked; // neighbours in memory too
+    for (const QString &path : std::as_const(paths))
+        walked.append(QString(path.constData(), path.size()));
+    return walked;
 }
 
 void decidePaths(benchmark::State &state) {
