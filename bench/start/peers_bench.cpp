@@ -40,6 +40,7 @@ QString executable(const QString &name) {
 
 SeenStart best(const SeenStart &left, const SeenStart &right) {
     SeenStart both = right;
+    both.idleMs = std::max(left.idleMs, right.idleMs);
     both.windowMs = std::min(left.windowMs, right.windowMs);
     both.restMs = left.restMs && right.restMs ? std::min(left.restMs, right.restMs) : std::nullopt;
     return both;
@@ -61,6 +62,7 @@ void reportBoth(const QByteArray &name, const SeenStart &program, const SeenStar
     else
         reportAlone(name + ": start to rest", program.restMs, "ms", "not at rest within a minute");
     report(name + ": memory at rest", program.megabytes, "MB", peer.megabytes);
+    report(name + ": processor time in a second at rest", program.idleMs, "ms", peer.idleMs);
 }
 
 void reportAllMissing(const QByteArray &name, const char *why) {
@@ -68,6 +70,7 @@ void reportAllMissing(const QByteArray &name, const char *why) {
     reportAlone(name + ": memory at window", std::nullopt, "MB", why);
     reportAlone(name + ": start to rest", std::nullopt, "ms", why);
     reportAlone(name + ": memory at rest", std::nullopt, "MB", why);
+    reportAlone(name + ": processor time in a second at rest", std::nullopt, "ms", why);
 }
 
 void compare(ScreenWatch &watch, const Peer &peer) {

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <poll.h>
 #include <spawn.h>
+#include <unistd.h>
 
 namespace kestor {
 
@@ -82,7 +83,11 @@ std::optional<SeenStart> ScreenWatch::seenStart(const QStringList &command, int 
     if (awaitWindow(patienceMs)) {
         seen = SeenStart{.windowMs = elapsed(), .windowMegabytes = sharedMegabytes({program})};
         seen->restMs = awaitRest(patienceMs);
-        seen->megabytes = sharedMegabytes(startedProcesses());
+        const QList<pid_t> processes = startedProcesses();
+        seen->megabytes = sharedMegabytes(processes);
+        const double used = processorSeconds(processes);
+        ::usleep(1'000'000);
+        seen->idleMs = 1000 * (processorSeconds(processes) - used);
     }
     endStartedProcesses();
     awaitEvents(300);

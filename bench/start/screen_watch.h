@@ -16,6 +16,7 @@ struct SeenStart {
     double windowMegabytes = 0;     ///< its proportional share of memory at that time
     std::optional<double> restMs{}; ///< until the screen first looked as it then stayed; nothing if it never rested
     double megabytes = 0;           ///< that of it and what it started, at the end
+    double idleMs = 0;              ///< processor time that these used in the second after that
 };
 
 /// Watches an X display on which nothing else happens. A program is at rest when for two seconds neither the screen

@@ -113,9 +113,14 @@ void windowAgainstMinimalWindow(benchmark::State &state) {
 
 void listAgainstMinimalWindowAndStatusRun(benchmark::State &state, RepositoryKind kind) {
     const SampleProject project = sampleProject(kind, files);
-    compare(
-        state, [&] { return minimalWindow(project) + bareStatus(kind, project); },
-        [&] { return changesList(project); });
+    double statusBest = noTime;
+    const auto baseline = [&] {
+        const double status = bareStatus(kind, project);
+        statusBest = std::min(statusBest, status);
+        return minimalWindow(project) + status;
+    };
+    compare(state, baseline, [&] { return changesList(project); });
+    state.counters["status_ms"] = 1000 * statusBest;
 }
 
 void listOfDoubledAgainstSingleProject(benchmark::State &state, RepositoryKind kind) {
