@@ -1,23 +1,15 @@
 #include "analysis/sublime_syntax_loader.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 namespace kestor {
 namespace {
 
-using namespace Qt::StringLiterals;
-using testing::TempTree;
-
 TEST(SublimeSyntaxLoader, ReadsScalarsOfOneLine) {
     const QString none = u"<none>"_s;
-    const struct Row {
-        const char *name;
-        QString line;
-        QString expected;
-    } rows[] = {
+    const Rows<QString, QString> rows{
         {"plain", u"match: \\b(if|else)\\b"_s, u"\\b(if|else)\\b"_s},
         {"list item", u"- match: x"_s, u"x"_s},
         {"no blank behind the colon", u"match:x"_s, u"x"_s},
@@ -42,37 +34,8 @@ TEST(SublimeSyntaxLoader, ReadsScalarsOfOneLine) {
         {"quotes that do not match", u"match: 'x\""_s, u"'x\""_s},
         {"quotes within", u"match: x'y'"_s, u"x'y'"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(SublimeSyntaxLoader::yamlScalarValue(u"match", row.line).value_or(none), row.expected);
-    }
-}
-
-TEST(SublimeSyntaxLoader, ColorsAndRanksScopes) {
-    const struct Row {
-        QString scope;
-        QString color;
-        int priority;
-    } rows[] = {
-        {u"Comment.line.string"_s, u"#6A737D"_s, 100},
-        {u"string.quoted.comment"_s, u"#6A737D"_s, 100},
-        {u"keyword.control.string"_s, u"#0A7F42"_s, 90},
-        {u"keyword.control"_s, u"#B42D8D"_s, 60},
-        {u"storage.type"_s, u"#B42D8D"_s, 60},
-        {u"entity.name.function variable"_s, u"#0550AE"_s, 40},
-        {u"support.function.builtin"_s, u"#0550AE"_s, 40},
-        {u"constant.numeric.integer"_s, u"#953800"_s, 40},
-        {u"meta.numeric"_s, u"#953800"_s, 40},
-        {u"variable.parameter"_s, u"#0A7A83"_s, 40},
-        {u"invalid.illegal"_s, u"#CF222E"_s, 40},
-        {u"meta.block"_s, u"#57606A"_s, 40},
-        {u"entity.other support.class"_s, u"#57606A"_s, 40},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.scope.toStdString());
-        EXPECT_EQ(SublimeSyntaxLoader::colorHex(row.scope), row.color);
-        EXPECT_EQ(SublimeSyntaxLoader::priority(row.scope), row.priority);
-    }
+    for (const auto &[name, line, wantedExpected] : rows)
+        EXPECT_EQ(SublimeSyntaxLoader::yamlScalarValue(u"match", line).value_or(none), wantedExpected);
 }
 
 /// "pattern color priority" of every rule; "unreadable" without a definition.
@@ -124,22 +87,17 @@ TEST(SublimeSyntaxLoader, ReadsFilesAsTheyAreFound) {
     const QByteArray lf = wildFile;
     QByteArray crlf = lf;
     QByteArray cr = lf;
-    const struct Row {
-        const char *name;
-        QByteArray content;
-        QStringList expected;
-    } rows[] = {
+    const Rows<QByteArray, QStringList> rows{
         {"line feeds", lf, expected},
         {"CR LF", crlf.replace("\n", "\r\n"), expected},
         {"CR", cr.replace('\n', '\r'), expected},
-        {"byte order mark", QByteArray("\xEF\xBB\xBF- match: a\nscope: b\n"), {u"a #57606A 40"_s}},
-        {"no line end", "- match: a\n  scope: b", {u"a #57606A 40"_s}},
-        {"UTF-8", "- match: \xC3\xA9+\n  scope: string", {u"é+ #0A7F42 90"_s}},
-        {"Latin-1", "# \xA9\n- match: \xE9+\n  scope: string", {u"é+ #0A7F42 90"_s}},
-        {"other line breaks",
-         "match: a\xC2\x85scope: b\xE2\x80\xA8match: c\x0Bscope: d",
-         {u"a #57606A 40"_s, u"c #57606A 40"_s}},
-        {"the last match before a scope", "match: a\nmatch: |\nmatch: b\nscope: c", {u"b #57606A 40"_s}},
+        {"byte order mark", QByteArray("\xEF\xBB\xBF- match: a\nscope: b\n"), u"a #57606A 40"_list},
+        {"no line end", "- match: a\n  scope: b", u"a #57606A 40"_list},
+        {"UTF-8", "- match: \xC3\xA9+\n  scope: string", u"é+ #0A7F42 90"_list},
+        {"Latin-1", "# \xA9\n- match: \xE9+\n  scope: string", u"é+ #0A7F42 90"_list},
+        {"other line breaks", "match: a\xC2\x85scope: b\xE2\x80\xA8match: c\x0Bscope: d",
+         u"a #57606A 40|c #57606A 40"_list},
+        {"the last match before a scope", "match: a\nmatch: |\nmatch: b\nscope: c", u"b #57606A 40"_list},
         {"no pairs", "scope: a\nmatch: b\n", {}},
         {"empty", "", {}},
         {"binary",
@@ -150,14 +108,13 @@ TEST(SublimeSyntaxLoader, ReadsFilesAsTheyAreFound) {
         {"large", QByteArray("  - match: a\n    scope: b\n").repeated(40'000), QStringList(40'000, u"a #57606A 40"_s)},
     };
     TempTree tree;
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        tree.write(u"a.sublime-syntax"_s, row.content);
-        EXPECT_EQ(loaded(tree.path(u"a.sublime-syntax"_s)), row.expected);
+    for (const auto &[name, content, wantedExpected] : rows) {
+        tree.write(u"a.sublime-syntax"_s, content);
+        EXPECT_EQ(loaded(tree.path(u"a.sublime-syntax"_s)), wantedExpected);
     }
     ASSERT_EQ(::mkfifo(tree.path(u"pipe"_s).toUtf8().constData(), 0600), 0);
-    for (const QString &unreadable : {u"missing"_s, u""_s, u"pipe"_s})
-        EXPECT_EQ(loaded(tree.path(unreadable)), QStringList{u"unreadable"_s});
+    for (const QString &unreadable : u"missing||pipe"_list)
+        EXPECT_EQ(loaded(tree.path(unreadable)), u"unreadable"_list);
 }
 
 } // namespace

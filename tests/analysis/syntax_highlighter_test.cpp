@@ -1,13 +1,12 @@
 #include "analysis/compiled_syntax.h"
 #include "analysis/syntax_highlighter.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
+#include "support/test.h"
 
 #include <QHash>
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <random>
 #include <tuple>
 
@@ -19,9 +18,6 @@ static void PrintTo(const SyntaxSpan &span, std::ostream *out) {
 }
 
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::TempTree;
 
 QString colorName(const QString &hex) {
     static const QHash<QString, QString> names{{u"#6A737D"_s, u"comment"_s}, {u"#0A7F42"_s, u"string"_s},
@@ -40,12 +36,7 @@ QString colored(const QString &line, const SyntaxDefinition &definition) {
 }
 
 TEST(SyntaxHighlighter, ColorsLinesOfEveryRuleSet) {
-    const struct Row {
-        const char *name;
-        QString language;
-        QString line;
-        QString expected;
-    } rows[] = {
+    const Rows<QString, QString, QString> rows{
         {"a comment inside a string drops the string", u"c"_s, u"x = \"http://host\"; if (1)"_s,
          u"comment(//host\"; if (1))"_s},
         {"strings", u"C++"_s, uR"(f("a \" b", '\'', "open)"_s, uR"(string("a \" b") string('\''))"_s},
@@ -87,11 +78,10 @@ TEST(SyntaxHighlighter, ColorsLinesOfEveryRuleSet) {
         {"half a character", u"c"_s, u"if "_s + QChar(0xD800) + u" \""_s + QChar(0xDC00) + u"\""_s,
          u"keyword(if) string(\""_s + QChar(0xDC00) + u"\")"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const std::optional<SyntaxDefinition> definition = SyntaxHighlighter::defaultDefinition(row.language);
+    for (const auto &[name, language, givenLine, wantedExpected] : rows) {
+        const std::optional<SyntaxDefinition> definition = SyntaxHighlighter::defaultDefinition(language);
         ASSERT_TRUE(definition);
-        EXPECT_EQ(colored(row.line, *definition), row.expected);
+        EXPECT_EQ(colored(givenLine, *definition), wantedExpected);
     }
     EXPECT_FALSE(SyntaxHighlighter::defaultDefinition(u"CoffeeScript"));
     EXPECT_FALSE(SyntaxHighlighter::defaultDefinition(u"Just"));
@@ -99,12 +89,7 @@ TEST(SyntaxHighlighter, ColorsLinesOfEveryRuleSet) {
 }
 
 TEST(SyntaxHighlighter, RanksByPriorityThenStartThenLengthThenOrder) {
-    const struct Row {
-        const char *name;
-        QList<SyntaxHighlightRule> rules;
-        QString line;
-        QString expected;
-    } rows[] = {
+    const Rows<QList<SyntaxHighlightRule>, QString, QString> rows{
         {"priority", {{u"bc"_s, u"1"_s, 1}, {u"abcd"_s, u"2"_s, 0}}, u"abcd"_s, u"1(bc)"_s},
         {"start", {{u"bcd"_s, u"1"_s, 5}, {u"ab"_s, u"2"_s, 5}}, u"abcd"_s, u"2(ab)"_s},
         {"length", {{u"ab"_s, u"1"_s, -1}, {u"abc"_s, u"2"_s, -1}}, u"abc"_s, u"2(abc)"_s},
@@ -129,10 +114,8 @@ TEST(SyntaxHighlighter, RanksByPriorityThenStartThenLengthThenOrder) {
         {"units of UTF-16", {{u"\\w+$"_s, u"1"_s, 0}}, u"🚀 𝒜b"_s, u"1(𝒜b)"_s},
         {"a look behind sees what came before", {{u"(?<=a)a"_s, u"1"_s, 0}}, u"aaa"_s, u"1(a) 1(a)"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(colored(row.line, {row.rules}), row.expected);
-    }
+    for (const auto &[name, rules, givenLine, wantedExpected] : rows)
+        EXPECT_EQ(colored(givenLine, {rules}), wantedExpected);
 }
 
 QList<QRegularExpression> plainExpressions(const QList<SyntaxHighlightRule> &rules) {
@@ -176,14 +159,10 @@ QList<SyntaxSpan> plainMatches(const QString &text, const QList<SyntaxHighlightR
 
 /// Pieces that begin, end and look like what the rules match.
 QString generatedLine(std::mt19937 &random) {
-    static const QStringList pieces{
-        u" "_s,      u" "_s,    u"  "_s,     u"\t"_s,      u"\""_s,    u"'"_s,      u"\\"_s,     u"//"_s,   u"/*"_s,
-        u"*/"_s,     u"#"_s,    u"--"_s,     u"<!--"_s,    u"-->"_s,   u"</"_s,     u"<a"_s,     u">"_s,    u"="_s,
-        u":"_s,      u"`"_s,    u"**"_s,     u"__"_s,      u"["_s,     u"]("_s,     u")"_s,      u"$"_s,    u"${x}"_s,
-        u"$(y)"_s,   u";"_s,    u"."_s,      u"if"_s,      u"class"_s, u"None"_s,   u"SELECT"_s, u"Int"_s,  u"i32"_s,
-        u"solid"_s,  u"true"_s, u"end"_s,    u"include"_s, u"defn"_s,  u"12"_s,     u"1.5e-3"_s, u"#fff"_s, u"10px"_s,
-        u"x"_s,      u"_"_s,    u"é"_s,      u"e\u0301"_s, u"²"_s,     u"\u0663"_s, u"\u203F"_s, u"𝒜"_s,    u"🚀"_s,
-        u"\u2028"_s, u"\r"_s,   u"\u00A0"_s, u"\u0085"_s,  u"-"_s,     u"%"_s,      u"> "_s,     u"# "_s,   u"!"_s};
+    static const QStringList pieces = u" | |  |\t|\"|'|\\|//|/*|*/|#|--|<!--|-->|</|<a|>|=|:|`|**|__|[|](|)|$|${x}|"
+                                      "$(y)|;|.|if|class|None|SELECT|Int|i32|solid|true|end|include|defn|12|"
+                                      "1.5e-3|#fff|10px|x|_|é|e\u0301|²|\u0663|\u203F|𝒜|🚀|\u2028|\r|\u00A0|\u0085|"
+                                      "-|%|> |# |!"_list;
     QString line;
     const int count = static_cast<int>(random() % 24);
     for (int i = 0; i < count; ++i)
@@ -192,8 +171,7 @@ QString generatedLine(std::mt19937 &random) {
 }
 
 TEST(CompiledSyntax, GivesWhatThePlainExpressionsGive) {
-    for (const QString &language : {u"c"_s, u"python"_s, u"html"_s, u"css"_s, u"json"_s, u"markdown"_s, u"sql"_s,
-                                    u"lua"_s, u"shell"_s, u"cmake"_s, u"clojure"_s}) {
+    for (const QString &language : u"c|python|html|css|json|markdown|sql|lua|shell|cmake|clojure"_list) {
         SCOPED_TRACE(language.toStdString());
         const SyntaxDefinition definition = *SyntaxHighlighter::defaultDefinition(language);
         CompiledSyntax syntax(definition);
@@ -236,18 +214,13 @@ CustomLanguageRule rule(const QString &extension, const QString &name, const std
 
 TEST(SyntaxHighlighter, ChoosesTheDefinitionOfAFile) {
     TempTree tree;
-    tree.write(u"own.sublime-syntax"_s, "- match: own\n  scope: keyword\n");
-    tree.write(u"empty.sublime-syntax"_s, "name: none\n");
+    tree.writeAll(
+        {{u"own.sublime-syntax"_s, "- match: own\n  scope: keyword\n"}, {u"empty.sublime-syntax"_s, "name: none\n"}});
     const QString own = tree.path(u"own.sublime-syntax"_s);
     const QString empty = tree.path(u"empty.sublime-syntax"_s);
     const QString missing = tree.path(u"missing"_s);
     // "own" is the file's definition; "!" none at all.
-    const struct Row {
-        const char *name;
-        QString path;
-        QList<CustomLanguageRule> rules;
-        QString like;
-    } rows[] = {
+    const Rows<QString, QList<CustomLanguageRule>, QString> rows{
         {"by extension", u"src/a.PY"_s, {}, u"python"_s},
         {"by name", u"a/CMakeLists.txt"_s, {}, u"cmake"_s},
         {"unknown", u"a/LICENSE"_s, {}, u"!"_s},
@@ -264,12 +237,11 @@ TEST(SyntaxHighlighter, ChoosesTheDefinitionOfAFile) {
         {"blank path", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, u" "_s)}, u"sql"_s},
         {"a rule without extension is for no file", u"Makefile"_s, {rule(u"."_s, u"SQL"_s)}, u"makefile"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const std::optional<SyntaxDefinition> expected = row.like == u"own"
+    for (const auto &[name, path, rules, like] : rows) {
+        const std::optional<SyntaxDefinition> expected = like == u"own"
                                                              ? SyntaxDefinition{{{u"own"_s, u"#B42D8D"_s, 60}}}
-                                                             : SyntaxHighlighter::defaultDefinition(row.like);
-        EXPECT_EQ(SyntaxHighlighter::definition(row.path, row.rules), expected);
+                                                             : SyntaxHighlighter::defaultDefinition(like);
+        EXPECT_EQ(SyntaxHighlighter::definition(path, rules), expected);
     }
 }
 

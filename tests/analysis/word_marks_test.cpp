@@ -1,12 +1,8 @@
 #include "analysis/word_marks.h"
-#include "support/printers.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 /// The line with its marks in brackets.
 QString marked(const QString &line, const std::vector<TextRange> &marks) {
@@ -17,13 +13,7 @@ QString marked(const QString &line, const std::vector<TextRange> &marks) {
 }
 
 TEST(WordMarks, MarkWhatChanged) {
-    const struct Row {
-        const char *name;
-        QString removed;
-        QString added;
-        QString markedRemoved;
-        QString markedAdded;
-    } rows[] = {
+    const Rows<QString, QString, QString, QString> rows{
         {"one word", u"return a_1 < 5;"_s, u"return b < 5;"_s, u"return [a_1] < 5;"_s, u"return [b] < 5;"_s},
         {"added words", u"f(int a) const"_s, u"f(int a, bool b)"_s, u"f(int a) [const]"_s, u"f(int a[, bool b])"_s},
         {"signs and a word become one", u"if (n > 5) x"_s, u"if (n >= c_.max) x"_s, u"if (n > [5]) x"_s,
@@ -41,11 +31,10 @@ TEST(WordMarks, MarkWhatChanged) {
         {"empty", u""_s, u"x"_s, u""_s, u"[x]"_s},
         {"repeated ends are not used twice", u"aa a"_s, u"aa a a"_s, u"aa a"_s, u"aa a [a]"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const WordMarks marks = wordMarks(row.removed, row.added);
-        EXPECT_EQ(marked(row.removed, marks.removed), row.markedRemoved);
-        EXPECT_EQ(marked(row.added, marks.added), row.markedAdded);
+    for (const auto &[name, removed, added, markedRemoved, markedAdded] : rows) {
+        const WordMarks marks = wordMarks(removed, added);
+        EXPECT_EQ(marked(removed, marks.removed), markedRemoved);
+        EXPECT_EQ(marked(added, marks.added), markedAdded);
     }
 }
 
@@ -73,12 +62,7 @@ Pairs pairs(const Lines &removed, const Lines &added) {
 }
 
 TEST(PairedLines, AreSimilarAndInOrder) {
-    const struct Row {
-        const char *name;
-        Lines removed;
-        Lines added;
-        Pairs expected;
-    } rows[] = {
+    const Rows<Lines, Lines, Pairs> rows{
         {"one each", {u"return a < 5;"_s}, {u"return a < limit;"_s}, {0}},
         {"exactly 0.4", {u"abcd xxxxxx"_s}, {u"abcd"_s}, {0}},
         {"below 0.4", {u"abcd xxxxxxx"_s}, {u"abcd"_s}, {-1}},
@@ -93,10 +77,8 @@ TEST(PairedLines, AreSimilarAndInOrder) {
         {"nothing added", {u"a"_s}, {}, {-1}},
         {"long lines", {QString(2001, u'a'), u"same word"_s}, {QString(2001, u'a'), u"same word!"_s}, {-1, 1}},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(pairs(row.removed, row.added), row.expected);
-    }
+    for (const auto &[name, removed, added, expected] : rows)
+        EXPECT_EQ(pairs(removed, added), expected);
 }
 
 TEST(PairedLines, AreBounded) {

@@ -1,38 +1,14 @@
 #include "controller/archive_names.h"
-#include "support/app_fixture.h"
-#include "support/held_tool.h"
-#include "support/printers.h"
-#include "support/repositories.h"
-
-#include <QDir>
-#include <QFile>
+#include "support/app_test.h"
 
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
 
 namespace kestor {
 namespace {
 
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::HeldTool;
-using testing::runTool;
-using testing::ScriptedUser;
-using testing::SvnFixture;
-using testing::TempTree;
-using testing::waitUntil;
-
 TEST(ArchiveNames, KeepOnlyWhatEveryFileSystemTakes) {
-    struct Row {
-        const char *name;
-        QString text;
-        QString component;
-    };
-    const Row rows[] = {
+    const Rows<QString, QString> rows{
         {"allowed characters", u"aZ09-_.x"_s, u"aZ09-_.x"_s},
         {"a run of others is one hyphen", u"Café  Ünïcode"_s, u"Caf-n-code"_s},
         {"a hyphen before such a run stays", u"a- b"_s, u"a--b"_s},
@@ -42,10 +18,8 @@ TEST(ArchiveNames, KeepOnlyWhatEveryFileSystemTakes) {
         {"nothing left", u"..."_s, u"Archive"_s},
         {"empty", QString(), u"Archive"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(archiveNameComponent(row.text), row.component);
-    }
+    for (const auto &[name, text, component] : rows)
+        EXPECT_EQ(archiveNameComponent(text), component);
     EXPECT_EQ(archiveRootName({.name = u"My App"_s}, {.revision = 42}), u"My-App-r42"_s);
     EXPECT_EQ(archiveRootName({.name = u"My App"_s}, {.commitHash = u"abcdef0123"_s}), u"My-App-abcdef0"_s);
     EXPECT_EQ(archiveFileName(u"/a.b/backup"_s), u"/a.b/backup.zip"_s);
@@ -70,8 +44,7 @@ QStringList treeOf(const TempTree &tree, const QString &folder) {
 
 template <typename Repository>
 void fill(Repository &repository) {
-    repository.write(u"größe/ä b@2x#%.txt"_s, "one\n");
-    repository.write(u"tool.sh"_s, "#!/bin/sh\n");
+    repository.writeAll({{u"größe/ä b@2x#%.txt"_s, "one\n"}, {u"tool.sh"_s, "#!/bin/sh\n"}});
     QFile::setPermissions(repository.path(u"tool.sh"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QFile::link(u"tool.sh"_s, repository.path(u"link"_s));
     repository.commitAll(u"first"_s);
@@ -101,14 +74,13 @@ TEST(Archives, HoldTheTreeOfTheirRevision) {
     runTool(u"svn"_s, {u"export"_s, u"-q"_s, u"-r"_s, u"2"_s, svn.path(), svn.tree.path(u"expected"_s)}, svn.path());
     git.git({u"archive"_s, u"--output"_s, git.tree.path(u"expected.tar"_s), u"HEAD~1"_s});
     git.tree.makeDirectory(u"expected"_s);
-    runTool(u"tar"_s, {u"-xf"_s, u"../expected.tar"_s}, git.tree.path(u"expected"_s));
+    runTool(u"tar"_s, u"-xf|../expected.tar"_list, git.tree.path(u"expected"_s));
     struct Row {
         RepositoryKind kind;
         TempTree &tree;
-        QString root;
-        QString commandLine;
+        QString root, commandLine;
     };
-    const QString hash = QString::fromLatin1(git.git({u"rev-parse"_s, u"HEAD~1"_s}).trimmed());
+    const QString hash = QString::fromLatin1(git.git(u"rev-parse|HEAD~1"_list).trimmed());
     const Row rows[] = {
         {RepositoryKind::svn, svn.tree, u"wc-r2"_s, u"zip (libarchive) "_s},
         {RepositoryKind::git, git.tree, u"wc-"_s + hash.left(7), u"/usr/bin/git archive --format=zip --output "_s},
@@ -123,14 +95,13 @@ TEST(Archives, HoldTheTreeOfTheirRevision) {
         f.user.chosenSaveFile = row.tree.path(u"out/chosen name"_s);
         row.tree.makeDirectory(u"out"_s);
         awaited(f.app.createArchiveZip());
-        EXPECT_EQ(f.alertText(), QString());
         EXPECT_EQ(f.user.asked.last(), u"save Create Archive Zip [Create Zip]: "_s + row.root + u".zip"_s);
         const CommandOutput output = f.app.commandOutput.value().value_or(CommandOutput());
         EXPECT_EQ(output.stdoutText, u"Created "_s + row.tree.path(u"out/chosen name.zip"_s));
-        EXPECT_TRUE(output.commandLine.startsWith(row.commandLine)) << output.commandLine.toStdString();
-        EXPECT_EQ(row.tree.entries(u"out"_s), QStringList{u"chosen name.zip"_s});
+        EXPECT_TRUE(startsWith(output.commandLine, row.commandLine));
+        EXPECT_EQ(row.tree.entries(u"out"_s), u"chosen name.zip"_list);
         EXPECT_EQ(temporary.left(), QStringList());
-        runTool(u"cmake"_s, {u"-E"_s, u"tar"_s, u"xf"_s, u"chosen name.zip"_s}, row.tree.path(u"out"_s));
+        runTool(u"cmake"_s, u"-E|tar|xf|chosen name.zip"_list, row.tree.path(u"out"_s));
         EXPECT_EQ(treeOf(row.tree, u"out/"_s + row.root), treeOf(row.tree, u"expected"_s));
         EXPECT_EQ(row.tree.entries(u"out"_s).filter(u"ä b@2x#%.txt"_s).size(), 1);
     }
@@ -142,16 +113,11 @@ TEST(Archives, ThatFailSayWhyAndLeaveNothing) {
     svn.tree.makeDirectory(u"out/folder.zip"_s);
     svn.tree.write(u"out/old.zip"_s, "old");
     svn.tree.makeDirectory(u"locked"_s);
-    struct Row {
-        const char *name;
-        QString destination;
-        QString alert; ///< what its message begins with
-    };
     const auto path = [&svn](const QString &relative) {
         return svn.tree.path(relative);
     };
     const QString failed = u"Create Archive Zip Failed: "_s;
-    const Row rows[] = {
+    const Rows<QString, QString> rows{
         {"a folder of that name", path(u"out/folder.zip"_s),
          failed + u"Could not write "_s + path(u"out/folder.zip"_s) + u": It is a folder."_s},
         {"a file that nobody was asked about", path(u"out/old"_s),
@@ -161,19 +127,17 @@ TEST(Archives, ThatFailSayWhyAndLeaveNothing) {
         {"an old file when the tool fails", path(u"out/old.zip"_s), failed + u"svn: E"_s},
     };
     const Temporary temporary;
-    AppFixture f;
-    f.open(svn.path(), RepositoryKind::svn);
+    AppFixture f(svn);
     awaited(f.app.createArchiveZip());
     EXPECT_EQ(f.alertText(), u"No Archive Selected: Select a revision or commit in Archives first."_s);
     awaited(f.app.loadArchives());
     f.app.selectedArchiveEntryID = 3;
     QDir().rename(path(u"repo/db"_s), path(u"repo/gone"_s));
     const QStringList before = svn.tree.entries(u"out"_s);
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        f.user.chosenSaveFile = row.destination;
+    for (const auto &[name, destination, alert] : rows) {
+        f.user.chosenSaveFile = destination;
         awaited(f.app.createArchiveZip());
-        EXPECT_TRUE(f.alertText().startsWith(row.alert)) << f.alertText().toStdString();
+        EXPECT_TRUE(startsWith(f.alertText(), alert));
         EXPECT_EQ(svn.tree.entries(u"out"_s), before);
         EXPECT_EQ(svn.tree.read(u"out/old.zip"_s), "old");
         EXPECT_EQ(temporary.left(), QStringList());
@@ -212,16 +176,14 @@ TEST(Archives, ReplaceAFileAndTakeTheHistorysSelection) {
     f.open(repository.path(), RepositoryKind::git);
     f.user.chosenSaveFile = repository.tree.path(u"out/old.zip"_s);
     awaited(f.app.createArchiveZip());
-    EXPECT_EQ(f.alertText(), QString());
     EXPECT_TRUE(repository.tree.read(u"out/old.zip"_s).startsWith("PK"));
-    EXPECT_EQ(repository.tree.entries(u"out"_s), QStringList{u"old.zip"_s});
+    EXPECT_EQ(repository.tree.entries(u"out"_s), u"old.zip"_list);
 }
 
 TEST(Archives, KeepTheSelectedCommitWhenNumbersMoveAndForgetOneThatIsGone) {
     GitFixture repository;
     fill(repository);
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     awaited(f.app.loadArchives());
     EXPECT_EQ(f.app.selectedArchiveEntryID.value(), std::nullopt);
     f.app.selectedArchiveEntryID = f.app.archiveEntries.value()[1].revision;
@@ -231,7 +193,7 @@ TEST(Archives, KeepTheSelectedCommitWhenNumbersMoveAndForgetOneThatIsGone) {
     awaited(f.app.loadArchives());
     EXPECT_EQ(f.app.selectedArchiveEntry()->commitHash, first->commitHash);
     f.app.selectedArchiveEntryID = 1000000;
-    repository.git({u"checkout"_s, u"-q"_s, u"--orphan"_s, u"fresh"_s});
+    repository.git(u"checkout|-q|--orphan|fresh"_list);
     awaited(f.app.loadArchives());
     EXPECT_EQ(f.app.selectedArchiveEntryID.value(), std::nullopt);
 }

@@ -1,21 +1,7 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
-
-#include <QDir>
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/app_test.h"
 
 namespace kestor {
 namespace {
-
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::SvnFixture;
 
 void select(AppFixture &f, const QString &path) {
     f.app.selectedChangeID = path;
@@ -24,30 +10,26 @@ void select(AppFixture &f, const QString &path) {
 
 TEST(Changes, OfASubversionProjectAreRealFilesWithDiffs) {
     SvnFixture repository;
-    for (const QString &name : {u"modified.c"_s, u"deleted.c"_s, u"missing.c"_s, u"icon@2x.txt"_s, u"-dash größe.c"_s})
+    for (const QString &name : u"modified.c|deleted.c|missing.c|icon@2x.txt|-dash größe.c"_list)
         repository.write(name, "one\ntwo\n");
     repository.commitAll(u"first"_s);
-    repository.write(u"modified.c"_s, "one\n2\n3\n");
-    repository.write(u"icon@2x.txt"_s, "one\nzwei\n");
-    repository.write(u"-dash größe.c"_s, "eins\ntwo\n");
-    repository.write(u"new/sub/file.c"_s, "fresh\n");
-    repository.write(u"new/skipped.o"_s);
-    repository.write(u".kestorignore"_s, "*.o\n");
-    repository.svn({u"delete"_s, u"deleted.c"_s});
+    repository.writeAll({{u"modified.c"_s, "one\n2\n3\n"},
+                         {u"icon@2x.txt"_s, "one\nzwei\n"},
+                         {u"-dash größe.c"_s, "eins\ntwo\n"},
+                         {u"new/sub/file.c"_s, "fresh\n"},
+                         {u"new/skipped.o"_s},
+                         {u".kestorignore"_s, "*.o\n"}});
+    repository.svn(u"delete|deleted.c"_list);
     QFile::remove(repository.path(u"missing.c"_s));
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(f.rows(),
-              (QStringList{u"*M -dash größe.c"_s, u"? .kestorignore"_s, u"*D deleted.c"_s, u"*M icon@2x.txt"_s,
-                           u"! missing.c"_s, u"*M modified.c"_s, u"? new/sub/file.c"_s}));
+    AppFixture f(repository);
+    EXPECT_EQ(f.rows(), u"*M -dash größe.c|? .kestorignore|*D deleted.c|*M icon@2x.txt|! missing.c|"
+                        "*M modified.c|? new/sub/file.c"_list);
     EXPECT_EQ(f.app.changesLineSummary.value(), (LineChangeSummary{4, 5}));
     EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
-    for (const QString &path : {u"-dash größe.c"_s, u"icon@2x.txt"_s, u"modified.c"_s}) {
+    for (const QString &path : u"-dash größe.c|icon@2x.txt|modified.c"_list) {
         SCOPED_TRACE(qPrintable(path));
         select(f, path);
-        EXPECT_TRUE(f.app.diffText.value().startsWith(u"Index: "_s + path + u'\n'))
-            << qPrintable(f.app.diffText.value());
+        EXPECT_TRUE(startsWith(f.app.diffText.value(), u"Index: "_s + path + u'\n'));
         EXPECT_EQ(f.app.diffPath.value(), path);
     }
     select(f, u"new/sub/file.c"_s);
@@ -56,16 +38,13 @@ TEST(Changes, OfASubversionProjectAreRealFilesWithDiffs) {
 
 TEST(Changes, OfAGitProjectBeforeItsFirstCommitHaveDiffsToo) {
     GitFixture repository;
-    repository.write(u"größe.txt"_s, "one\ntwo\n");
-    repository.write(u"a[1].txt"_s, "bracket\n");
-    repository.write(u"a1.txt"_s, "digit\n");
-    repository.git({u"add"_s, u"."_s});
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
-    EXPECT_EQ(f.rows(), (QStringList{u"*A a[1].txt"_s, u"*A a1.txt"_s, u"*A größe.txt"_s}));
+    repository.writeAll({{u"größe.txt"_s, "one\ntwo\n"}, {u"a[1].txt"_s, "bracket\n"}, {u"a1.txt"_s, "digit\n"}});
+    repository.git(u"add|."_list);
+    AppFixture f(repository);
+    EXPECT_EQ(f.rows(), u"*A a[1].txt|*A a1.txt|*A größe.txt"_list);
     EXPECT_EQ(f.app.changesLineSummary.value(), (LineChangeSummary{4, 0}));
     select(f, u"größe.txt"_s);
-    EXPECT_TRUE(f.app.diffText.value().contains(u"+one\n+two\n"_s)) << qPrintable(f.app.diffText.value());
+    EXPECT_TRUE(contains(f.app.diffText.value(), u"+one\n+two\n"_s));
     select(f, u"a[1].txt"_s);
     EXPECT_TRUE(f.app.diffText.value().contains(u"+bracket"_s));
     EXPECT_FALSE(f.app.diffText.value().contains(u"+digit"_s));
@@ -73,22 +52,21 @@ TEST(Changes, OfAGitProjectBeforeItsFirstCommitHaveDiffsToo) {
 
 TEST(Changes, ARefreshKeepsSelectionAndTicksAndFollowsTheDisk) {
     GitFixture repository;
-    for (const QString &name : {u"a.c"_s, u"b.c"_s, u"c.c"_s})
+    for (const QString &name : u"a.c|b.c|c.c"_list)
         repository.write(name, "one\n");
     repository.commitAll(u"first"_s);
-    for (const QString &name : {u"a.c"_s, u"b.c"_s, u"c.c"_s})
+    for (const QString &name : u"a.c|b.c|c.c"_list)
         repository.write(name, "two\n");
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     EXPECT_EQ(f.app.selectedChangeID.value(), u"a.c"_s);
     select(f, u"b.c"_s);
     f.app.setCommitSelection({*f.app.selectedChange()}, false);
-    repository.git({u"checkout"_s, u"-q"_s, u"a.c"_s});
+    repository.git(u"checkout|-q|a.c"_list);
     repository.write(u"d.c"_s);
     awaited(f.app.refreshAll());
-    EXPECT_EQ(f.rows(), (QStringList{u"M b.c"_s, u"*M c.c"_s, u"? d.c"_s}));
+    EXPECT_EQ(f.rows(), u"M b.c|*M c.c|? d.c"_list);
     EXPECT_EQ(f.app.selectedChangeID.value(), u"b.c"_s);
-    repository.git({u"checkout"_s, u"-q"_s, u"b.c"_s});
+    repository.git(u"checkout|-q|b.c"_list);
     awaited(f.app.refreshStatus());
     EXPECT_EQ(f.app.selectedChangeID.value(), u"c.c"_s);
     EXPECT_EQ(f.app.diffPath.value(), u"c.c"_s);
@@ -97,24 +75,13 @@ TEST(Changes, ARefreshKeepsSelectionAndTicksAndFollowsTheDisk) {
 TEST(Changes, AFailedStatusKeepsTheRowsAndSaysWhy) {
     GitFixture repository;
     repository.write(u"a.c"_s);
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     repository.write(u".git/index"_s, "broken");
     awaited(f.app.refreshAll());
-    EXPECT_TRUE(f.alertText().startsWith(u"Status Failed: "_s)) << qPrintable(f.alertText());
+    EXPECT_TRUE(startsWith(f.alertText(), u"Status Failed: "_s));
     EXPECT_EQ(f.app.commandOutput.value()->title, u"Status Failed"_s);
-    EXPECT_EQ(f.rows(), (QStringList{u"? a.c"_s}));
+    EXPECT_EQ(f.rows(), u"? a.c"_list);
     EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
-}
-
-TEST(Changes, AVanishedFolderIsTold) {
-    GitFixture repository;
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
-    QDir(repository.path()).removeRecursively();
-    awaited(f.app.refreshAll());
-    EXPECT_TRUE(f.alertText().startsWith(u"Status Failed: "_s)) << qPrintable(f.alertText());
-    EXPECT_TRUE(f.alertText().contains(repository.path())) << qPrintable(f.alertText());
 }
 
 TEST(Changes, ALatin1ByteHidesNothing) {
@@ -122,9 +89,8 @@ TEST(Changes, ALatin1ByteHidesNothing) {
     repository.write(u"a.txt"_s, "one\n");
     repository.commitAll(u"first"_s);
     repository.write(u"a.txt"_s, "M\xFCller\n");
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
-    EXPECT_TRUE(f.app.diffText.value().contains(u"-one\n+Müller\n"_s)) << qPrintable(f.app.diffText.value());
+    AppFixture f(repository);
+    EXPECT_TRUE(contains(f.app.diffText.value(), u"-one\n+Müller\n"_s));
     EXPECT_EQ(f.app.changesLineSummary.value(), (LineChangeSummary{1, 1}));
 }
 

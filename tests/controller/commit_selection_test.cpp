@@ -1,22 +1,12 @@
 #include "controller/commit_selection.h"
-#include "support/printers.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/test.h"
 
 namespace kestor {
 namespace {
 
 TEST(CommitSelection, DecidesWhoHasATickBoxAndWhoStartsTicked) {
     using K = SVNStatusKind;
-    struct Row {
-        const char *name;
-        WorkingCopyItem item;
-        bool committable;
-        bool ticked;
-    };
-    const Row rows[] = {
+    const Rows<WorkingCopyItem, bool, bool> rows{
         {"modified", {u"a"_s, K::modified}, true, true},
         {"properties changed too", {u"a"_s, K::modified, K::modified}, true, true},
         {"added", {u"a"_s, K::added}, true, true},
@@ -30,10 +20,9 @@ TEST(CommitSelection, DecidesWhoHasATickBoxAndWhoStartsTicked) {
         {"ignored", {u"a"_s, K::ignored}, false, false},
         {"nothing changed", {u"a"_s, K::normal, K::none, true}, false, false},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(isCommittable(row.item), row.committable);
-        EXPECT_EQ(isTickedAtFirst(row.item), row.ticked);
+    for (const auto &[name, item, committable, ticked] : rows) {
+        EXPECT_EQ(isCommittable(item), committable);
+        EXPECT_EQ(isTickedAtFirst(item), ticked);
     }
 }
 

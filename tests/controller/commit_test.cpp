@@ -1,20 +1,7 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
-
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/app_test.h"
 
 namespace kestor {
 namespace {
-
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::SvnFixture;
 
 void tickOnly(AppFixture &f, const QStringList &paths) {
     f.app.setCommitSelection(f.app.changes, false);
@@ -48,43 +35,36 @@ TEST(Commit, IsRefusedWithoutPathsOrMessage) {
 
 TEST(Commit, OfMixedKindsArrivesInOneSubversionRevision) {
     SvnFixture repository;
-    for (const QString &name : {u"m.c"_s, u"gone.c"_s, u"d.c"_s, u"icon@2x.txt"_s, u"kept.c"_s})
+    for (const QString &name : u"m.c|gone.c|d.c|icon@2x.txt|kept.c"_list)
         repository.write(name, "one\n");
     repository.commitAll(u"first"_s);
-    for (const QString &name : {u"m.c"_s, u"icon@2x.txt"_s, u"kept.c"_s})
+    for (const QString &name : u"m.c|icon@2x.txt|kept.c"_list)
         repository.write(name, "two\n");
-    repository.svn({u"delete"_s, u"d.c"_s});
+    repository.svn(u"delete|d.c"_list);
     QFile::remove(repository.path(u"gone.c"_s));
-    repository.write(u"new/deep/größe.c"_s);
-    repository.write(u"new/left.c"_s);
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
+    repository.writeAll({{u"new/deep/größe.c"_s}, {u"new/left.c"_s}});
+    AppFixture f(repository);
     tickOnly(f, {u"m.c"_s, u"gone.c"_s, u"d.c"_s, u"icon@2x.txt"_s, u"new/deep/größe.c"_s});
     f.app.commitMessage = u"m.c"_s;
     awaited(f.app.commitSelected());
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(f.rows(), (QStringList{u"M kept.c"_s, u"? new/left.c"_s}));
+    EXPECT_EQ(f.rows(), u"M kept.c|? new/left.c"_list);
     EXPECT_EQ(f.app.commitMessage.value(), QString());
     EXPECT_EQ(f.app.commandOutput.value()->title, u"Commit"_s);
-    const QString log = QString::fromUtf8(repository.svn({u"log"_s, u"-v"_s, u"-r"_s, u"HEAD"_s}));
-    for (const QString &line :
-         {u"M /trunk/m.c"_s, u"D /trunk/gone.c"_s, u"D /trunk/d.c"_s, u"M /trunk/icon@2x.txt"_s, u"A /trunk/new"_s,
-          u"A /trunk/new/deep"_s, u"A /trunk/new/deep/größe.c"_s, u"\n\nm.c\n"_s})
+    const QString log = QString::fromUtf8(repository.svn(u"log|-v|-r|HEAD"_list));
+    for (const QString &line : u"M /trunk/m.c|D /trunk/gone.c|D /trunk/d.c|M /trunk/icon@2x.txt|"
+                               "A /trunk/new|A /trunk/new/deep|A /trunk/new/deep/größe.c|\n\nm.c\n"_list)
         EXPECT_TRUE(log.contains(line)) << qPrintable(line) << "\n" << qPrintable(log);
 }
 
 TEST(Commit, TakesAddedFoldersButNoUntickedRowInThem) {
     SvnFixture repository;
-    repository.write(u"d/in.c"_s);
-    repository.write(u"d/out.c"_s);
-    repository.svn({u"add"_s, u"d"_s});
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
+    repository.writeAll({{u"d/in.c"_s}, {u"d/out.c"_s}});
+    repository.svn(u"add|d"_list);
+    AppFixture f(repository);
     tickOnly(f, {u"d/in.c"_s});
     f.app.commitMessage = u"one of two"_s;
     awaited(f.app.commitSelected());
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(f.rows(), (QStringList{u"A d/out.c"_s}));
+    EXPECT_EQ(f.rows(), u"A d/out.c"_list);
 }
 
 TEST(Commit, KeepsMessagesByteForByte) {
@@ -101,85 +81,69 @@ TEST(Commit, KeepsMessagesByteForByte) {
         tickOnly(f, {u"a.c"_s});
         f.app.commitMessage = message;
         awaited(f.app.commitSelected());
-        EXPECT_EQ(
-            QString::fromUtf8(svn.svn({u"propget"_s, u"--strict"_s, u"--revprop"_s, u"-r"_s, u"HEAD"_s, u"svn:log"_s})),
-            message);
+        EXPECT_EQ(QString::fromUtf8(svn.svn(u"propget|--strict|--revprop|-r|HEAD|svn:log"_list)), message);
         f.open(git.path(), RepositoryKind::git);
         tickOnly(f, {u"a.c"_s});
         f.app.commitMessage = message;
         awaited(f.app.commitSelected());
-        EXPECT_EQ(QString::fromUtf8(git.git({u"log"_s, u"-1"_s, u"--format=%B"_s})), message + u"\n\n"_s);
+        EXPECT_EQ(QString::fromUtf8(git.git(u"log|-1|--format=%B"_list)), message + u"\n\n"_s);
     }
 }
 
 TEST(Commit, OfGitTakesRenamesWholeAndNothingElse) {
     GitFixture repository;
-    repository.write(u"old.c"_s, "one\ntwo\nthree\n");
-    repository.write(u"staged.c"_s, "one\n");
+    repository.writeAll({{u"old.c"_s, "one\ntwo\nthree\n"}, {u"staged.c"_s, "one\n"}});
     repository.commitAll(u"first"_s);
-    repository.git({u"mv"_s, u"old.c"_s, u"new.c"_s});
+    repository.git(u"mv|old.c|new.c"_list);
     repository.write(u"staged.c"_s, "two\n");
-    repository.git({u"add"_s, u"staged.c"_s});
-    repository.write(u"a*.c"_s);
-    repository.write(u"ab.c"_s);
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    repository.git(u"add|staged.c"_list);
+    repository.writeAll({{u"a*.c"_s}, {u"ab.c"_s}});
+    AppFixture f(repository);
     tickOnly(f, {u"new.c"_s, u"a*.c"_s});
     f.app.commitMessage = u"rename"_s;
     awaited(f.app.commitSelected());
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(repository.git({u"show"_s, u"--format="_s, u"--name-status"_s, u"HEAD"_s}),
-              "A\ta*.c\nR100\told.c\tnew.c\n");
-    EXPECT_EQ(f.rows(), (QStringList{u"? ab.c"_s, u"M staged.c"_s}));
+    EXPECT_EQ(repository.git(u"show|--format=|--name-status|HEAD"_list), "A\ta*.c\nR100\told.c\tnew.c\n");
+    EXPECT_EQ(f.rows(), u"? ab.c|M staged.c"_list);
 }
 
 TEST(Commit, TakesStagedDeletionsAndNothingThatHasNoRow) {
     GitFixture git;
-    git.write(u"gone.c"_s, "one\n");
-    git.write(u"old.c"_s, "one\ntwo\nthree\n");
+    git.writeAll({{u"gone.c"_s, "one\n"}, {u"old.c"_s, "one\ntwo\nthree\n"}});
     git.commitAll(u"first"_s);
-    git.git({u"rm"_s, u"-q"_s, u"gone.c"_s});
-    git.git({u"mv"_s, u"old.c"_s, u"new.c"_s});
+    git.git(u"rm|-q|gone.c"_list);
+    git.git(u"mv|old.c|new.c"_list);
     git.write(u"old.c"_s, "another file\n");
     SvnFixture svn;
-    svn.write(u".kestorignore"_s, "*.tmp\n");
-    svn.write(u"p/kept.c"_s, "one\n");
-    svn.write(u"p/h.tmp"_s, "one\n");
+    svn.writeAll({{u".kestorignore"_s, "*.tmp\n"}, {u"p/kept.c"_s, "one\n"}, {u"p/h.tmp"_s, "one\n"}});
     svn.commitAll(u"first"_s);
     svn.write(u"p/h.tmp"_s, "two\n");
-    svn.svn({u"propset"_s, u"-q"_s, u"note"_s, u"x"_s, u"p"_s});
-    AppFixture f;
-    f.open(git.path(), RepositoryKind::git);
+    svn.svn(u"propset|-q|note|x|p"_list);
+    AppFixture f(git);
     tickOnly(f, {u"gone.c"_s, u"new.c"_s});
     f.app.commitMessage = u"why"_s;
     awaited(f.app.commitSelected());
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(git.git({u"show"_s, u"HEAD:new.c"_s}), "one\ntwo\nthree\n");
-    EXPECT_FALSE(git.git({u"ls-tree"_s, u"--name-only"_s, u"HEAD"_s}).contains("gone.c"));
+    EXPECT_EQ(git.git(u"show|HEAD:new.c"_list), "one\ntwo\nthree\n");
+    EXPECT_FALSE(git.git(u"ls-tree|--name-only|HEAD"_list).contains("gone.c"));
     EXPECT_EQ(git.tree.read(u"wc/old.c"_s), "another file\n");
     f.open(svn.path(), RepositoryKind::svn);
     tickOnly(f, {u"p"_s});
     f.app.commitMessage = u"why"_s;
     awaited(f.app.commitSelected());
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(svn.svn({u"cat"_s, u"-r"_s, u"HEAD"_s, u"p/h.tmp"_s}), "one\n");
+    EXPECT_EQ(svn.svn(u"cat|-r|HEAD|p/h.tmp"_list), "one\n");
 }
 
 TEST(Commit, OfAMergeIsWholeOrRefusedBeforeAnythingRuns) {
     GitFixture repository;
-    repository.write(u"a.c"_s, "one\n");
-    repository.write(u"b.c"_s, "one\n");
+    repository.writeAll({{u"a.c"_s, "one\n"}, {u"b.c"_s, "one\n"}});
     repository.commitAll(u"first"_s);
-    repository.git({u"checkout"_s, u"-q"_s, u"-b"_s, u"side"_s});
-    repository.write(u"a.c"_s, "side\n");
-    repository.write(u"b.c"_s, "side\n");
+    repository.git(u"checkout|-q|-b|side"_list);
+    repository.writeAll({{u"a.c"_s, "side\n"}, {u"b.c"_s, "side\n"}});
     repository.commitAll(u"side"_s);
-    repository.git({u"checkout"_s, u"-q"_s, u"main"_s});
+    repository.git(u"checkout|-q|main"_list);
     repository.write(u"c.c"_s);
     repository.commitAll(u"main"_s);
-    repository.git({u"merge"_s, u"--no-commit"_s, u"--no-ff"_s, u"-q"_s, u"side"_s});
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    repository.git(u"merge|--no-commit|--no-ff|-q|side"_list);
+    AppFixture f(repository);
     tickOnly(f, {u"a.c"_s});
     f.app.commitMessage = u"merged"_s;
     awaited(f.app.commitSelected());
@@ -188,26 +152,23 @@ TEST(Commit, OfAMergeIsWholeOrRefusedBeforeAnythingRuns) {
     EXPECT_EQ(f.app.commitMessage.value(), u"merged"_s);
     tickOnly(f, {u"a.c"_s, u"b.c"_s});
     awaited(f.app.commitSelected());
-    EXPECT_EQ(repository.git({u"log"_s, u"-1"_s, u"--format=%s %p"_s}).split(' ').size(), 3);
+    EXPECT_EQ(repository.git(u"log|-1|--format=%s %p"_list).split(' ').size(), 3);
     EXPECT_TRUE(f.rows().isEmpty());
 }
 
 TEST(Commit, RefusedByAHookLeavesEverythingAsItWas) {
     SvnFixture svn;
-    svn.write(u"m.c"_s, "one\n");
-    svn.write(u"gone.c"_s, "one\n");
+    svn.writeAll({{u"m.c"_s, "one\n"}, {u"gone.c"_s, "one\n"}});
     svn.commitAll(u"first"_s);
-    svn.write(u"m.c"_s, "two\n");
-    svn.write(u"new/deep/a.c"_s);
+    svn.writeAll({{u"m.c"_s, "two\n"}, {u"new/deep/a.c"_s}});
     QFile::remove(svn.path(u"gone.c"_s));
     writeHook(svn.tree.path(u"repo/hooks/pre-commit"_s), "echo 'no entry today' >&2\nexit 1\n");
     GitFixture git;
     git.write(u"staged.c"_s, "one\n");
     git.commitAll(u"first"_s);
     git.write(u"staged.c"_s, "two\n");
-    git.git({u"add"_s, u"staged.c"_s});
-    git.write(u"staged.c"_s, "three\n");
-    git.write(u"new.c"_s);
+    git.git(u"add|staged.c"_list);
+    git.writeAll({{u"staged.c"_s, "three\n"}, {u"new.c"_s}});
     writeHook(git.path(u".git/hooks/pre-commit"_s), "echo 'no entry today' >&2\nexit 1\n");
     AppFixture f;
     for (const auto &[path, kind] : {std::pair{svn.path(), RepositoryKind::svn}, {git.path(), RepositoryKind::git}}) {
@@ -217,29 +178,26 @@ TEST(Commit, RefusedByAHookLeavesEverythingAsItWas) {
         f.app.commitMessage = u"try"_s;
         const QStringList rows = f.rows();
         const QByteArray status =
-            kind == RepositoryKind::svn ? svn.svn({u"status"_s}) : git.git({u"status"_s, u"--porcelain"_s});
+            kind == RepositoryKind::svn ? svn.svn(u"status"_list) : git.git(u"status|--porcelain"_list);
         awaited(f.app.commitSelected());
         EXPECT_TRUE(f.alertText().startsWith(u"Commit Failed: "_s));
-        EXPECT_TRUE(f.alertText().contains(u"no entry today"_s)) << qPrintable(f.alertText());
+        EXPECT_TRUE(contains(f.alertText(), u"no entry today"_s));
         EXPECT_EQ(f.app.commitMessage.value(), u"try"_s);
         EXPECT_EQ(f.rows(), rows);
-        EXPECT_EQ(kind == RepositoryKind::svn ? svn.svn({u"status"_s}) : git.git({u"status"_s, u"--porcelain"_s}),
-                  status);
+        EXPECT_EQ(kind == RepositoryKind::svn ? svn.svn(u"status"_list) : git.git(u"status|--porcelain"_list), status);
     }
-    EXPECT_EQ(git.git({u"show"_s, u":staged.c"_s}), "two\n");
+    EXPECT_EQ(git.git(u"show|:staged.c"_list), "two\n");
 }
 
 TEST(Commit, KilledInTheMiddleShowsWhatIsThere) {
     SvnFixture svn;
     svn.write(u"m.c"_s, "one\n");
     svn.commitAll(u"first"_s);
-    svn.write(u"m.c"_s, "two\n");
-    svn.write(u"new.c"_s);
+    svn.writeAll({{u"m.c"_s, "two\n"}, {u"new.c"_s}});
     GitFixture git;
     git.write(u"m.c"_s, "one\n");
     git.commitAll(u"first"_s);
-    git.write(u"m.c"_s, "two\n");
-    git.write(u"new.c"_s);
+    git.writeAll({{u"m.c"_s, "two\n"}, {u"new.c"_s}});
     for (const QString &hook : {svn.tree.path(u"repo/hooks/pre-commit"_s), git.path(u".git/hooks/pre-commit"_s)})
         writeHook(hook, "kill -9 $PPID\n");
     AppFixture f;
@@ -249,7 +207,7 @@ TEST(Commit, KilledInTheMiddleShowsWhatIsThere) {
         f.app.setCommitSelection(f.app.changes, true);
         f.app.commitMessage = u"try"_s;
         awaited(f.app.commitSelected());
-        EXPECT_TRUE(f.alertText().startsWith(u"Commit Failed: "_s)) << qPrintable(f.alertText());
+        EXPECT_TRUE(startsWith(f.alertText(), u"Commit Failed: "_s));
         EXPECT_EQ(f.app.commitMessage.value(), u"try"_s);
         EXPECT_FALSE(f.app.busyMessage.value());
         AppFixture later;
@@ -266,8 +224,7 @@ TEST(Commit, OfAFileThatCameBackDoesNotDeleteIt) {
     repository.write(u"gone.c"_s, "one\n");
     repository.commitAll(u"first"_s);
     QFile::remove(repository.path(u"gone.c"_s));
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
+    AppFixture f(repository);
     tickOnly(f, {u"gone.c"_s});
     f.app.commitMessage = u"remove"_s;
     repository.write(u"gone.c"_s, "precious\n");
@@ -280,13 +237,11 @@ TEST(Commit, OfManyFilesFitsIntoTheCommandLine) {
     GitFixture repository;
     for (int i = 0; i < 1500; ++i)
         repository.write(u"%1/%2.c"_s.arg(QString(70, u'd')).arg(i));
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     f.app.setCommitSelection(f.app.changes, true);
     f.app.commitMessage = u"many"_s;
     awaited(f.app.commitSelected());
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(repository.git({u"ls-files"_s}).count('\n'), 1500);
+    EXPECT_EQ(repository.git(u"ls-files"_list).count('\n'), 1500);
 }
 
 } // namespace

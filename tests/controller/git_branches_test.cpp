@@ -1,21 +1,7 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
-
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/app_test.h"
 
 namespace kestor {
 namespace {
-
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::SvnFixture;
-using testing::TempTree;
 
 /// As long as it lives, a `git` of before the subcommand `switch` is first on PATH.
 class OldGit {
@@ -41,18 +27,18 @@ private:
 class ClonedBranches : public ::testing::Test {
 protected:
     ClonedBranches() {
-        for (const QString &branch : {u"main"_s, u"topic"_s, u"feature/x"_s}) {
+        for (const QString &branch : u"main|topic|feature/x"_list) {
             if (branch != u"main")
                 origin.git({u"switch"_s, u"-q"_s, u"-c"_s, branch});
             origin.write(u"a.txt"_s, branch.toUtf8());
             origin.commitAll(u"on "_s + branch);
         }
-        origin.git({u"switch"_s, u"-q"_s, u"main"_s});
-        testing::runTool(u"git"_s, {u"clone"_s, u"-q"_s, origin.path(), path()}, origin.tree.path());
+        origin.git(u"switch|-q|main"_list);
+        runTool(u"git"_s, {u"clone"_s, u"-q"_s, origin.path(), path()}, origin.tree.path());
         f.open(path(), RepositoryKind::git);
     }
     QString path() const { return origin.tree.path(u"clone"_s); }
-    QByteArray git(const QStringList &arguments) const { return testing::runTool(u"git"_s, arguments, path()); }
+    QByteArray git(const QStringList &arguments) const { return runTool(u"git"_s, arguments, path()); }
     void switchTo(const SwitchTarget &target) {
         f.app.alert = std::nullopt;
         f.app.commandOutput = std::nullopt;
@@ -82,72 +68,60 @@ TEST(GitBranches, NeedAGitProject) {
 
 TEST_F(ClonedBranches, AreOfferedWithoutThePointerOfTheRemoteAndCancelledQuietly) {
     awaited(f.app.branches.switchGitBranch());
-    EXPECT_EQ(f.user.asked, QStringList(u"branch main of main, origin/feature/x, origin/main, origin/topic"_s));
-    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(f.user.asked, u"branch main of main, origin/feature/x, origin/main, origin/topic"_list);
     EXPECT_EQ(f.app.commandOutput.value(), std::nullopt);
     EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
-    git({u"switch"_s, u"-q"_s, u"--detach"_s});
+    git(u"switch|-q|--detach"_list);
     awaited(f.app.branches.switchGitBranch());
     EXPECT_TRUE(f.user.asked.last().startsWith(u"branch (none) of main, "_s)) << "a detached HEAD has none";
 }
 
 TEST_F(ClonedBranches, AreSwitchedToAndEverythingShownFollows) {
-    struct Row {
-        const char *name;
-        SwitchTarget target;
-        QString command; ///< of the output
-        QStringList shown;
-        QString says; ///< part of the output
-    };
-    const Row rows[] = {
+    const Rows<SwitchTarget, QString, QStringList, QString> rows{
         {"a remote branch is tracked",
          {u"origin/topic"_s, true},
          u"switch --track origin/topic"_s,
-         {u"topic"_s, u"topic"_s},
+         u"topic|topic"_list,
          u"set up to track"_s},
-        {"a local branch", {u"main"_s, false}, u"switch main"_s, {u"main"_s, u"main"_s}, u"up to date"_s},
+        {"a local branch", {u"main"_s, false}, u"switch main"_s, u"main|main"_list, u"up to date"_s},
         {"a remote branch whose local one exists",
          {u"origin/topic"_s, true},
          u"switch topic"_s,
-         {u"topic"_s, u"topic"_s},
+         u"topic|topic"_list,
          u"The local branch topic already exists"_s},
-        {"the current branch", {u"topic"_s, false}, u"switch topic"_s, {u"topic"_s, u"topic"_s}, u"Already on"_s},
+        {"the current branch", {u"topic"_s, false}, u"switch topic"_s, u"topic|topic"_list, u"Already on"_s},
         {"a typed name that only the remote has",
          {u"feature/x"_s, false},
          u"switch feature/x"_s,
-         {u"feature/x"_s, u"feature/x"_s},
+         u"feature/x|feature/x"_list,
          u"set up to track"_s},
     };
     f.app.selectedTab = WorkflowTab::history;
     awaited(f.app.tabChanged());
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        switchTo(row.target);
-        EXPECT_EQ(f.alertText(), QString());
+    for (const auto &[name, target, command, wantedShown, says] : rows) {
+        switchTo(target);
         ASSERT_TRUE(f.app.commandOutput.value());
         const CommandOutput output = *f.app.commandOutput.value();
         EXPECT_EQ(output.title, u"Switch Branch"_s);
-        EXPECT_TRUE(output.commandLine.endsWith(u"git "_s + row.command)) << output.commandLine.toStdString();
-        EXPECT_TRUE((output.stdoutText + output.stderrText).contains(row.says)) << output.stdoutText.toStdString();
-        EXPECT_EQ(shown(), row.shown);
-        EXPECT_EQ(f.app.logEntries.value().first().message, u"on "_s + row.shown.first()) << "the visible tab";
+        EXPECT_TRUE(output.commandLine.endsWith(u"git "_s + command)) << output.commandLine.toStdString();
+        EXPECT_TRUE((output.stdoutText + output.stderrText).contains(says)) << output.stdoutText.toStdString();
+        EXPECT_EQ(shown(), wantedShown);
+        EXPECT_EQ(f.app.logEntries.value().first().message, u"on "_s + wantedShown.first()) << "the visible tab";
         EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
     }
 }
 
 TEST_F(ClonedBranches, ThatATagOrAnotherRemoteNameResemblesAreTold) {
-    git({u"branch"_s, u"same"_s});
-    git({u"tag"_s, u"same"_s});
-    git({u"branch"_s, u"origin/topic"_s});
+    git(u"branch|same"_list);
+    git(u"tag|same"_list);
+    git(u"branch|origin/topic"_list);
     awaited(f.app.branches.switchGitBranch());
     EXPECT_EQ(f.user.asked.last(), u"branch main of main, origin/topic, same, origin/feature/x, origin/main, "
                                    "remotes/origin/topic"_s);
     switchTo({u"same"_s, false});
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(QString::fromUtf8(git({u"symbolic-ref"_s, u"HEAD"_s})), u"refs/heads/same\n"_s);
+    EXPECT_EQ(QString::fromUtf8(git(u"symbolic-ref|HEAD"_list)), u"refs/heads/same\n"_s);
     switchTo({u"remotes/origin/topic"_s, true});
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(shown(), (QStringList{u"topic"_s, u"topic"_s}));
+    EXPECT_EQ(shown(), u"topic|topic"_list);
 }
 
 TEST_F(ClonedBranches, StayWhenTheSwitchFails) {
@@ -157,10 +131,9 @@ TEST_F(ClonedBranches, StayWhenTheSwitchFails) {
     EXPECT_EQ(f.alertText(), u"Switch Branch Failed: The name of a branch cannot begin with \"-\": --detach"_s);
     origin.tree.write(u"clone/a.txt"_s, "mine");
     switchTo({u"origin/topic"_s, true});
-    EXPECT_TRUE(f.alertText().startsWith(u"Switch Branch Failed: error: Your local changes"_s))
-        << f.alertText().toStdString();
-    EXPECT_EQ(shown(), (QStringList{u"main"_s, u"mine"_s}));
-    EXPECT_EQ(f.rows(), QStringList(u"*M a.txt"_s)) << "also what changed meanwhile is shown";
+    EXPECT_TRUE(startsWith(f.alertText(), u"Switch Branch Failed: error: Your local changes"_s));
+    EXPECT_EQ(shown(), u"main|mine"_list);
+    EXPECT_EQ(f.rows(), u"*M a.txt"_list) << "also what changed meanwhile is shown";
 }
 
 TEST_F(ClonedBranches, AreShownTrueWhenAHookFailsAfterTheSwitch) {
@@ -168,19 +141,18 @@ TEST_F(ClonedBranches, AreShownTrueWhenAHookFailsAfterTheSwitch) {
     QFile::setPermissions(path() + u"/.git/hooks/post-checkout"_s, QFile::ReadOwner | QFile::ExeOwner);
     switchTo({u"topic"_s, false});
     EXPECT_TRUE(f.alertText().contains(u"no lfs"_s));
-    EXPECT_EQ(shown(), (QStringList{u"topic"_s, u"topic"_s}));
+    EXPECT_EQ(shown(), u"topic|topic"_list);
 }
 
 TEST_F(ClonedBranches, AreCheckedOutByAGitThatCannotSwitch) {
     const OldGit old;
     switchTo({u"origin/topic"_s, true});
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(shown(), (QStringList{u"topic"_s, u"topic"_s}));
+    EXPECT_EQ(shown(), u"topic|topic"_list);
     EXPECT_TRUE(f.app.commandOutput.value()->commandLine.endsWith(u"git checkout --track origin/topic"_s));
     switchTo({u"main"_s, false});
-    EXPECT_EQ(shown(), (QStringList{u"main"_s, u"main"_s}));
+    EXPECT_EQ(shown(), u"main|main"_list);
     origin.tree.write(u"clone/a.txt"_s, "mine");
-    for (const QString &name : {u"a.txt"_s, u"*.txt"_s, u"."_s, u":/"_s}) {
+    for (const QString &name : u"a.txt|*.txt|.|:/"_list) {
         switchTo({name, false});
         EXPECT_TRUE(f.alertText().contains(u"is not a git command"_s)) << name.toStdString();
         EXPECT_EQ(origin.tree.read(u"clone/a.txt"_s), "mine") << "no branch, and its changes are not lost";
@@ -192,19 +164,9 @@ TEST_F(ClonedBranches, AreCheckedOutByAGitThatCannotSwitch) {
         << "some would take the file";
 }
 
-TEST(GitBranches, OfARepositoryWithoutCommitsAreNone) {
-    GitFixture repository;
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
-    awaited(f.app.branches.switchGitBranch());
-    EXPECT_EQ(f.user.asked, QStringList(u"branch (none) of "_s));
-    EXPECT_EQ(f.alertText(), QString());
-}
-
 TEST(GitBranches, AreNotListedByAGitThatFails) {
     GitFixture repository;
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     repository.tree.write(u"wc/.git/HEAD"_s, "broken");
     awaited(f.app.branches.switchGitBranch());
     EXPECT_TRUE(f.alertText().startsWith(u"Switch Branch Failed: fatal: "_s));

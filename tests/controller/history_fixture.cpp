@@ -1,5 +1,7 @@
 #include "history_fixture.h"
 
+#include "support/lists.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kestor::testing {
@@ -45,15 +47,15 @@ MovedFiles::MovedFiles() {
     commitAll(u"two"_s);
     write(u"icon@2x #1 50%.txt"_s, "a\nb\n");
     commitAll(u"three"_s);
-    svn({u"move"_s, u"-q"_s, u"old"_s, u"new"_s});
+    svn(u"move|-q|old|new"_list);
     commitAll(u"move the folder"_s);
     write(u"new/Größe.c"_s, "x\ny\n");
     commitAll(u"five"_s);
-    svn({u"move"_s, u"-q"_s, u"new/Größe.c"_s, u"new/size.c"_s});
+    svn(u"move|-q|new/Größe.c|new/size.c"_list);
     commitAll(u"rename"_s);
-    svn({u"delete"_s, u"-q"_s, u"new/size.c"_s});
+    svn(u"delete|-q|new/size.c"_list);
     commitAll(u"delete"_s);
-    svn({u"delete"_s, u"-q"_s, u"icon@2x #1 50%.txt@"_s});
+    svn(u"delete|-q|icon@2x #1 50%.txt@"_list);
     tree.makeDirectory(u"wc/icon@2x #1 50%.txt"_s);
     commitAll(u"a folder instead"_s);
 }

@@ -8,6 +8,10 @@ namespace kestor::testing {
 /// A controller on its History tab.
 class HistoryFixture : public AppFixture {
 public:
+    HistoryFixture() = default;
+    explicit HistoryFixture(const SvnFixture &project) { openHistory(project.path(), RepositoryKind::svn); }
+    explicit HistoryFixture(const GitFixture &project) { openHistory(project.path(), RepositoryKind::git); }
+
     void openHistory(const QString &path, RepositoryKind kind) {
         app.selectedTab = WorkflowTab::history;
         open(path, kind);

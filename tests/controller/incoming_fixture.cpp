@@ -1,5 +1,7 @@
 #include "incoming_fixture.h"
 
+#include "support/lists.h"
+
 using namespace Qt::StringLiterals;
 
 namespace kestor::testing {
@@ -17,9 +19,9 @@ QByteArray SharedRepository::theirSvn(const QStringList &arguments) const {
 }
 
 void SharedRepository::theyCommit(const QString &message) const {
-    theirSvn({u"add"_s, u"-q"_s, u"--force"_s, u"."_s});
+    theirSvn(u"add|-q|--force|."_list);
     theirSvn({u"commit"_s, u"-q"_s, u"-m"_s, message});
-    theirSvn({u"update"_s, u"-q"_s});
+    theirSvn(u"update|-q"_list);
 }
 
 QString SharedRepository::url(const QString &relative) const {

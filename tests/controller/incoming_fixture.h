@@ -25,6 +25,9 @@ public:
 class IncomingFixture : public AppFixture {
 public:
     IncomingFixture() { app.selectedTab = WorkflowTab::incoming; }
+    explicit IncomingFixture(const SvnFixture &project) : IncomingFixture() {
+        open(project.path(), RepositoryKind::svn);
+    }
 
     /// "r2 to r5: 5 4 3", the selected revision in brackets.
     QString range() const;

@@ -1,23 +1,10 @@
-#include "support/app_fixture.h"
-#include "support/held_tool.h"
-#include "support/printers.h"
-
-#include <QCoreApplication>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/app_test.h"
 
 namespace kestor {
 namespace {
 
-using testing::HeldTool;
-using testing::ScriptedUser;
-using testing::TempTree;
-using testing::waitUntil;
-
-const QStringList infoRun{u"info"_s, u"--xml"_s};
-const QStringList statusRun{u"status"_s, u"--xml"_s, u"-u"_s};
+const QStringList infoRun = u"info|--xml"_list;
+const QStringList statusRun = u"status|--xml|-u"_list;
 const QByteArray printedInfo = "<info><entry path='.' revision='10'><url>file:///r</url></entry></info>";
 
 QByteArray statusAt(const QByteArray &head) {
@@ -39,30 +26,17 @@ QStringList diffOf(const QString &revision) {
     return {u"diff"_s, u"-c"_s, revision, u"."_s};
 }
 
-const QStringList summaryTo12{u"diff"_s, u"-r"_s, u"10:12"_s, u"file:///r@12"_s};
+const QStringList summaryTo12 = u"diff|-r|10:12|file:///r@12"_list;
 
 /// Two Subversion projects and tools that end when told.
-class IncomingLoads : public ::testing::Test {
+class IncomingLoads : public ::testing::Test, public HeldApp {
 protected:
-    IncomingLoads() {
-        const QList<Project> projects{{QUuid::createUuid(), u"one"_s, folder.path(), RepositoryKind::svn},
-                                      {QUuid::createUuid(), u"two"_s, folder.path(), RepositoryKind::svn}};
-        ProjectStore(settings).save(projects);
-        app = std::make_unique<AppState>(settings, user, Tools{svn, svn, svn});
-    }
+    IncomingLoads() : HeldApp(RepositoryKind::svn) {}
 
     void load() { tasks.push_back(app->incoming.loadIncoming()); }
-    void finish(const QStringList &arguments, const QByteArray &output, qint32 status = 0) {
-        ASSERT_TRUE(waitUntil([&] { return svn->finish(arguments, output, status, status == 0 ? "" : "svn: E1"); }))
-            << qPrintable(arguments.join(u' '));
-    }
     void finishStatus(const QByteArray &head) {
         finish(infoRun, printedInfo);
         finish(statusRun, statusAt(head));
-    }
-    static void settle() {
-        for (int i = 0; i < 50; ++i)
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
     }
     QList<qint64> revisions() const {
         QList<qint64> all;
@@ -70,18 +44,11 @@ protected:
             all.append(entry.revision);
         return all;
     }
-
-    TempTree folder{};
-    QSettings settings{folder.path(u"test.conf"_s), QSettings::IniFormat};
-    ScriptedUser user{};
-    std::shared_ptr<HeldTool> svn = std::make_shared<HeldTool>();
-    std::vector<QCoro::Task<>> tasks{};
-    std::unique_ptr<AppState> app{};
 };
 
 TEST_F(IncomingLoads, AsksBothAtOnceAndShowsTheListBeforeItsSumAndDiff) {
     load();
-    EXPECT_EQ(svn->vectors(), (QList<QStringList>{infoRun, statusRun}));
+    EXPECT_EQ(tool->vectors(), (QList<QStringList>{infoRun, statusRun}));
     EXPECT_EQ(app->busyMessage.value(), u"Loading incoming"_s);
     finishStatus("12");
     finish(logTo(u"12"_s), printedLog({"11", "12"}));
@@ -98,7 +65,7 @@ TEST_F(IncomingLoads, AsksBothAtOnceAndShowsTheListBeforeItsSumAndDiff) {
     finish(diffOf(u"12"_s), "+twelve\n");
     ASSERT_TRUE(waitUntil([&] { return !app->busyMessage.value(); }));
     settle();
-    EXPECT_EQ(svn->vectors().count(summaryTo12), 1) << "the same range has the same sum";
+    EXPECT_EQ(tool->vectors().count(summaryTo12), 1) << "the same range has the same sum";
     EXPECT_EQ(app->incomingLineSummary.value(), (LineChangeSummary{2, 1}));
 }
 
@@ -107,7 +74,7 @@ TEST_F(IncomingLoads, RunsNoLogWithoutARange) {
     finishStatus("10");
     ASSERT_TRUE(waitUntil([&] { return app->incomingLoaded.value(); }));
     settle();
-    EXPECT_EQ(svn->vectors(), (QList<QStringList>{infoRun, statusRun}));
+    EXPECT_EQ(tool->vectors(), (QList<QStringList>{infoRun, statusRun}));
     EXPECT_EQ(app->incoming.incomingRangeDescription(), u"r10 to r10"_s);
 }
 
@@ -129,10 +96,10 @@ TEST_F(IncomingLoads, AFailedLogLeavesRangeAndListAsTheyWere) {
 TEST_F(IncomingLoads, AnOlderLoadNeitherReplacesANewerOneNorTellsOfItsFailure) {
     load();
     load();
-    svn->runs[2].promise->addResult(SVNCommandResult{{}, 0, printedInfo, {}});
-    svn->runs[2].promise->finish();
-    svn->runs[3].promise->addResult(SVNCommandResult{{}, 0, statusAt("12"), {}});
-    svn->runs[3].promise->finish();
+    tool->runs[2].promise->addResult(SVNCommandResult{{}, 0, printedInfo, {}});
+    tool->runs[2].promise->finish();
+    tool->runs[3].promise->addResult(SVNCommandResult{{}, 0, statusAt("12"), {}});
+    tool->runs[3].promise->finish();
     finish(logTo(u"12"_s), printedLog({"12"}));
     ASSERT_TRUE(waitUntil([&] { return !app->busyMessage.value(); }));
     finish(infoRun, printedInfo);
@@ -145,7 +112,7 @@ TEST_F(IncomingLoads, AnOlderLoadNeitherReplacesANewerOneNorTellsOfItsFailure) {
 TEST_F(IncomingLoads, NothingOfAProjectThatWasLeftIsShown) {
     load();
     finishStatus("12");
-    ASSERT_TRUE(waitUntil([&] { return svn->vectors().contains(logTo(u"12"_s)); }));
+    ASSERT_TRUE(waitForRun(logTo(u"12"_s)));
     app->selectedProjectID = app->projects.value()[1].id;
     tasks.push_back(app->projectSelectionChanged());
     finish(logTo(u"12"_s), printedLog({"12"}));
@@ -159,7 +126,7 @@ TEST_F(IncomingLoads, WalkingThroughRevisionsLoadsTheLastOneAndFewOnTheWay) {
     load();
     finishStatus("15");
     finish(logTo(u"15"_s), printedLog({"11", "12", "13", "14", "15"}));
-    ASSERT_TRUE(waitUntil([&] { return svn->vectors().contains(diffOf(u"15"_s)); }));
+    ASSERT_TRUE(waitForRun(diffOf(u"15"_s)));
     for (const qint64 revision : {14, 13, 12, 11}) {
         app->selectedIncomingRevision = revision;
         tasks.push_back(app->incoming.selectedIncomingRevisionChanged());
@@ -170,7 +137,7 @@ TEST_F(IncomingLoads, WalkingThroughRevisionsLoadsTheLastOneAndFewOnTheWay) {
     finish(diffOf(u"15"_s), "+15\n");
     settle();
     EXPECT_EQ(app->incomingDiffRevision.value(), 11);
-    EXPECT_FALSE(svn->vectors().contains(diffOf(u"12"_s)) || svn->vectors().contains(diffOf(u"13"_s)));
+    EXPECT_FALSE(tool->vectors().contains(diffOf(u"12"_s)) || tool->vectors().contains(diffOf(u"13"_s)));
 }
 
 TEST_F(IncomingLoads, ARefreshAsksAgainForWhatASilentServerHolds) {
@@ -179,18 +146,15 @@ TEST_F(IncomingLoads, ARefreshAsksAgainForWhatASilentServerHolds) {
         finishStatus("12");
         finish(logTo(u"12"_s), printedLog({"11", "12"}));
     };
-    const auto runs = [this](const QStringList &arguments) {
-        return svn->vectors().count(arguments);
-    };
     loadAll();
-    ASSERT_TRUE(waitUntil([&] { return runs(diffOf(u"12"_s)) == 1; }));
+    ASSERT_TRUE(waitForRun(diffOf(u"12"_s), 1));
     app->selectedIncomingRevision = 11;
     tasks.push_back(app->incoming.selectedIncomingRevisionChanged());
-    ASSERT_TRUE(waitUntil([&] { return runs(diffOf(u"11"_s)) == 1; }));
+    ASSERT_TRUE(waitForRun(diffOf(u"11"_s), 1));
     loadAll();
     ASSERT_TRUE(waitUntil([&] { return runs(diffOf(u"11"_s)) == 2 && runs(summaryTo12) == 2; }));
     loadAll();
-    ASSERT_TRUE(waitUntil([&] { return runs(diffOf(u"11"_s)) == 3; }));
+    ASSERT_TRUE(waitForRun(diffOf(u"11"_s), 3));
     EXPECT_EQ(runs(summaryTo12), 2) << "each reads the whole range";
     for (int i = 0; i < 3; ++i)
         finish(diffOf(u"11"_s), "+eleven\n");

@@ -1,9 +1,5 @@
 #include "controller/incoming_range.h"
-#include "support/printers.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/test.h"
 
 namespace kestor {
 namespace {
@@ -26,13 +22,7 @@ QByteArray infoAt(const QByteArray &revision) {
 
 TEST(IncomingRange, BeginsAtTheOldestItemThatIsOutOfDate) {
     const QByteArray external = "<entry path='ext'><wc-status item='external' props='none'/></entry>";
-    struct Row {
-        const char *name;
-        QByteArray entries;
-        QByteArray revision; ///< of the working copy
-        std::optional<QString> expected;
-    };
-    const Row rows[] = {
+    const Rows<QByteArray, QByteArray, std::optional<QString>> rows{
         {"nothing out of date", "", "12", u"r12 to r15"_s},
         {"mixed revisions", outdated("a", "12") + outdated("b", "10"), "14", u"r10 to r15"_s},
         {"numbers, not texts", outdated("a", "9") + outdated("b", "10"), "14", u"r9 to r15"_s},
@@ -44,10 +34,9 @@ TEST(IncomingRange, BeginsAtTheOldestItemThatIsOutOfDate) {
         {"a name that only begins like an external", external + outdated("ext2", "11"), "14", u"r11 to r15"_s},
         {"nothing known", "", "", std::nullopt},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const IncomingStatus status = incomingStatus(infoAt(row.revision), statusOf(row.entries));
-        EXPECT_EQ(rangeDescription(status.range), row.expected);
+    for (const auto &[name, wantedEntries, revision, expected] : rows) {
+        const IncomingStatus status = incomingStatus(infoAt(revision), statusOf(wantedEntries));
+        EXPECT_EQ(rangeDescription(status.range), expected);
     }
     const QByteArray items = external + outdated("ext/a", "2") + outdated("b", "13");
     EXPECT_EQ(incomingStatus(infoAt("14"), statusOf(items)).outdatedItems.size(), 2);
@@ -65,40 +54,11 @@ TEST(IncomingRange, HoldsOnlyWhatLiesAboveTheBaseAndNotAboveTheHead) {
     EXPECT_TRUE(incomingEntriesOf(log + "</log>", range, entries).isSharedWith(entries)) << "publishing it is free";
 }
 
-TEST(IncomingRange, IsAskedForByTheseVectors) {
-    const RepositoryInfo info{.url = u"file:///r/my%20trunk"_s};
-    struct Row {
-        const char *name;
-        QStringList vector;
-        QStringList expected;
-    };
-    const Row rows[] = {
-        {"log", incomingLogArguments({10, 15}), {u"log"_s, u"--xml"_s, u"--verbose"_s, u"-r"_s, u"11:15"_s}},
-        {"sum of lines",
-         incomingSummaryArguments(info, {10, 15}),
-         {u"diff"_s, u"-r"_s, u"10:15"_s, u"file:///r/my%20trunk@15"_s}},
-        {"sum without a URL", incomingSummaryArguments({}, {10, 15}), {u"diff"_s, u"-r"_s, u"10:15"_s, u"."_s}},
-        {"one revision", incomingDiffArguments(12), {u"diff"_s, u"-c"_s, u"12"_s, u"."_s}},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(row.vector, row.expected);
-    }
-    EXPECT_TRUE(IncomingRange({15, 15}).isEmpty() && IncomingRange({16, 15}).isEmpty());
-    EXPECT_TRUE(IncomingRange({{}, 15}).isEmpty() && IncomingRange({15, {}}).isEmpty());
-}
-
 TEST(IncomingRange, ARevisionOfOneFileIsTold) {
     const SVNPathChange picture{u"M"_s, u"/my trunk/d/logo.png"_s, u"file"_s};
     const SVNPathChange folder{u"A"_s, u"/my trunk/d"_s, u"dir"_s};
     const SVNPathChange elsewhere{u"M"_s, u"/my trunk2/a.c"_s, u"file"_s};
-    struct Row {
-        const char *name;
-        QList<SVNPathChange> changes;
-        QString relativeURL;
-        QString expected;
-    };
-    const Row rows[] = {
+    const Rows<QList<SVNPathChange>, QString, QString> rows{
         {"one file", {picture}, u"^/my%20trunk"_s, u"d/logo.png"_s},
         {"others outside of the working copy", {elsewhere, picture}, u"^/my%20trunk"_s, u"d/logo.png"_s},
         {"a folder", {folder}, u"^/my%20trunk"_s, {}},
@@ -107,11 +67,10 @@ TEST(IncomingRange, ARevisionOfOneFileIsTold) {
         {"a working copy of the root", {picture}, u"^/"_s, u"my trunk/d/logo.png"_s},
         {"nothing", {}, u"^/"_s, {}},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const LogEntry entry{.revision = 7, .paths = row.changes};
-        const std::optional<ChangedFile> file = onlyChangedFile(entry, {.relativeURL = row.relativeURL});
-        EXPECT_EQ(file ? file->path : QString(), row.expected);
+    for (const auto &[name, changes, relativeURL, expected] : rows) {
+        const LogEntry entry{.revision = 7, .paths = changes};
+        const std::optional<ChangedFile> file = onlyChangedFile(entry, {.relativeURL = relativeURL});
+        EXPECT_EQ(file ? file->path : QString(), expected);
         EXPECT_TRUE(!file || (file->revision.revision == 7 && file->revision.action == u"M"_s));
     }
 }

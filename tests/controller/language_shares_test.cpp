@@ -1,23 +1,10 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
+#include "support/app_test.h"
 
 #include <QElapsedTimer>
 #include <QSemaphore>
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace kestor {
 namespace {
-
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::ScriptedUser;
-using testing::TempTree;
-using testing::waitUntil;
 
 /// While it lives, no count begins.
 class HeldWorkers {
@@ -53,9 +40,9 @@ void showTab(AppState &app, WorkflowTab tab) {
 TEST(LanguageShares, AreCountedWhenTheyAreShownAndOutOfDate) {
     GitFixture project;
     project.write(u"a.c"_s, "12345");
-    AppFixture fixture;
+    AppFixture fixture(project);
     AppState &app = fixture.app;
-    fixture.open(project.path(), RepositoryKind::git);
+
     EXPECT_EQ(shares(app), u"not counted"_s) << "another tab is shown";
     showTab(app, WorkflowTab::configuration);
     EXPECT_EQ(shares(app), u"C 5"_s);
@@ -78,21 +65,21 @@ TEST(LanguageShares, AreCountedWhenTheyAreShownAndOutOfDate) {
 TEST(LanguageShares, FollowTheLastOfSeveralEditsOfTheRules) {
     GitFixture project;
     project.write(u"a.c"_s, "12345");
-    AppFixture fixture;
+    AppFixture fixture(project);
     AppState &app = fixture.app;
-    fixture.open(project.path(), RepositoryKind::git);
+
     showTab(app, WorkflowTab::configuration);
     QStringList published;
     const auto notifier = app.languageDistribution.addNotifier([&] { published.append(shares(app)); });
     QElapsedTimer sinceEdit;
     const QUuid id = app.languageRules.addCustomLanguageRule();
-    for (const QString &name : {u"One"_s, u"Two"_s, u"Three"_s}) {
+    for (const QString &name : u"One|Two|Three"_list) {
         sinceEdit.start();
         app.languageRules.updateCustomLanguageRule({id, u"C"_s, name, u"#123456"_s, {}});
         waitUntil([&] { return sinceEdit.hasExpired(200); });
     }
     EXPECT_TRUE(waitUntil([&] { return !published.isEmpty(); }));
-    EXPECT_EQ(published, QStringList(u"Three 5"_s));
+    EXPECT_EQ(published, u"Three 5"_list);
     EXPECT_GE(sinceEdit.elapsed(), 400);
 }
 
@@ -101,9 +88,9 @@ TEST(LanguageShares, OfAnotherProjectAreNeverShown) {
     one.write(u"a.c"_s);
     GitFixture two;
     two.write(u"a.py"_s, "123");
-    AppFixture fixture;
+    AppFixture fixture(one);
     AppState &app = fixture.app;
-    fixture.open(one.path(), RepositoryKind::git);
+
     fixture.open(two.path(), RepositoryKind::git);
     const QUuid second = *app.selectedProjectID.value();
     app.selectedProjectID = app.projects.value().at(app.projects.value().first().id == second ? 1 : 0).id;
@@ -120,7 +107,7 @@ TEST(LanguageShares, OfAnotherProjectAreNeverShown) {
     }
     for (QCoro::Task<> &task : tasks)
         awaited(std::move(task));
-    EXPECT_EQ(published, QStringList(u"Python 3"_s));
+    EXPECT_EQ(published, u"Python 3"_list);
     awaited(app.removeSelectedProject());
     EXPECT_EQ(published.at(1), u"not counted"_s);
 }
@@ -139,22 +126,6 @@ TEST(LanguageShares, EndWithTheProgram) {
     app->tabChanged();
     app.reset();
     EXPECT_EQ(published, QString());
-}
-
-TEST(LanguageShares, ShowInTheOutputSheet) {
-    GitFixture project;
-    project.write(u"a.c"_s, "12345");
-    AppFixture fixture;
-    AppState &app = fixture.app;
-    fixture.open(project.path(), RepositoryKind::git);
-    app.languageShares.showLanguageDistribution();
-    EXPECT_FALSE(app.commandOutput.value()) << "nothing is counted yet";
-    showTab(app, WorkflowTab::configuration);
-    app.languageShares.showLanguageDistribution();
-    const std::optional<CommandOutput> output = app.commandOutput.value();
-    ASSERT_TRUE(output);
-    EXPECT_EQ(output->title, u"Language Distribution"_s);
-    EXPECT_EQ(output->languageDistribution, app.languageDistribution.value());
 }
 
 } // namespace

@@ -1,18 +1,10 @@
 #include "controller/new_folders.h"
 #include "controller/repository_addresses.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
-
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/test.h"
 
 namespace kestor {
 namespace {
-
-using testing::TempTree;
 
 TEST(RepositoryAddresses, SayTheirToolAndOfferAName) {
     struct Row {
@@ -39,13 +31,12 @@ TEST(RepositoryAddresses, SayTheirToolAndOfferAName) {
 }
 
 TEST(RepositoryAddresses, AreRefusedWhenTheyAreOptionsOrPathsOfWindows) {
-    for (const QString &good :
-         {u"https://example.org/a b/größe@5"_s, u"file:///C"_s, u"file:///srv/c:/x"_s, u"h:srv/app.git"_s,
-          u"h:/srv/app.git"_s, u"svn+ssh://me@host/x"_s, u"/srv/back\\slash.git"_s, u"s://x"_s, u"trunk/a-b"_s})
+    for (const QString &good : u"https://example.org/a b/größe@5|file:///C|file:///srv/c:/x|h:srv/app.git|"
+                               "h:/srv/app.git|svn+ssh://me@host/x|/srv/back\\slash.git|s://x|trunk/a-b"_list)
         EXPECT_EQ(addressRefusal(good), std::nullopt) << good.toStdString();
-    for (const QString &bad :
-         {u"-x"_s, u"--upload-pack=touch x.git"_s, u"C:\\repos\\app"_s, u"c:\\app.git"_s, u"D:/repos/app.git"_s,
-          u"\\\\server\\share\\app"_s, u"file:///C:\\repos\\app"_s, u"file:///c:/repos/app"_s, u"file://C:/repos"_s})
+    for (const QString &bad : u"-x|--upload-pack=touch x.git|C:\\repos\\app|c:\\app.git|D:/repos/app.git|"
+                              "\\\\server\\share\\app|file:///C:\\repos\\app|file:///c:/repos/app|"
+                              "file://C:/repos"_list)
         EXPECT_NE(addressRefusal(bad), std::nullopt) << bad.toStdString();
 }
 
@@ -74,45 +65,20 @@ TEST(RepositoryAddresses, KeepTheirAtFromBeingARevision) {
 }
 
 TEST(NewFolders, TakeOnePlainName) {
-    for (const QString &good : {u"app"_s, u".app"_s, u"..app"_s, u"a b"_s, u"-x"_s, u"größe@2"_s, u"a\\b"_s})
+    for (const QString &good : u"app|.app|..app|a b|-x|größe@2|a\\b"_list)
         EXPECT_EQ(folderNameRefusal(good), std::nullopt) << good.toStdString();
     EXPECT_EQ(folderNameRefusal(QString()),
               (Refusal{u"Folder Name Required"_s, u"Choose a name for the new folder."_s}));
-    for (const QString &bad : {u"."_s, u".."_s, u"a/b"_s, u"/tmp"_s, u"../x"_s, u"a/"_s}) {
+    for (const QString &bad : u".|..|a/b|/tmp|../x|a/"_list) {
         const std::optional<Refusal> refusal = folderNameRefusal(bad);
         ASSERT_TRUE(refusal) << bad.toStdString();
         EXPECT_EQ(refusal->title, u"Invalid Folder Name"_s);
     }
     EXPECT_EQ(folderIn(u"/"_s, u"a"_s), u"/a"_s);
     EXPECT_EQ(newRepositoryAt(u"/tmp/x/../Demo"_s), (NewRepository{u"/tmp/Demo"_s, u"/tmp/Demo.repo"_s}));
-    for (const QString &unnamed : {u"/tmp/"_s, u"/tmp/."_s, u"/tmp/.."_s, u"/tmp/x/.."_s})
+    for (const QString &unnamed : u"/tmp/|/tmp/.|/tmp/..|/tmp/x/.."_list)
         EXPECT_EQ(newRepositoryAt(unnamed), std::nullopt) << unnamed.toStdString();
     EXPECT_EQ(fileURL(u"/tmp/a b#c%ü?"_s), u"file:///tmp/a%20b%23c%25%C3%BC%3F"_s);
-}
-
-TEST(NewFolders, ReplaceNothingButAnEmptyFolder) {
-    TempTree tree;
-    tree.makeDirectory(u"empty"_s);
-    tree.write(u"hidden/.file"_s);
-    tree.write(u"file"_s);
-    tree.write(u"Demo.repo/format"_s);
-    QFile::link(tree.path(u"nowhere"_s), tree.path(u"dangling"_s));
-    for (const QString &free : {u"none"_s, u"empty"_s})
-        EXPECT_EQ(standingDestinationRefusal(tree.path(free)), std::nullopt) << free.toStdString();
-    for (const QString &taken : {u"hidden"_s, u"file"_s, u"dangling"_s}) {
-        EXPECT_EQ(standingDestinationRefusal(tree.path(taken)),
-                  (Refusal{u"Destination Already Exists"_s, tree.path(taken) + u" already exists."_s}));
-        EXPECT_TRUE(remainsText(tree.path(taken)).contains(tree.path(taken)));
-    }
-    EXPECT_EQ(remainsText(tree.path(u"empty"_s)), QString());
-    const auto refusalAt = [&tree](const QString &name) {
-        return standingRepositoryRefusal(*newRepositoryAt(tree.path(name))).value_or(Refusal());
-    };
-    EXPECT_EQ(refusalAt(u"Demo"_s),
-              (Refusal{u"Repository Already Exists"_s, tree.path(u"Demo.repo"_s) + u" already exists."_s}));
-    EXPECT_EQ(refusalAt(u"empty"_s),
-              (Refusal{u"Working Directory Already Exists"_s, tree.path(u"empty"_s) + u" already exists."_s}));
-    EXPECT_EQ(refusalAt(u"New"_s), Refusal());
 }
 
 } // namespace

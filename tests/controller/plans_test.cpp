@@ -1,79 +1,28 @@
-#include "controller/commit_plan.h"
 #include "controller/deletion.h"
 #include "controller/path_command.h"
 #include "controller/revert_plan.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
-
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/test.h"
 
 namespace kestor {
 namespace {
 
-using testing::TempTree;
 using K = SVNStatusKind;
-
-WorkingCopyItem unversioned(const QString &path, const QString &root) {
-    WorkingCopyItem item{path, K::unversioned};
-    item.unversionedRoot = root;
-    return item;
-}
-
-CommitRequest request(const QList<WorkingCopyItem> &changes, const QStringList &ticked) {
-    return {changes, QSet<QString>(ticked.begin(), ticked.end()), u"why"_s, {}, {}};
-}
-
-TEST(CommitPlan, PreparesNeighboursTogetherAndTakesNewFoldersAlong) {
-    const QList<WorkingCopyItem> changes{{u"a.c"_s, K::modified},
-                                         {u"gone1.c"_s, K::missing},
-                                         {u"gone2.c"_s, K::missing},
-                                         unversioned(u"new/deep/1.c"_s, u"new"_s),
-                                         unversioned(u"new/deep/2.c"_s, u"new"_s),
-                                         {u"zz.c"_s, K::missing}};
-    const CommitPlan plan = svnCommitPlan(
-        request(changes, {u"a.c"_s, u"gone1.c"_s, u"gone2.c"_s, u"new/deep/1.c"_s, u"new/deep/2.c"_s, u"zz.c"_s}),
-        MessageNamesFile::no);
-    const CommitPlan expected{{{{u"delete"_s, u"--force"_s}, {u"gone1.c"_s, u"gone2.c"_s}, {}},
-                               {{u"add"_s, u"--parents"_s, u"--force"_s}, {u"new/deep/1.c"_s, u"new/deep/2.c"_s}, {}},
-                               {{u"delete"_s, u"--force"_s}, {u"zz.c"_s}, {}}},
-                              {{u"commit"_s},
-                               {u"a.c"_s, u"gone1.c"_s, u"gone2.c"_s, u"new"_s, u"new/deep"_s, u"new/deep/1.c"_s,
-                                u"new/deep/2.c"_s, u"zz.c"_s},
-                               {u"-m"_s, u"why"_s, u"--depth"_s, u"empty"_s}}};
-    EXPECT_EQ(plan, expected);
-}
-
-TEST(CommitPlan, OfAMergeNamesNoPathsAndLeavesNothingOut) {
-    CommitRequest merged = request({{u"a.c"_s, K::modified}, {u"b.c"_s, K::modified}}, {u"a.c"_s});
-    EXPECT_FALSE(coversWholeMerge(merged));
-    merged.ticked.insert(u"b.c"_s);
-    merged.changes.append({u"scratch.txt"_s, K::unversioned});
-    EXPECT_TRUE(coversWholeMerge(merged));
-    EXPECT_EQ(plainArguments(RepositoryKind::git, gitMergeCommitPlan(merged).commit),
-              (QStringList{u"commit"_s, u"-m"_s, u"why"_s}));
-}
 
 TEST(PathCommand, HandsManyPathsOverByFile) {
     PathCommand command{{u"commit"_s}, {u"icon@2x.png"_s, u"-dash"_s, u"a[1].c"_s}, {u"-m"_s, u"why"_s}};
     EXPECT_FALSE(needsPathFile(command));
-    EXPECT_EQ(plainArguments(RepositoryKind::svn, command),
-              (QStringList{u"commit"_s, u"icon@2x.png@"_s, u"./-dash"_s, u"a[1].c"_s, u"-m"_s, u"why"_s}));
-    EXPECT_EQ(
-        plainArguments(RepositoryKind::git, command),
-        (QStringList{u"commit"_s, u"--"_s, u"icon@2x.png"_s, u"-dash"_s, u":(literal)a[1].c"_s, u"-m"_s, u"why"_s}));
-    EXPECT_EQ(argumentsWithPathFile(RepositoryKind::svn, command, u"/t/f"_s),
-              (QStringList{u"commit"_s, u"--targets"_s, u"/t/f"_s, u"-m"_s, u"why"_s}));
+    EXPECT_EQ(plainArguments(RepositoryKind::svn, command), u"commit|icon@2x.png@|./-dash|a[1].c|-m|why"_list);
+    EXPECT_EQ(plainArguments(RepositoryKind::git, command),
+              u"commit|--|icon@2x.png|-dash|:(literal)a[1].c|-m|why"_list);
+    EXPECT_EQ(argumentsWithPathFile(RepositoryKind::svn, command, u"/t/f"_s), u"commit|--targets|/t/f|-m|why"_list);
     EXPECT_EQ(argumentsWithPathFile(RepositoryKind::git, command, u"/t/f"_s),
-              (QStringList{u"commit"_s, u"--pathspec-from-file=/t/f"_s, u"--pathspec-file-nul"_s, u"-m"_s, u"why"_s}));
+              u"commit|--pathspec-from-file=/t/f|--pathspec-file-nul|-m|why"_list);
     EXPECT_EQ(pathFileContent(RepositoryKind::svn, command), "./icon@2x.png@\n./-dash@\n./a[1].c@\n");
     EXPECT_EQ(pathFileContent(RepositoryKind::git, command), QByteArray("icon@2x.png\0-dash\0:(literal)a[1].c\0", 35));
     command.paths = {u"two\nlines"_s, u"a.c"_s};
     EXPECT_EQ(argumentsWithPathFile(RepositoryKind::svn, command, u"/t/f"_s),
-              (QStringList{u"commit"_s, u"--targets"_s, u"/t/f"_s, u"two\nlines"_s, u"-m"_s, u"why"_s}));
+              u"commit|--targets|/t/f|two\nlines|-m|why"_list);
     EXPECT_EQ(pathFileContent(RepositoryKind::svn, command), "./a.c@\n");
     EXPECT_EQ(pathFileContent(RepositoryKind::git, command), QByteArray("two\nlines\0a.c\0", 14));
     command.paths = QStringList(2000, QString(60, u'x'));
@@ -110,8 +59,7 @@ QString refusal(const QString &path, const QString &root) {
 
 TEST(Deletion, RefusesMetadataAndWhateverLeavesTheWorkingCopy) {
     TempTree tree;
-    tree.write(u"wc/nested/deep/.git/HEAD"_s);
-    tree.write(u"outside/file"_s);
+    tree.writeAll({{u"wc/nested/deep/.git/HEAD"_s}, {u"outside/file"_s}});
     QFile::link(tree.path(u"outside"_s), tree.path(u"wc/link"_s));
     const QString root = tree.path(u"wc"_s);
     struct Row {
@@ -137,11 +85,7 @@ TEST(Deletion, RefusesMetadataAndWhateverLeavesTheWorkingCopy) {
 
 TEST(Deletion, RemovesLinksAsLinksAndFoldersThatBecameEmpty) {
     TempTree tree;
-    tree.write(u"outside/kept"_s);
-    tree.write(u"wc/kept"_s);
-    tree.write(u"wc/a/b/file"_s);
-    tree.write(u"wc/a/b/sub/file"_s);
-    tree.write(u"wc/a-b"_s);
+    tree.writeAll({{u"outside/kept"_s}, {u"wc/kept"_s}, {u"wc/a/b/file"_s}, {u"wc/a/b/sub/file"_s}, {u"wc/a-b"_s}});
     tree.makeDirectory(u"wc/l"_s);
     QFile::link(tree.path(u"outside"_s), tree.path(u"wc/l/folder link"_s));
     QFile::link(tree.path(u"nowhere"_s), tree.path(u"wc/l/dangling"_s));
@@ -151,8 +95,7 @@ TEST(Deletion, RemovesLinksAsLinksAndFoldersThatBecameEmpty) {
                                        {u"l/dangling"_s, u"l"_s},   {u"versioned/new"_s, QString()},
                                        {u"gone"_s, QString()}};
     EXPECT_EQ(deleteUnversionedItems(paths, tree.path(u"wc"_s)), (DeletionResult{5, std::nullopt, false}));
-    EXPECT_EQ(tree.entries(),
-              (QStringList{u"outside/"_s, u"outside/kept"_s, u"wc/"_s, u"wc/a-b"_s, u"wc/kept"_s, u"wc/versioned/"_s}));
+    EXPECT_EQ(tree.entries(), u"outside/|outside/kept|wc/|wc/a-b|wc/kept|wc/versioned/"_list);
     EXPECT_EQ(deleteUnversionedItems({{u"gone"_s, QString()}}, tree.path(u"wc"_s)).error,
               u"No unversioned paths were found on disk."_s);
     EXPECT_EQ(deleteUnversionedItems({{u"kept"_s, QString()}, {u".git/x"_s, QString()}}, tree.path(u"wc"_s)).deleted,

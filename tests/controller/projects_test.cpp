@@ -1,21 +1,7 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
-
-#include <QDir>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/app_test.h"
 
 namespace kestor {
 namespace {
-
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::SvnFixture;
-using testing::TempTree;
 
 QStringList projectNames(const AppState &app) {
     QStringList names;
@@ -36,8 +22,8 @@ TEST(Projects, AddingASubfolderRegistersTheRootAndLoadsIt) {
     const Project project = f.app.projects.value().first();
     EXPECT_EQ(project, (Project{project.id, u"wc"_s, repository.path(), RepositoryKind::svn}));
     EXPECT_EQ(f.app.selectedProjectID.value(), project.id);
-    EXPECT_EQ(f.rows(), (QStringList{u"*M src/a.c"_s}));
-    EXPECT_EQ(f.user.asked, (QStringList{u"directory Add Working Copy"_s}));
+    EXPECT_EQ(f.rows(), u"*M src/a.c"_list);
+    EXPECT_EQ(f.user.asked, u"directory Add Working Copy"_list);
     EXPECT_EQ(ProjectStore(f.settings).load(), f.app.projects.value());
 }
 
@@ -56,48 +42,32 @@ TEST(Projects, AFolderOfNeitherKindIsRefusedInOneSentence) {
 
 TEST(Projects, AWorkingCopyInsideAGitRepositoryIsSubversion) {
     SvnFixture repository;
-    testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, repository.tree.path());
+    runTool(u"git"_s, u"init|-q"_list, repository.tree.path());
     AppFixture f;
     EXPECT_EQ(awaited(f.app.detectRepository(repository.path())).kind, RepositoryKind::svn);
     EXPECT_EQ(awaited(f.app.detectRepository(repository.tree.path())),
               (DetectedRepository{repository.tree.path(), RepositoryKind::git}));
 }
 
-TEST(Projects, TheRootOfAFolderIsFoundWhereThereIsOne) {
-    SvnFixture svn;
-    svn.tree.makeDirectory(u"wc/sub"_s);
-    GitFixture git;
-    git.tree.makeDirectory(u"wc/sub"_s);
-    AppFixture f;
-    const Tools tools = systemTools(f.settings);
-    EXPECT_EQ(awaited(svnWorkingCopyRoot(tools.svn, svn.path(u"sub"_s))), std::nullopt) << "not versioned";
-    svn.commitAll(u"first"_s);
-    EXPECT_EQ(awaited(svnWorkingCopyRoot(tools.svn, svn.path(u"sub"_s))), svn.path());
-    EXPECT_EQ(awaited(gitWorkingCopyRoot(tools.git, git.path(u"sub"_s))), git.path());
-    EXPECT_EQ(awaited(gitWorkingCopyRoot(tools.git, svn.path())), std::nullopt);
-    EXPECT_EQ(awaited(svnWorkingCopyRoot(tools.svn, svn.path(u"none"_s))), std::nullopt);
-}
-
 TEST(Projects, DroppedFoldersAreAddedInOrderAndTheLastIsSelected) {
     TempTree tree;
     QStringList paths;
-    for (const QString &name : {u"b"_s, u"a10"_s, u"A"_s, u"a9"_s}) {
+    for (const QString &name : u"b|a10|A|a9"_list) {
         tree.makeDirectory(name);
-        testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, tree.path(name));
+        runTool(u"git"_s, u"init|-q"_list, tree.path(name));
         paths.append(tree.path(name));
     }
     paths.insert(1, tree.path());
     AppFixture f;
     awaited(f.app.addWorkingCopies(paths));
-    EXPECT_EQ(projectNames(f.app), (QStringList{u"A"_s, u"a9"_s, u"a10"_s, u"b"_s}));
+    EXPECT_EQ(projectNames(f.app), u"A|a9|a10|b"_list);
     EXPECT_EQ(f.app.selectedProject()->name, u"a9"_s);
     EXPECT_TRUE(f.alertText().startsWith(u"Could Not Add Project"_s));
 }
 
 TEST(Projects, AddingAKnownFolderSelectsItAndUpdatesItsKind) {
     GitFixture repository;
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     const QUuid id = f.app.projects.value().first().id;
     awaited(f.app.addProject(repository.path() + u"/../wc/."_s, RepositoryKind::svn));
     ASSERT_EQ(f.app.projects.value().size(), 1);
@@ -109,22 +79,20 @@ TEST(Projects, AddingAKnownFolderSelectsItAndUpdatesItsKind) {
 
 TEST(Projects, AFolderThatChangedItsKindIsFollowedQuietly) {
     SvnFixture repository;
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
+    AppFixture f(repository);
     QDir(repository.path(u".svn"_s)).removeRecursively();
-    testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, repository.path());
+    runTool(u"git"_s, u"init|-q"_list, repository.path());
     repository.write(u"new.txt"_s);
     awaited(f.app.refreshAll());
     EXPECT_EQ(f.app.selectedProject()->kind, RepositoryKind::git);
-    EXPECT_EQ(f.rows(), (QStringList{u"? new.txt"_s}));
+    EXPECT_EQ(f.rows(), u"? new.txt"_list);
     EXPECT_EQ(f.alertText(), QString());
 }
 
 TEST(Projects, RemovingAsksFirstAndNeverTouchesTheFolder) {
     GitFixture repository;
     repository.write(u"kept.txt"_s);
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     f.user.confirms = false;
     awaited(f.app.removeSelectedProject());
     EXPECT_EQ(f.app.projects.value().size(), 1);

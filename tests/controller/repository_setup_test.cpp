@@ -1,27 +1,11 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
+#include "support/app_test.h"
 #include "support/svn_server.h"
 
-#include <QFile>
 #include <QTcpServer>
 #include <QTcpSocket>
 
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
-
 namespace kestor {
 namespace {
-
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::runTool;
-using testing::SvnFixture;
-using testing::SvnServer;
-using testing::TempTree;
-using testing::waitUntil;
 
 QMap<QString, QString> typed(const QString &key, const QString &text) {
     return {{key, text}};
@@ -82,20 +66,18 @@ void writeOddTree(TempTree &tree, const QString &folder) {
 }
 
 TEST_F(Setup, CreatesARepositoryWithAWorkingCopyBeside) {
-    for (const QString &name : {u"Demo"_s, u"größe @2 #1"_s}) {
+    for (const QString &name : u"Demo|größe @2 #1"_list) {
         SCOPED_TRACE(name.toStdString());
         create(name);
-        EXPECT_EQ(f.alertText(), QString());
-        EXPECT_EQ(f.user.asked,
-                  QStringList(u"new folder Create SVN Repository [Create]: Repository Name:NewRepository"_s));
+        EXPECT_EQ(f.user.asked, u"new folder Create SVN Repository [Create]: Repository Name:NewRepository"_list);
         ASSERT_TRUE(f.app.commandOutput.value());
         EXPECT_EQ(f.app.commandOutput.value()->stdoutText, u"Created repository at "_s + tree.path(name) +
                                                                u".repo\nCreated working copy at "_s + tree.path(name));
         EXPECT_EQ(selectedPath(), tree.path(name));
         EXPECT_EQ(f.app.selectedProject()->kind, RepositoryKind::svn);
         tree.write(name + u"/new.txt"_s);
-        runTool(u"svn"_s, {u"add"_s, u"new.txt"_s}, tree.path(name));
-        runTool(u"svn"_s, {u"commit"_s, u"-m"_s, u"first"_s}, tree.path(name));
+        runTool(u"svn"_s, u"add|new.txt"_list, tree.path(name));
+        runTool(u"svn"_s, u"commit|-m|first"_list, tree.path(name));
     }
 }
 
@@ -113,8 +95,8 @@ TEST_F(Setup, CreatesNothingWhereSomethingStands) {
     create(u"Left"_s);
     EXPECT_EQ(f.alertText(), u"Repository Already Exists: "_s + tree.path(u"Left.repo"_s) + u" already exists."_s);
     create(u"none/Demo"_s);
-    EXPECT_TRUE(f.alertText().startsWith(u"Create SVN Repository Failed: "_s)) << f.alertText().toStdString();
-    EXPECT_EQ(tree.entries(), (QStringList{u"Demo/"_s, u"Left.repo/"_s}));
+    EXPECT_TRUE(startsWith(f.alertText(), u"Create SVN Repository Failed: "_s));
+    EXPECT_EQ(tree.entries(), u"Demo/|Left.repo/"_list);
     EXPECT_TRUE(f.app.projects.value().isEmpty());
     EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
 }
@@ -130,21 +112,17 @@ TEST_F(Setup, BringsATreeIntoARepositoryAndOutAgain) {
         SCOPED_TRACE(url.toStdString());
         const QString number = QString::number(++round);
         importFrom(tree.path(u"tree@1"_s), url);
-        EXPECT_EQ(f.alertText(), QString());
         EXPECT_EQ(outputTitle(), u"Import"_s);
-        EXPECT_EQ(f.user.asked, (QStringList{u"directory Choose Directory To Import"_s,
-                                             u"prompt Import: Repository URL=, Message=Initial import"_s}));
+        EXPECT_EQ(f.user.asked, u"directory Choose Directory To Import|"
+                                "prompt Import: Repository URL=, Message=Initial import"_list);
         checkOut(url, u"wc@"_s + number);
-        EXPECT_EQ(f.alertText(), QString());
         EXPECT_EQ(outputTitle(), u"Checkout"_s);
         EXPECT_EQ(selectedPath(), tree.path(u"wc@"_s + number));
         EXPECT_EQ(contents(u"wc@"_s + number), expected);
         exportTo(url, u"out@"_s + number);
-        EXPECT_EQ(f.alertText(), QString());
         EXPECT_EQ(outputTitle(), u"Export"_s);
-        EXPECT_EQ(f.user.asked,
-                  (QStringList{u"prompt Export: URL Or Path="_s, u"directory Choose Export Destination Parent"_s,
-                               u"prompt Export Folder: Folder Name="_s}));
+        EXPECT_EQ(f.user.asked, u"prompt Export: URL Or Path=|directory Choose Export Destination Parent|"
+                                "prompt Export Folder: Folder Name="_list);
         EXPECT_EQ(contents(u"out@"_s + number), expected);
     }
     exportTo(u"größe/icon@2x.png"_s, u"icon.png"_s);
@@ -155,20 +133,19 @@ TEST_F(Setup, ClonesAllBranchesAndTags) {
     GitFixture origin;
     writeOddTree(origin.tree, u"wc"_s);
     origin.commitAll(u"first"_s);
-    origin.git({u"tag"_s, u"v1"_s});
-    origin.git({u"branch"_s, u"topic"_s});
+    origin.git(u"tag|v1"_list);
+    origin.git(u"branch|topic"_list);
     runTool(u"git"_s, {u"clone"_s, u"-q"_s, u"--bare"_s, origin.path(), tree.path(u"ä b.git"_s)}, tree.path());
     for (const QString &url :
          {tree.path(u"ä b.git"_s), u"file://"_s + tree.path(u"ä b.git"_s), u"file://"_s + tree.path(u"ä%20b.git"_s)}) {
         SCOPED_TRACE(url.toStdString());
         const QString name = u"clone"_s + QString::number(f.app.projects.value().size());
         checkOut(url, name);
-        EXPECT_EQ(f.alertText(), QString());
         EXPECT_EQ(f.user.asked.last(), u"prompt Checkout Folder: Folder Name="_s + offeredFolderName(url));
         EXPECT_EQ(f.app.selectedProject()->kind, RepositoryKind::git);
         EXPECT_EQ(selectedPath(), tree.path(name));
         EXPECT_EQ(tree.read(name + u"/größe/icon@2x.png"_s), "p");
-        const QByteArray names = runTool(u"git"_s, {u"for-each-ref"_s, u"--format=%(refname)"_s}, tree.path(name));
+        const QByteArray names = runTool(u"git"_s, u"for-each-ref|--format=%(refname)"_list, tree.path(name));
         EXPECT_EQ(names, "refs/heads/main\nrefs/remotes/origin/HEAD\nrefs/remotes/origin/main\nrefs/remotes/origin/"
                          "topic\nrefs/tags/v1\n");
     }
@@ -179,13 +156,7 @@ TEST_F(Setup, RefusesBeforeAnyToolRuns) {
     const QString url = u"file://"_s + repository.tree.path(u"repo/trunk"_s);
     tree.write(u"taken/a"_s);
     const QStringList before = tree.entries();
-    struct Row {
-        const char *name;
-        QString url;
-        QString folder;
-        QString alert; ///< its beginning
-    };
-    const Row rows[] = {
+    const Rows<QString, QString, QString> rows{
         {"nothing typed", QString(), u"x"_s, QString()},
         {"an option", u"--version"_s, u"x"_s, u"Invalid Address: An address cannot begin"_s},
         {"a path of Windows", u"C:\\repos\\x"_s, u"x"_s, u"Invalid Address: C:\\repos\\x is a path as on Windows"_s},
@@ -194,13 +165,12 @@ TEST_F(Setup, RefusesBeforeAnyToolRuns) {
         {"a folder with files", url, u"taken"_s,
          u"Destination Already Exists: "_s + tree.path(u"taken"_s) + u" already exists."_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        checkOut(row.url, row.folder);
-        EXPECT_TRUE(row.alert.isEmpty() ? f.alertText().isEmpty() : f.alertText().startsWith(row.alert))
+    for (const auto &[name, wantedUrl, folder, alert] : rows) {
+        checkOut(wantedUrl, folder);
+        EXPECT_TRUE(alert.isEmpty() ? f.alertText().isEmpty() : f.alertText().startsWith(alert))
             << f.alertText().toStdString();
-        exportTo(row.url, row.folder);
-        EXPECT_TRUE(row.alert.isEmpty() ? f.alertText().isEmpty() : f.alertText().startsWith(row.alert))
+        exportTo(wantedUrl, folder);
+        EXPECT_TRUE(alert.isEmpty() ? f.alertText().isEmpty() : f.alertText().startsWith(alert))
             << f.alertText().toStdString();
         EXPECT_EQ(f.app.commandOutput.value(), std::nullopt) << "a tool ran";
     }
@@ -210,34 +180,9 @@ TEST_F(Setup, RefusesBeforeAnyToolRuns) {
     EXPECT_EQ(selectedPath(), tree.path(u"free"_s)) << "an empty folder is taken";
 }
 
-TEST_F(Setup, OfAFailureTellsTheWordsOfTheTool) {
-    struct Row {
-        const char *name;
-        QString url;
-        QString words;
-    };
-    runTool(u"git"_s, {u"init"_s, u"-q"_s, u"--bare"_s, tree.path(u"r.git"_s)}, tree.path());
-    const Row rows[] = {
-        {"no repository", u"file://"_s + tree.path(u"none"_s), u"Unable to open repository"_s},
-        {"no URL", tree.path(u"none"_s), u"does not appear to be a URL"_s},
-        {"no server", u"svn://127.0.0.1:1/x"_s, u"Connection refused"_s},
-        {"no Git repository", tree.path(u"none.git"_s), u"does not exist"_s},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        checkOut(row.url, u"x"_s);
-        EXPECT_TRUE(f.alertText().startsWith(u"Checkout Failed: "_s) && f.alertText().contains(row.words))
-            << f.alertText().toStdString();
-        EXPECT_FALSE(f.alertText().contains(tree.path(u"x"_s)) && !tree.exists(u"x"_s)) << "nothing is left to name";
-        EXPECT_TRUE(f.app.projects.value().isEmpty());
-        EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
-    }
-}
-
 TEST_F(Setup, NamesWhatAFailedCheckoutLeft) {
     SvnFixture repository;
-    repository.write(u"a.txt"_s);
-    repository.write(u"b.txt"_s);
+    repository.writeAll({{u"a.txt"_s}, {u"b.txt"_s}});
     repository.commitAll(u"two files"_s);
     const QByteArray path = qgetenv("PATH");
     // Checks everything out and then fails, as when the connection breaks; with "empty" it leaves a mere folder.
@@ -254,7 +199,7 @@ TEST_F(Setup, NamesWhatAFailedCheckoutLeft) {
     EXPECT_TRUE(f.app.projects.value().isEmpty());
     EXPECT_TRUE(tree.exists(u"bare/part"_s));
     checkOut(url, u"usable"_s);
-    EXPECT_TRUE(f.alertText().contains(tree.path(u"usable"_s))) << f.alertText().toStdString();
+    EXPECT_TRUE(contains(f.alertText(), tree.path(u"usable"_s)));
     EXPECT_EQ(selectedPath(), tree.path(u"usable"_s)) << "a working copy that can be cleaned up and updated";
     qputenv("PATH", path);
 }
@@ -281,11 +226,10 @@ TEST_F(Setup, MakesRemoteDirectories) {
     repository.write(u"a.txt"_s);
     f.open(repository.path(), RepositoryKind::svn);
     const QString url = u"file://"_s + repository.tree.path(u"repo/trunk"_s);
-    for (const QString &name : {u"plain"_s, u"a b@5"_s}) {
+    for (const QString &name : u"plain|a b@5"_list) {
         forget();
         f.user.promptAnswer = QMap<QString, QString>{{u"url"_s, url + u'/' + name}, {u"message"_s, u"a.txt"_s}};
         awaited(f.app.setup.makeRemoteDirectory());
-        EXPECT_EQ(f.alertText(), QString());
         EXPECT_EQ(outputTitle(), u"Remote Directory"_s);
         EXPECT_EQ(f.user.asked, QStringList(u"prompt Remote Directory: Repository URL="_s + url + u", Message="_s));
     }
@@ -307,33 +251,24 @@ TEST_F(Setup, EndsQuietlyWhenAQuestionIsCancelled) {
     f.user.chosenDirectory = tree.path();
     awaited(f.app.setup.checkoutRepository());
     awaited(f.app.setup.importDirectory());
-    EXPECT_EQ(f.alertText(), QString());
     EXPECT_EQ(f.app.commandOutput.value(), std::nullopt);
     EXPECT_TRUE(tree.entries().isEmpty());
 }
 
 TEST_F(Setup, NamesTheRepositoryWhoseWorkingCopyCouldNotBeCheckedOut) {
-    struct Row {
-        const char *name;
-        QByteArray svn;
-        QFile::Permissions permissions;
-        QString words;
-    };
-    const Row rows[] = {
+    const Rows<QByteArray, QFile::Permissions, QString> rows{
         {"cannot start", "", QFile::ReadOwner, u"Could not"_s},
         {"says why on standard output", "#!/bin/sh\necho no room; exit 1\n", QFile::ReadOwner | QFile::ExeOwner,
          u"no room"_s},
         {"says nothing", "#!/bin/sh\nexit 3\n", QFile::ReadOwner | QFile::ExeOwner, u"Command exited with status 3."_s},
     };
-    for (int number = 0; const Row &row : rows) {
-        SCOPED_TRACE(row.name);
+    for (int number = 0; const auto &[name, wantedSvn, permissions, words] : rows) {
         const QString svn = u"svn%1"_s.arg(++number);
-        tree.write(svn, row.svn);
-        QFile::setPermissions(tree.path(svn), row.permissions);
+        tree.write(svn, wantedSvn);
+        QFile::setPermissions(tree.path(svn), permissions);
         f.settings.setValue(u"KestorSVN.svnExecutablePath"_s, tree.path(svn));
         create(u"Demo%1"_s.arg(number));
-        EXPECT_TRUE(f.alertText().startsWith(u"Create SVN Repository Failed: "_s + row.words))
-            << f.alertText().toStdString();
+        EXPECT_TRUE(startsWith(f.alertText(), u"Create SVN Repository Failed: "_s + words));
         EXPECT_TRUE(
             f.alertText().endsWith(u"\nWhat was done until then is in "_s + tree.path(u"Demo%1.repo."_s.arg(number))))
             << f.alertText().toStdString();

@@ -1,22 +1,7 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
-
-#include <QDir>
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/app_test.h"
 
 namespace kestor {
 namespace {
-
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::SvnFixture;
-using testing::TempTree;
 
 /// A trash of its own as long as it lives.
 class TrashFixture {
@@ -37,75 +22,65 @@ TEST(Revert, AsksWithTheNumbersAndCancelsQuietly) {
     GitFixture repository;
     repository.write(u"m.c"_s, "one\n");
     repository.commitAll(u"first"_s);
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     awaited(f.app.revertAllPaths());
     EXPECT_EQ(f.alertText(), u"No Paths Selected: There are no changed paths to revert."_s);
     awaited(f.app.revertSelectedPaths());
     EXPECT_EQ(f.alertText(), u"No Paths Selected: Select a changed path first."_s);
-    repository.write(u"m.c"_s, "two\n");
-    repository.write(u"n.c"_s);
+    repository.writeAll({{u"m.c"_s, "two\n"}, {u"n.c"_s}});
     awaited(f.app.refreshAll());
     f.user.confirms = false;
     awaited(f.app.revertAllPaths());
     EXPECT_EQ(f.user.asked.last(), u"confirm Revert: Revert all 2 changed path(s)? Local changes will be discarded. 1 "
                                    "unversioned path(s) will be deleted from disk."_s);
-    EXPECT_EQ(f.rows(), (QStringList{u"*M m.c"_s, u"? n.c"_s}));
+    EXPECT_EQ(f.rows(), u"*M m.c|? n.c"_list);
     EXPECT_EQ(repository.tree.read(u"wc/m.c"_s), "two\n");
 }
 
 TEST(Revert, OfEverythingInSubversionLeavesTheBaseAndNothingElse) {
     const TrashFixture trash;
     SvnFixture repository;
-    for (const QString &name : {u"m.c"_s, u"d.c"_s, u"gone.c"_s, u"icon@2x.txt"_s})
+    for (const QString &name : u"m.c|d.c|gone.c|icon@2x.txt"_list)
         repository.write(name, "one\n");
     repository.commitAll(u"first"_s);
     const QStringList before = repository.tree.entries();
-    repository.write(u"m.c"_s, "two\n");
-    repository.write(u"icon@2x.txt"_s, "two\n");
-    repository.svn({u"delete"_s, u"d.c"_s});
+    repository.writeAll({{u"m.c"_s, "two\n"}, {u"icon@2x.txt"_s, "two\n"}});
+    repository.svn(u"delete|d.c"_list);
     QFile::remove(repository.path(u"gone.c"_s));
     repository.write(u"new/deep/n.c"_s);
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
+    AppFixture f(repository);
     awaited(f.app.revertAllPaths());
-    EXPECT_EQ(f.alertText(), QString());
     EXPECT_TRUE(f.rows().isEmpty());
     EXPECT_EQ(repository.tree.entries(), before);
     EXPECT_EQ(repository.tree.read(u"wc/m.c"_s), "one\n");
-    EXPECT_EQ(trash.files(), (QStringList{u"n.c"_s}));
+    EXPECT_EQ(trash.files(), u"n.c"_list);
     EXPECT_TRUE(f.app.commandOutput.value()->stdoutText.endsWith(u"\n\nDeleted 1 path(s)"_s));
 }
 
 TEST(Revert, OfAnAddedFolderKeepsItsFilesOnDisk) {
     SvnFixture repository;
     repository.write(u"d/e/f.c"_s);
-    repository.svn({u"add"_s, u"d"_s});
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
+    repository.svn(u"add|d"_list);
+    AppFixture f(repository);
     awaited(f.app.revertPath(u"d"_s));
-    EXPECT_EQ(f.alertText(), QString());
-    EXPECT_EQ(f.rows(), (QStringList{u"? d/e/f.c"_s}));
+    EXPECT_EQ(f.rows(), u"? d/e/f.c"_list);
 }
 
 TEST(Revert, InSubversionTakesCopiesMovesAndConflictsWhole) {
     const TrashFixture trash;
     SvnFixture repository;
-    repository.write(u"a/x.c"_s, "one\n");
-    repository.write(u"c.c"_s, "one\n");
+    repository.writeAll({{u"a/x.c"_s, "one\n"}, {u"c.c"_s, "one\n"}});
     repository.commitAll(u"first"_s);
     repository.write(u"c.c"_s, "two\n");
     repository.commitAll(u"second"_s);
-    repository.svn({u"update"_s, u"-q"_s, u"-r"_s, u"2"_s});
+    repository.svn(u"update|-q|-r|2"_list);
     const QStringList before = repository.tree.entries();
-    repository.svn({u"copy"_s, u"-q"_s, u"a"_s, u"copied"_s});
-    repository.svn({u"move"_s, u"-q"_s, u"a"_s, u"moved"_s});
+    repository.svn(u"copy|-q|a|copied"_list);
+    repository.svn(u"move|-q|a|moved"_list);
     repository.write(u"c.c"_s, "mine\n");
-    repository.svn({u"update"_s, u"-q"_s, u"--accept"_s, u"postpone"_s, u"c.c"_s});
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
+    repository.svn(u"update|-q|--accept|postpone|c.c"_list);
+    AppFixture f(repository);
     awaited(f.app.revertAllPaths());
-    EXPECT_EQ(f.alertText(), QString());
     EXPECT_EQ(f.app.commandOutput.value()->title, u"Revert"_s);
     EXPECT_TRUE(f.rows().isEmpty());
     EXPECT_EQ(repository.tree.entries(), before);
@@ -114,49 +89,42 @@ TEST(Revert, InSubversionTakesCopiesMovesAndConflictsWhole) {
 TEST(Revert, InGitLeavesWhatStandsAtAnOldNameAlone) {
     const TrashFixture trash;
     GitFixture repository;
-    repository.git({u"config"_s, u"status.renames"_s, u"copies"_s});
-    repository.write(u"old.c"_s, "one\ntwo\nthree\n");
-    repository.write(u"origin.c"_s, "four\nfive\nsix\n");
-    repository.write(u"cached.c"_s, "one\n");
+    repository.git(u"config|status.renames|copies"_list);
+    repository.writeAll(
+        {{u"old.c"_s, "one\ntwo\nthree\n"}, {u"origin.c"_s, "four\nfive\nsix\n"}, {u"cached.c"_s, "one\n"}});
     repository.commitAll(u"first"_s);
-    repository.git({u"mv"_s, u"old.c"_s, u"new.c"_s});
-    repository.write(u"old.c"_s, "precious\n");
-    repository.write(u"copy.c"_s, "four\nfive\nsix\n");
-    repository.write(u"origin.c"_s, "four\nfive\nedited\n");
-    repository.git({u"add"_s, u"copy.c"_s});
-    repository.git({u"rm"_s, u"-q"_s, u"--cached"_s, u"cached.c"_s});
+    repository.git(u"mv|old.c|new.c"_list);
+    repository.writeAll(
+        {{u"old.c"_s, "precious\n"}, {u"copy.c"_s, "four\nfive\nsix\n"}, {u"origin.c"_s, "four\nfive\nedited\n"}});
+    repository.git(u"add|copy.c"_list);
+    repository.git(u"rm|-q|--cached|cached.c"_list);
     repository.write(u"cached.c"_s, "kept aside\n");
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
-    for (const QString &path : {u"new.c"_s, u"copy.c"_s, u"cached.c"_s})
+    AppFixture f(repository);
+    for (const QString &path : u"new.c|copy.c|cached.c"_list)
         awaited(f.app.revertPath(path));
-    EXPECT_EQ(f.alertText(), QString());
     EXPECT_EQ(repository.tree.read(u"wc/old.c"_s), "precious\n");
     EXPECT_EQ(repository.tree.read(u"wc/origin.c"_s), "four\nfive\nedited\n");
     EXPECT_EQ(repository.tree.read(u"wc/cached.c"_s), "one\n");
-    EXPECT_EQ(trash.files(), (QStringList{u"cached.c"_s, u"copy.c"_s, u"new.c"_s}));
+    EXPECT_EQ(trash.files(), u"cached.c|copy.c|new.c"_list);
 }
 
 TEST(Revert, OfAGitConflictWorksForEachSide) {
     const TrashFixture trash;
     GitFixture repository;
-    for (const QString &name : {u"both.c"_s, u"ours.c"_s, u"theirs.c"_s})
+    for (const QString &name : u"both.c|ours.c|theirs.c"_list)
         repository.write(name, "base\n");
     repository.commitAll(u"base"_s);
-    repository.git({u"checkout"_s, u"-q"_s, u"-b"_s, u"side"_s});
-    repository.git({u"rm"_s, u"-q"_s, u"theirs.c"_s});
-    repository.write(u"both.c"_s, "side\n");
-    repository.write(u"ours.c"_s, "side\n");
+    repository.git(u"checkout|-q|-b|side"_list);
+    repository.git(u"rm|-q|theirs.c"_list);
+    repository.writeAll({{u"both.c"_s, "side\n"}, {u"ours.c"_s, "side\n"}});
     repository.commitAll(u"side"_s);
-    repository.git({u"checkout"_s, u"-q"_s, u"main"_s});
-    repository.git({u"rm"_s, u"-q"_s, u"ours.c"_s});
-    repository.write(u"both.c"_s, "main\n");
-    repository.write(u"theirs.c"_s, "main\n");
+    repository.git(u"checkout|-q|main"_list);
+    repository.git(u"rm|-q|ours.c"_list);
+    repository.writeAll({{u"both.c"_s, "main\n"}, {u"theirs.c"_s, "main\n"}});
     repository.commitAll(u"main"_s);
     const QStringList before = repository.tree.entries();
     repository.git({u"-c"_s, u"alias.try=!git merge -q side || true"_s, u"try"_s});
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     EXPECT_EQ(f.rows().size(), 3);
     f.app.setCommitSelection(f.app.changes, true);
     f.app.commitMessage = u"merged"_s;
@@ -174,10 +142,9 @@ TEST(Revert, OfAnAddedGitFileGoesThroughTheTrashOrNotAtAll) {
     repository.write(u"m.c"_s, "one\n");
     repository.commitAll(u"first"_s);
     repository.write(u"a.c"_s, "precious\n");
-    repository.git({u"add"_s, u"a.c"_s});
+    repository.git(u"add|a.c"_list);
     repository.write(u"m.c"_s, "two\n");
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     trash.block();
     awaited(f.app.revertAllPaths());
     EXPECT_EQ(f.alertText(), u"Revert Failed: a.c could not be moved to the trash. Nothing was changed."_s);
@@ -185,7 +152,7 @@ TEST(Revert, OfAnAddedGitFileGoesThroughTheTrashOrNotAtAll) {
     EXPECT_EQ(repository.tree.read(u"wc/m.c"_s), "two\n");
     const TrashFixture working;
     awaited(f.app.revertAllPaths());
-    EXPECT_EQ(working.files(), (QStringList{u"a.c"_s}));
+    EXPECT_EQ(working.files(), u"a.c"_list);
     EXPECT_TRUE(f.rows().isEmpty());
 }
 
@@ -196,29 +163,25 @@ TEST(Revert, OfUnversionedFilesWithoutATrashRemovesThemAsConfirmed) {
     repository.write(u"kept.c"_s);
     repository.commitAll(u"first"_s);
     repository.write(u"new/n.c"_s);
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    AppFixture f(repository);
     awaited(f.app.revertPath(u"new/n.c"_s));
-    EXPECT_EQ(repository.tree.entries(u"wc"_s), (QStringList{u"kept.c"_s}));
+    EXPECT_EQ(repository.tree.entries(u"wc"_s), u"kept.c"_list);
     EXPECT_EQ(f.app.commandOutput.value()->stdoutText, u"Deleted 1 path(s)"_s);
 }
 
 TEST(Revert, BeforeTheFirstCommitOnlyUnstages) {
     GitFixture repository;
     repository.write(u"a.c"_s, "precious\n");
-    repository.git({u"add"_s, u"a.c"_s});
-    AppFixture f;
-    f.open(repository.path(), RepositoryKind::git);
+    repository.git(u"add|a.c"_list);
+    AppFixture f(repository);
     awaited(f.app.revertAllPaths());
-    EXPECT_EQ(f.rows(), (QStringList{u"? a.c"_s}));
+    EXPECT_EQ(f.rows(), u"? a.c"_list);
     EXPECT_EQ(repository.tree.read(u"wc/a.c"_s), "precious\n");
 }
 
 TEST(Ignore, AddsWhatIsMissingAndReloads) {
     SvnFixture repository;
-    repository.write(u"build/[x].o"_s);
-    repository.write(u"keep.c"_s);
-    repository.write(u".kestorignore"_s, "*.tmp\r\nlast");
+    repository.writeAll({{u"build/[x].o"_s}, {u"keep.c"_s}, {u".kestorignore"_s, "*.tmp\r\nlast"}});
     AppFixture f;
     awaited(f.app.ignoreSelectedPaths());
     EXPECT_EQ(f.alertText(), u"No Project Selected: Choose a project first."_s);
@@ -226,15 +189,15 @@ TEST(Ignore, AddsWhatIsMissingAndReloads) {
     f.app.selectedChangeID = u"build/[x].o"_s;
     awaited(f.app.ignoreSelectedPaths());
     EXPECT_EQ(repository.tree.read(u"wc/.kestorignore"_s), "*.tmp\r\nlast\r\n/build/\\[x].o\r\n");
-    EXPECT_EQ(f.rows(), (QStringList{u"? .kestorignore"_s, u"? keep.c"_s}));
-    f.user.promptAnswer = {{u"path"_s, u"build/[x].o"_s}};
+    EXPECT_EQ(f.rows(), u"? .kestorignore|? keep.c"_list);
+    f.user.promptAnswer = u"path=build/[x].o"_answer;
     awaited(f.app.includeIgnoredPath());
     EXPECT_EQ(f.user.asked.last(), u"prompt Include Ignored Path: Path="_s);
-    EXPECT_EQ(f.rows(), (QStringList{u"? .kestorignore"_s, u"? build/[x].o"_s, u"? keep.c"_s}));
-    f.user.promptAnswer = {{u"path"_s, u"a/../../x"_s}};
+    EXPECT_EQ(f.rows(), u"? .kestorignore|? build/[x].o|? keep.c"_list);
+    f.user.promptAnswer = u"path=a/../../x"_answer;
     awaited(f.app.includeIgnoredPath());
     EXPECT_EQ(f.alertText(), u"Include Ignored Path Failed: a/../../x lies outside the working copy."_s);
-    f.user.promptAnswer = {{u"path"_s, u"build/[x].o"_s}};
+    f.user.promptAnswer = u"path=build/[x].o"_answer;
     awaited(f.app.includeIgnoredPath());
     EXPECT_EQ(f.alertText(), u"Ignore Rules Unchanged: The selected ignore rule already exists in "_s +
                                  repository.path(u".kestorignore"_s) + u'.');

@@ -1,21 +1,8 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
+#include "support/app_test.h"
 #include "tools/svn_preference.h"
-
-#include <QFile>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace kestor {
 namespace {
-
-using testing::AppFixture;
-using testing::awaited;
-using testing::SvnFixture;
-using testing::TempTree;
 
 class TypedCommands : public ::testing::Test {
 protected:
@@ -43,12 +30,7 @@ protected:
 };
 
 TEST_F(TypedCommands, AreParsedBeforeAnythingRuns) {
-    struct Row {
-        const char *name;
-        QString line;
-        QString alert;
-    };
-    const Row rows[] = {
+    const Rows<QString, QString> rows{
         {"nothing typed", {}, {}},
         {"empty quotes alone", u"\"\" ''"_s, u"No Arguments: Enter svn arguments to run."_s},
         {"unclosed quote", u"log -r \"5"_s, u"Could Not Parse Arguments: Missing closing \" quote."_s},
@@ -59,9 +41,8 @@ TEST_F(TypedCommands, AreParsedBeforeAnythingRuns) {
          u"svn info Failed: Could not launch /bin/false: Argument list too long"_s},
     };
     f.settings.setValue(svnExecutablePathKey, u"/bin/false"_s);
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(typed(row.line), row.alert);
+    for (const auto &[name, line, wantedAlert] : rows) {
+        EXPECT_EQ(typed(line), wantedAlert);
         EXPECT_EQ(f.app.commandOutput.value(), std::nullopt);
     }
     EXPECT_EQ(f.user.asked.first(), u"prompt Run svn Command: Arguments="_s);
@@ -73,20 +54,20 @@ TEST_F(TypedCommands, RunInTheProjectAndLoadWhatTheyChanged) {
     SvnFixture repository;
     f.open(repository.path(), RepositoryKind::svn);
     EXPECT_EQ(typed(u"mkdir 'a b' --quiet"_s), QString());
-    EXPECT_EQ(f.rows(), QStringList{u"*A a b"_s});
+    EXPECT_EQ(f.rows(), u"*A a b"_list);
     EXPECT_EQ(f.app.commandOutput.value()->title, u"svn mkdir"_s);
 }
 
 TEST_F(TypedCommands, ThatWaitForAnEditorOrAPasswordFailAtOnce) {
     SvnFixture repository;
     repository.write(u"a.c"_s);
-    repository.svn({u"add"_s, u"a.c"_s});
+    repository.svn(u"add|a.c"_list);
     f.open(repository.path(), RepositoryKind::svn);
     qputenv("EDITOR", "sleep 3600;");
-    for (const QString &line : {u"propedit svn:ignore ."_s, u"propedit --revprop -r 1 svn:log"_s, u"commit"_s}) {
+    for (const QString &line : u"propedit svn:ignore .|propedit --revprop -r 1 svn:log|commit"_list) {
         SCOPED_TRACE(line.toStdString());
         const QString alert = typed(line);
-        EXPECT_TRUE(alert.startsWith(u"svn "_s) && alert.contains(u"svn: E2"_s)) << qPrintable(alert);
+        EXPECT_TRUE(startsWith(alert, u"svn "_s) && alert.contains(u"svn: E2"_s));
     }
     qunsetenv("EDITOR");
 }

@@ -1,10 +1,6 @@
 #include "controller/path_targets.h"
 #include "controller/tool_text.h"
-#include "support/printers.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/test.h"
 
 namespace kestor {
 namespace {

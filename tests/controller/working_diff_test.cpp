@@ -1,23 +1,16 @@
 #include "controller/working_diff.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
+#include "support/test.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
-
-using namespace Qt::StringLiterals;
 
 namespace kestor {
 namespace {
 
-using testing::TempTree;
-
 TEST(WorkingDiff, SaysWhyAnUnversionedPathHasNoDiff) {
     TempTree tree;
     tree.makeDirectory(u"folder"_s);
-    tree.write(u"latin1.txt"_s, "M\xFCller\n");
-    tree.write(u"empty"_s, "");
-    tree.write(u"text.txt"_s, "one\r\ntwo");
+    tree.writeAll({{u"latin1.txt"_s, "M\xFCller\n"}, {u"empty"_s, ""}, {u"text.txt"_s, "one\r\ntwo"}});
     ASSERT_EQ(mkfifo(qPrintable(tree.path(u"pipe"_s)), 0600), 0);
     const QString rule(67, u'=');
     struct Row {

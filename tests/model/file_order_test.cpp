@@ -1,11 +1,8 @@
 #include "model/file_order.h"
-#include "support/printers.h"
+#include "support/test.h"
 
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <random>
-
-using namespace Qt::StringLiterals;
 
 namespace kestor {
 namespace {
@@ -23,26 +20,19 @@ QStringList inCollatorOrder(QStringList texts) {
 }
 
 TEST(FileOrderTest, isTheOrderOfAFileManager) {
-    struct Row {
-        const char *name;
-        QStringList sorted;
+    const Rows<QStringList> rows{
+        {"case is ignored and digits compare by value", u"File1.txt|file2.txt|file10.txt"_list},
+        {"letters after their numbers", u"A|a9|a10|b"_list},
+        {"accents among the plain letters", u"ära|Arena|zebra|zürich|日本"_list},
+        {"a folder before its content", u"lib|lib/a|lib/b|lib2"_list},
     };
-    const Row rows[] = {
-        {"case is ignored and digits compare by value", {u"File1.txt"_s, u"file2.txt"_s, u"file10.txt"_s}},
-        {"letters after their numbers", {u"A"_s, u"a9"_s, u"a10"_s, u"b"_s}},
-        {"accents among the plain letters", {u"ära"_s, u"Arena"_s, u"zebra"_s, u"zürich"_s, u"日本"_s}},
-        {"a folder before its content", {u"lib"_s, u"lib/a"_s, u"lib/b"_s, u"lib2"_s}},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(inStandardOrder(QStringList(row.sorted.crbegin(), row.sorted.crend())), row.sorted);
-    }
+    for (const auto &[name, sorted] : rows)
+        EXPECT_EQ(inStandardOrder(QStringList(sorted.crbegin(), sorted.crend())), sorted);
 }
 
 TEST(FileOrderTest, equalTextsKeepTheirOrder) {
-    const QStringList texts{u"b"_s, u"README"_s, u"readme"_s, u"x007"_s, u"x7"_s, u"a"_s, u"ReadMe"_s};
-    EXPECT_EQ(inStandardOrder(texts),
-              QStringList({u"a"_s, u"b"_s, u"README"_s, u"readme"_s, u"ReadMe"_s, u"x007"_s, u"x7"_s}));
+    const QStringList texts = u"b|README|readme|x007|x7|a|ReadMe"_list;
+    EXPECT_EQ(inStandardOrder(texts), u"a|b|README|readme|ReadMe|x007|x7"_list);
 }
 
 /// Few different characters make long common beginnings, runs of digits and texts that compare equal.
@@ -58,22 +48,17 @@ TEST(FileOrderTest, agreesWithTheCollator) {
     QString printable;
     for (char16_t c = u' '; c <= u'~'; ++c)
         printable.append(c);
-    struct Row {
-        const char *name;
-        QString alphabet;
-    };
-    const Row rows[] = {
+    const Rows<QString> rows{
         {"all printable ASCII", printable},
         {"digits between others", u"0019a/A.$"_s},
         {"digits only", u"01239"_s},
         {"with accents", u"aäÄz09/ß"_s},
     };
     std::mt19937 random(1); // NOLINT(bugprone-random-generator-seed, cert-msc51-cpp): failures must be repeatable
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto &[name, alphabet] : rows) {
         QStringList texts;
         for (int i = 0; i < 2000; ++i)
-            texts.append(randomText(random, row.alphabet));
+            texts.append(randomText(random, alphabet));
         EXPECT_EQ(inStandardOrder(texts), inCollatorOrder(texts));
     }
 }

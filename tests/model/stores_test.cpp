@@ -1,12 +1,8 @@
 #include "model/language_configuration_store.h"
 #include "model/project_store.h"
-#include "support/printers.h"
+#include "support/test.h"
 
 #include <QTemporaryDir>
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
 
 namespace kestor {
 namespace {
@@ -47,13 +43,8 @@ TEST_F(StoresTest, listsSurviveARestartInTheirOrder) {
 }
 
 TEST_F(StoresTest, readsOldAndForeignValues) {
-    struct Row {
-        const char *name;
-        QVariant value;
-        qsizetype projects;
-    };
     const QByteArray good = R"({"id":"7d2f1c54-0D4B-4B8E-9F7A-0123456789AB","name":"n","path":"/p"})";
-    const Row rows[] = {
+    const Rows<QVariant, qsizetype> rows{
         {"no kind", QByteArray('[' + good + ']'), 1},
         {"an element without a path",
          QByteArray('[' + good + R"(,{"id":"7D2F1C54-0D4B-4B8E-9F7A-0123456789AC","name":"n"}])"), 0},
@@ -65,12 +56,11 @@ TEST_F(StoresTest, readsOldAndForeignValues) {
         {"no JSON", QByteArray("[{"), 0},
         {"a text instead of bytes", QString(u"[]"_s), 0},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        setStored(projectsKey, row.value);
+    for (const auto &[name, value, wantedProjects] : rows) {
+        setStored(projectsKey, value);
         const auto preferences = settings();
         const QList<Project> projects = ProjectStore(*preferences).load();
-        EXPECT_EQ(projects.size(), row.projects);
+        EXPECT_EQ(projects.size(), wantedProjects);
         for (const Project &project : projects)
             EXPECT_EQ(project.kind, RepositoryKind::svn);
     }

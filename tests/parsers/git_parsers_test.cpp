@@ -1,33 +1,24 @@
 #include "parsers/git_parsers.h"
 #include "printed_records.h"
-#include "support/printers.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/test.h"
 
 namespace kestor {
 namespace {
 
-using testing::printed;
-
 TEST(GitParsersTest, theFirstRuleDecidesTheStatus) {
-    struct Row {
-        const char *letters;
-        SVNStatusKind kind;
+    using Kind = SVNStatusKind;
+    const std::pair<Kind, QStringList> rows[] = {
+        {Kind::ignored, u"!!"_list},
+        {Kind::unversioned, u"??"_list},
+        {Kind::added, u"AD|A | A"_list},
+        {Kind::conflicted, u"UU|AU|UD|AA|DD"_list},
+        {Kind::deleted, u"RD| D"_list},
+        {Kind::replaced, u"RM|R "_list},
+        {Kind::modified, u"C | M|T |?!|  "_list},
     };
-    const Row rows[] = {
-        {"!!", SVNStatusKind::ignored},    {"??", SVNStatusKind::unversioned}, {"UU", SVNStatusKind::conflicted},
-        {"AU", SVNStatusKind::conflicted}, {"UD", SVNStatusKind::conflicted},  {"AA", SVNStatusKind::conflicted},
-        {"DD", SVNStatusKind::conflicted}, {"AD", SVNStatusKind::added},       {"A ", SVNStatusKind::added},
-        {" A", SVNStatusKind::added},      {"RD", SVNStatusKind::deleted},     {" D", SVNStatusKind::deleted},
-        {"RM", SVNStatusKind::replaced},   {"R ", SVNStatusKind::replaced},    {"C ", SVNStatusKind::modified},
-        {" M", SVNStatusKind::modified},   {"T ", SVNStatusKind::modified},    {"?!", SVNStatusKind::modified},
-        {"  ", SVNStatusKind::modified},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.letters);
-        EXPECT_EQ(GitParsers::statusKind(QLatin1Char(row.letters[0]), QLatin1Char(row.letters[1])), row.kind);
+    for (const auto &[kind, letters] : rows) {
+        for (const QString &pair : letters)
+            EXPECT_EQ(GitParsers::statusKind(pair[0], pair[1]), kind) << qPrintable(pair);
     }
 }
 
@@ -41,38 +32,26 @@ UU "with \"quotes\".c"
 R  "a b" -> "c d"
 M  a10
 M  A9)")),
-              QStringList({u"A9 modified none - -"_s, u"a10 modified none - -"_s, u"build/ unversioned none - -"_s,
-                           u"c d replaced none - -"_s, u"new.txt replaced none - -"_s, u"src/a.c modified none - -"_s,
-                           u"with \"quotes\".c conflicted none - - tree-conflict"_s}));
+              u"A9 modified none - -|a10 modified none - -|build/ unversioned none - -|"
+              "c d replaced none - -|new.txt replaced none - -|src/a.c modified none - -|"
+              "with \"quotes\".c conflicted none - - tree-conflict"_list);
 }
 
 TEST(GitParsersTest, unquotesPaths) {
-    struct Row {
-        const char *name;
-        QString quoted;
-        QString path;
-    };
-    const Row rows[] = {
+    const Rows<QString, QString> rows{
         {"escapes lose the backslash only", uR"("a\tb\303\\\"")"_s, uR"(atb303\")"_s},
         {"a backslash at the end stays", uR"("a\")"_s, uR"(a\)"_s},
         {"a quote on one side is no quoting", uR"("a\b)"_s, uR"("a\b)"_s},
         {"a single quote character", u"\""_s, u"\""_s},
         {"empty", u"\"\""_s, u""_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(GitParsers::unquotePath(row.quoted), row.path);
-    }
+    for (const auto &[name, quoted, path] : rows)
+        EXPECT_EQ(GitParsers::unquotePath(quoted), path);
 }
 
 TEST(GitParsersTest, readsLogs) {
-    struct Row {
-        const char *name;
-        QString text;
-        QStringList expected;
-    };
     const QString marker = u"--KESTOR-GIT-COMMIT--"_s;
-    const Row rows[] = {
+    const Rows<QString, QStringList> rows{
         {"numbers count down, a commit may have no paths",
          marker + u"h1\tme\t2024-05-01T10:20:30+02:00\tfix\ttabs\n\nM\ta.c\nR087\told\tnew\nA\t\"q\\\"\"\n"_s + marker +
              u"h2\tyou\tyesterday\t\n"_s,
@@ -82,31 +61,22 @@ TEST(GitParsersTest, readsLogs) {
          {u"1000000||-||M kept file"_s}},
         {"nothing", {}, {}},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(printed(GitParsers::parseLog(row.text)), row.expected);
-    }
+    for (const auto &[name, text, wantedExpected] : rows)
+        EXPECT_EQ(printed(GitParsers::parseLog(text)), wantedExpected);
     EXPECT_EQ(GitParsers::parseLog(marker + u"0123456789abcdef\ta\tb\tc"_s).constFirst().displayRevision(),
               u"0123456"_s);
 }
 
 TEST(GitParsersTest, readsNameStatusLines) {
-    struct Row {
-        const char *name;
-        QStringView line;
-        std::optional<SVNPathChange> expected;
-    };
-    const Row rows[] = {
+    const Rows<QStringView, std::optional<SVNPathChange>> rows{
         {"new name of a copy", u"C100\ta\tb", SVNPathChange{u"C"_s, u"b"_s, u"file"_s}},
         {"a rename without a new name", u"R100\ta", SVNPathChange{u"R"_s, u"a"_s, u"file"_s}},
         {"a third piece of another action", u"M\ta\tb", SVNPathChange{u"M"_s, u"a"_s, u"file"_s}},
         {"no action", u"\ta", SVNPathChange{u""_s, u"a"_s, u"file"_s}},
         {"no tab", u"M a", std::nullopt},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(GitParsers::parseNameStatusLine(row.line), row.expected);
-    }
+    for (const auto &[name, line, wantedExpected] : rows)
+        EXPECT_EQ(GitParsers::parseNameStatusLine(line), wantedExpected);
 }
 
 TEST(GitParsersTest, listsTheCurrentBranchThenLocalThenRemoteOnes) {

@@ -2,32 +2,24 @@
 #include "parsers/svn_xml_parsers.h"
 #include "parsers/unified_diff_parser.h"
 #include "printed_records.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/test.h"
 
 namespace kestor {
 namespace {
-
-using testing::printed;
-using testing::runTool;
-using testing::TempTree;
 
 /// What the real `svn` prints for a working copy with one change of each kind.
 class SvnOutputTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        runTool(u"svnadmin"_s, {u"create"_s, u"repo"_s}, tree.path());
+        runTool(u"svnadmin"_s, u"create|repo"_list, tree.path());
         checkOut(u"wc"_s);
-        tree.write(u"wc/file2.txt"_s, "one\ntwo\nthree\n");
-        tree.write(u"wc/file10.txt"_s, "same\n");
-        tree.write(u"wc/Gone & <lost>.txt"_s, "x");
-        tree.write(u"wc/dir/größe.txt"_s, "x\n");
-        svn({u"add"_s, u"--force"_s, u"."_s});
-        svn({u"commit"_s, u"--username"_s, u"anna"_s, u"-m"_s, u"  first\n\nsecond line \n"_s});
+        tree.writeAll({{u"wc/file2.txt"_s, "one\ntwo\nthree\n"},
+                       {u"wc/file10.txt"_s, "same\n"},
+                       {u"wc/Gone & <lost>.txt"_s, "x"},
+                       {u"wc/dir/größe.txt"_s, "x\n"}});
+        svn(u"add|--force|."_list);
+        svn(u"commit|--username|anna|-m|  first\n\nsecond line \n"_list);
         checkOut(u"other"_s);
     }
 
@@ -40,13 +32,12 @@ protected:
     }
 
     void changeWorkingCopy() {
-        tree.write(u"wc/file2.txt"_s, "one\n2\nthree\nfour");
-        tree.write(u"wc/new folder/a.c"_s);
-        tree.write(u"wc/added@2x.txt"_s, "a\nb\n");
-        svn({u"add"_s, u"added@2x.txt@"_s});
-        svn({u"delete"_s, u"Gone & <lost>.txt"_s});
-        svn({u"propset"_s, u"note"_s, u"text"_s, u"file10.txt"_s});
-        svn({u"propset"_s, u"svn:ignore"_s, u"*.o"_s, u"."_s});
+        tree.writeAll(
+            {{u"wc/file2.txt"_s, "one\n2\nthree\nfour"}, {u"wc/new folder/a.c"_s}, {u"wc/added@2x.txt"_s, "a\nb\n"}});
+        svn(u"add|added@2x.txt@"_list);
+        svn(u"delete|Gone & <lost>.txt"_list);
+        svn(u"propset|note|text|file10.txt"_list);
+        svn(u"propset|svn:ignore|*.o|."_list);
         tree.write(u"wc/x.o"_s);
     }
 
@@ -55,33 +46,31 @@ protected:
 
 TEST_F(SvnOutputTest, status) {
     changeWorkingCopy();
-    EXPECT_EQ(
-        printed(StatusParser::parse(svn({u"status"_s, u"--xml"_s, u"--no-ignore"_s}))),
-        QStringList({u". normal modified 0 -"_s, u"added@2x.txt added none -1 -"_s, u"file2.txt modified none 1 anna"_s,
-                     u"file10.txt normal modified 1 anna"_s, u"Gone & <lost>.txt deleted none 1 anna"_s,
-                     u"new folder unversioned none - -"_s, u"x.o ignored none - -"_s}));
+    EXPECT_EQ(printed(StatusParser::parse(svn(u"status|--xml|--no-ignore"_list))),
+              u". normal modified 0 -|added@2x.txt added none -1 -|"
+              "file2.txt modified none 1 anna|file10.txt normal modified 1 anna|"
+              "Gone & <lost>.txt deleted none 1 anna|new folder unversioned none - -|"
+              "x.o ignored none - -"_list);
 }
 
 TEST_F(SvnOutputTest, statusWithUpdates) {
-    tree.write(u"other/file2.txt"_s, "from elsewhere\n");
-    tree.write(u"other/dir/b.txt"_s);
+    tree.writeAll({{u"other/file2.txt"_s, "from elsewhere\n"}, {u"other/dir/b.txt"_s}});
     svn({u"add"_s, u"dir/b.txt"_s}, u"other"_s);
     svn({u"delete"_s, u"file10.txt"_s}, u"other"_s);
     svn({u"commit"_s, u"--username"_s, u"bert"_s, u"-m"_s, u"more"_s}, u"other"_s);
     tree.write(u"wc/mine.txt"_s);
-    const RemoteStatus status = RemoteStatusParser::parse(svn({u"status"_s, u"--xml"_s, u"--show-updates"_s}));
+    const RemoteStatus status = RemoteStatusParser::parse(svn(u"status|--xml|--show-updates"_list));
     EXPECT_EQ(status.repositoryRevision, 2);
-    EXPECT_EQ(printed(status.items),
-              QStringList({u"dir modified none 1 anna"_s, u"dir/b.txt added none - -"_s,
-                           u"file2.txt modified none 1 anna"_s, u"file10.txt deleted none 1 anna"_s}));
+    EXPECT_EQ(printed(status.items), u"dir modified none 1 anna|dir/b.txt added none - -|"
+                                     "file2.txt modified none 1 anna|file10.txt deleted none 1 anna"_list);
 }
 
 TEST_F(SvnOutputTest, log) {
-    svn({u"propset"_s, u"note"_s, u"text"_s, u"dir"_s});
-    svn({u"update"_s});
+    svn(u"propset|note|text|dir"_list);
+    svn(u"update"_list);
     svn({u"commit"_s, u"--username"_s, u"bert"_s, u"-m"_s, QString()});
-    svn({u"update"_s});
-    QList<LogEntry> entries = LogParser::parse(svn({u"log"_s, u"--xml"_s, u"--verbose"_s}));
+    svn(u"update"_list);
+    QList<LogEntry> entries = LogParser::parse(svn(u"log|--xml|--verbose"_list));
     for (LogEntry &entry : entries) {
         ASSERT_TRUE(entry.date);
         EXPECT_LT(qAbs(entry.date->secsTo(QDateTime::currentDateTimeUtc())), 600);
@@ -93,10 +82,10 @@ TEST_F(SvnOutputTest, log) {
 }
 
 TEST_F(SvnOutputTest, info) {
-    svn({u"update"_s});
+    svn(u"update"_list);
     tree.write(u"wc/dir/größe.txt"_s, "y\n");
-    svn({u"commit"_s, u"--username"_s, u"bert"_s, u"-m"_s, u"m"_s});
-    RepositoryInfo info = InfoParser::parse(svn({u"info"_s, u"--xml"_s}));
+    svn(u"commit|--username|bert|-m|m"_list);
+    RepositoryInfo info = InfoParser::parse(svn(u"info|--xml"_list));
     EXPECT_TRUE(info.lastChangedDate);
     EXPECT_EQ(info.repositoryUUID.value_or(QString()).size(), 36);
     info.lastChangedDate.reset();
@@ -108,12 +97,12 @@ TEST_F(SvnOutputTest, info) {
 
 TEST_F(SvnOutputTest, diff) {
     changeWorkingCopy();
-    const ParsedDiff diff = UnifiedDiffParser::parse(QString::fromUtf8(svn({u"diff"_s})));
+    const ParsedDiff diff = UnifiedDiffParser::parse(QString::fromUtf8(svn(u"diff"_list)));
     QStringList files;
     for (const DiffFile &file : diff.files)
         files.append(u"%1 %2 +%3 -%4"_s.arg(file.oldPath, file.newPath).arg(file.additions).arg(file.deletions));
-    EXPECT_EQ(files, QStringList({u"Gone & <lost>.txt Gone & <lost>.txt +0 -1"_s, u"added@2x.txt added@2x.txt +2 -0"_s,
-                                  u"file10.txt file10.txt +0 -0"_s, u"file2.txt file2.txt +2 -1"_s, u". . +0 -0"_s}));
+    EXPECT_EQ(files, u"Gone & <lost>.txt Gone & <lost>.txt +0 -1|added@2x.txt added@2x.txt +2 -0|"
+                     "file10.txt file10.txt +0 -0|file2.txt file2.txt +2 -1|. . +0 -0"_list);
     EXPECT_EQ(lineChanges(diff), (LineChangeSummary{4, 2}));
 }
 

@@ -1,15 +1,9 @@
 #include "parsers/svn_xml_parsers.h"
 #include "printed_records.h"
-#include "support/printers.h"
-
-#include <gtest/gtest.h>
-
-using namespace Qt::StringLiterals;
+#include "support/test.h"
 
 namespace kestor {
 namespace {
-
-using testing::printed;
 
 QString statusOf(const char *path, const char *wcStatus, const char *more = "") {
     return u"<entry path='%1'>%2%3</entry>"_s.arg(QLatin1StringView(path), QLatin1StringView(wcStatus),
@@ -17,93 +11,71 @@ QString statusOf(const char *path, const char *wcStatus, const char *more = "") 
 }
 
 TEST(StatusParserTest, readsEntries) {
-    struct Row {
-        const char *name;
-        QString text;
-        QStringList expected;
-    };
-    const Row rows[] = {
-        {"an entry without a status is unknown and kept", statusOf("a", ""), {u"a unknown none - -"_s}},
-        {"without item it is unknown, without props none",
-         statusOf("a", "<wc-status revision='3'/>"),
-         {u"a unknown none 3 -"_s}},
-        {"words are matched exactly",
-         statusOf("a", "<wc-status item='Modified' props='obstruct'/>"),
-         {u"a unknown unknown - -"_s}},
-        {"a non-ASCII word is no status",
-         statusOf("a", "<wc-status item='modifi&#233;d' props='none'/>"),
-         {u"a unknown none - -"_s}},
-        {"changed properties keep an entry",
-         statusOf("a", "<wc-status item='normal' props='modified'/>"),
-         {u"a normal modified - -"_s}},
+    const Rows<QString, QStringList> rows{
+        {"an entry without a status is unknown and kept", statusOf("a", ""), u"a unknown none - -"_list},
+        {"without item it is unknown, without props none", statusOf("a", "<wc-status revision='3'/>"),
+         u"a unknown none 3 -"_list},
+        {"words are matched exactly", statusOf("a", "<wc-status item='Modified' props='obstruct'/>"),
+         u"a unknown unknown - -"_list},
+        {"a non-ASCII word is no status", statusOf("a", "<wc-status item='modifi&#233;d' props='none'/>"),
+         u"a unknown none - -"_list},
+        {"changed properties keep an entry", statusOf("a", "<wc-status item='normal' props='modified'/>"),
+         u"a normal modified - -"_list},
         {"nothing changed drops it",
          statusOf("a", "<wc-status item='normal' props='none'/>") +
              statusOf("b", "<wc-status item='none' props='normal'/>"),
          {}},
         {"a tree conflict keeps it",
          statusOf("a", "<wc-status item='none' props='none'><tree-conflict victim='a'/></wc-status>"),
-         {u"a none none - - tree-conflict"_s}},
+         u"a none none - - tree-conflict"_list},
         {"a tree conflict told by attribute keeps it",
          statusOf("a", "<wc-status item='normal' props='none' tree-conflicted='true'/>") +
              statusOf("b", "<wc-status item='normal' props='none' tree-conflicted='false'/>"),
-         {u"a normal none - - tree-conflict"_s}},
+         u"a normal none - - tree-conflict"_list},
         {"nothing is carried over to the next entry",
          statusOf("a", "<wc-status item='modified' props='conflicted' "
                        "revision='7'><tree-conflict/>stray<author>me</author></wc-status>") +
              statusOf("b", "<wc-status item='added'/>"),
-         {u"a modified conflicted 7 me tree-conflict"_s, u"b added none - -"_s}},
+         u"a modified conflicted 7 me tree-conflict|b added none - -"_list},
         {"an entry without a path is dropped", u"<entry><wc-status item='added'/></entry>"_s, {}},
         {"text restarts at every tag",
-         statusOf("a", "<wc-status item='added'><author>x<b>y</b> z\n</author></wc-status>"),
-         {u"a added none - z"_s}},
+         statusOf("a", "<wc-status item='added'><author>x<b>y</b> z\n</author></wc-status>"), u"a added none - z"_list},
         {"character references and CDATA are text",
          statusOf("a&amp;b&#x2d;c", "<wc-status item='added'><author>&lt;<![CDATA[<x>]]></author></wc-status>"),
-         {u"a&b-c added none - <<x>"_s}},
+         u"a&b-c added none - <<x>"_list},
         {"in the order of a file manager",
          statusOf("file10.txt", "") + statusOf("file2.txt", "") + statusOf("File1.txt", ""),
-         {u"File1.txt unknown none - -"_s, u"file2.txt unknown none - -"_s, u"file10.txt unknown none - -"_s}},
+         u"File1.txt unknown none - -|file2.txt unknown none - -|"
+         "file10.txt unknown none - -"_list},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(printed(StatusParser::parse(u"<status><target path='.'>%1</target></status>"_s.arg(row.text))),
-                  row.expected);
-    }
+    for (const auto &[name, text, expected] : rows)
+        EXPECT_EQ(printed(StatusParser::parse(u"<status><target path='.'>%1</target></status>"_s.arg(text))), expected);
 }
 
 TEST(StatusParserTest, keepsWhatCameBeforeAnError) {
-    struct Row {
-        const char *name;
-        QString text;
-        QStringList expected;
-    };
     const QString entry = statusOf("a", "<wc-status item='added'/>");
-    const Row rows[] = {
+    const Rows<QString, QStringList> rows{
         {"empty", {}, {}},
         {"no XML", u"svn: E155007: '/tmp' is not a working copy\n"_s, {}},
-        {"cut within an entry",
-         u"<status>"_s + entry + u"<entry path='b'><wc-status item='mod"_s,
-         {u"a added none - -"_s}},
-        {"wrong end tag", u"<status>"_s + entry + u"</target>"_s + entry, {u"a added none - -"_s}},
-        {"a second document",
-         u"<status>"_s + entry + u"</status><status>"_s + entry + u"</status>"_s,
-         {u"a added none - -"_s}},
-        {"undeclared entity", u"<status>"_s + entry + u"&x;"_s + entry, {u"a added none - -"_s}},
+        {"cut within an entry", u"<status>"_s + entry + u"<entry path='b'><wc-status item='mod"_s,
+         u"a added none - -"_list},
+        {"wrong end tag", u"<status>"_s + entry + u"</target>"_s + entry, u"a added none - -"_list},
+        {"a second document", u"<status>"_s + entry + u"</status><status>"_s + entry + u"</status>"_s,
+         u"a added none - -"_list},
+        {"undeclared entity", u"<status>"_s + entry + u"&x;"_s + entry, u"a added none - -"_list},
         {"document type declaration",
          u"<!DOCTYPE s [<!ENTITY a 'xx'><!ENTITY b '&a;&a;'>]><status>"_s + entry + u"&b;</status>"_s,
          {}},
         {"lone surrogate", u"<status>"_s + entry + QChar(0xD800) + u"</status>"_s, {}},
-        {"null character", u"<status>"_s + entry + QChar(0) + entry + u"</status>"_s, {u"a added none - -"_s}},
+        {"null character", u"<status>"_s + entry + QChar(0) + entry + u"</status>"_s, u"a added none - -"_list},
         {"a declared encoding does not matter",
-         u"<?xml version='1.0' encoding='ISO-8859-1'?><status>"_s + entry + u"</status>"_s,
-         {u"a added none - -"_s}},
+         u"<?xml version='1.0' encoding='ISO-8859-1'?><status>"_s + entry + u"</status>"_s, u"a added none - -"_list},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(printed(StatusParser::parse(row.text)), row.expected);
-    }
+    for (const auto &[name, text, expected] : rows)
+        EXPECT_EQ(printed(StatusParser::parse(text)), expected);
     EXPECT_EQ(
         printed(StatusParser::parse(QByteArrayView("<s><entry path='gr\xc3\xb6\xc3\x9f'/><entry path='\xff'/></s>"))),
-        QStringList({u"größ unknown none - -"_s}));
+        u"größ unknown none - -"_list);
 }
 
 TEST(RemoteStatusParserTest, readsWhatTheRepositoryWouldChange) {
@@ -114,12 +86,7 @@ TEST(RemoteStatusParserTest, readsWhatTheRepositoryWouldChange) {
         "<entry path='same'><repos-status props='normal'/></entry>"
         "<entry path='a'><repos-status item='renamed'/></entry>"
         "<entry path='c'><repos-status item='none' props='modified'/></entry>"_s;
-    struct Row {
-        const char *name;
-        QString against;
-        std::optional<qint64> revision;
-    };
-    const Row rows[] = {
+    const Rows<QString, std::optional<qint64>> rows{
         {"plain", u"<against revision='1300'/>"_s, 1300},
         {"signs", u"<against revision='+17'/>"_s, 17},
         {"negative", u"<against revision='-9223372036854775808'/>"_s, std::numeric_limits<qint64>::min()},
@@ -130,22 +97,15 @@ TEST(RemoteStatusParserTest, readsWhatTheRepositoryWouldChange) {
         {"the last one wins, even without a revision", u"<against revision='1'/><against/>"_s, std::nullopt},
         {"none", {}, std::nullopt},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const RemoteStatus status = RemoteStatusParser::parse(u"<status>%1%2</status>"_s.arg(entries, row.against));
-        EXPECT_EQ(status.repositoryRevision, row.revision);
-        EXPECT_EQ(printed(status.items),
-                  QStringList({u"a unknown none - -"_s, u"b modified none 4 me"_s, u"c none modified - -"_s}));
+    for (const auto &[name, against, revision] : rows) {
+        const RemoteStatus status = RemoteStatusParser::parse(u"<status>%1%2</status>"_s.arg(entries, against));
+        EXPECT_EQ(status.repositoryRevision, revision);
+        EXPECT_EQ(printed(status.items), u"a unknown none - -|b modified none 4 me|c none modified - -"_list);
     }
 }
 
 TEST(LogParserTest, readsEntries) {
-    struct Row {
-        const char *name;
-        QString text;
-        QStringList expected;
-    };
-    const Row rows[] = {
+    const Rows<QString, QStringList> rows{
         {"highest revision first, equal ones in their order",
          u"<logentry revision='5'/><logentry revision='9'><msg>a</msg></logentry><logentry revision='7'/>"
          "<logentry revision='9'><msg>b</msg></logentry>"_s,
@@ -167,42 +127,30 @@ TEST(LogParserTest, readsEntries) {
          "<paths><path action='A' kind='dir'>/x</path></paths></logentry><logentry revision='1'/>"_s,
          {u"2|a|2024-05-01T10:20:30.000Z|m|A /x dir"_s, u"1||-|"_s}},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(printed(LogParser::parse(u"<log>%1</log>"_s.arg(row.text))), row.expected);
-    }
+    for (const auto &[name, text, expected] : rows)
+        EXPECT_EQ(printed(LogParser::parse(u"<log>%1</log>"_s.arg(text))), expected);
 }
 
 TEST(InfoParserTest, readsFieldsByTheirSurroundings) {
-    struct Row {
-        const char *name;
-        QString text;
-        QStringList expected; ///< root, url, relative url, repository root, uuid, revisions, author, date
-    };
-    const Row rows[] = {
+    const Rows<QString, QStringList> rows{
         {"usual output",
          u"<entry revision='15'><url> u </url><relative-url>^/t</relative-url><repository><root>r</root><uuid>i</uuid>"
          "</repository><wc-info><wcroot-abspath>/w</wcroot-abspath></wc-info><commit revision='12'><author>me</author>"
          "<date>2024-05-01T10:20:30.123456Z</date></commit></entry>"_s,
-         {u"/w"_s, u"u"_s, u"^/t"_s, u"r"_s, u"i"_s, u"12"_s, u"15"_s, u"12"_s, u"me"_s,
-          u"2024-05-01T10:20:30.123Z"_s}},
+         u"/w|u|^/t|r|i|12|15|12|me|2024-05-01T10:20:30.123Z"_list},
         {"fields in the wrong place",
          u"<entry><repository><url>u</url></repository><root>r</root><uuid>i</uuid><wcroot-abspath>w</wcroot-abspath>"
          "<author>me</author><date>2024-05-01T10:20:30Z</date></entry>"_s,
          QStringList(10, u"-"_s)},
-        {"a commit without a revision",
-         u"<entry revision='15'><commit/></entry>"_s,
-         {u"-"_s, u"-"_s, u"-"_s, u"-"_s, u"-"_s, u"15"_s, u"15"_s, u"-"_s, u"-"_s, u"-"_s}},
+        {"a commit without a revision", u"<entry revision='15'><commit/></entry>"_s, u"-|-|-|-|-|15|15|-|-|-"_list},
         {"a later entry overwrites field by field",
          u"<entry revision='15'><url>a</url><commit revision='12'><author>me</author></commit></entry>"
          "<entry><url>b</url></entry>"_s,
-         {u"-"_s, u"b"_s, u"-"_s, u"-"_s, u"-"_s, u"-"_s, u"-"_s, u"12"_s, u"me"_s, u"-"_s}},
+         u"-|b|-|-|-|-|-|12|me|-"_list},
         {"no XML", u"</info>"_s, QStringList(10, u"-"_s)},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(printed(InfoParser::parse(u"<info>%1</info>"_s.arg(row.text))), row.expected);
-    }
+    for (const auto &[name, text, expected] : rows)
+        EXPECT_EQ(printed(InfoParser::parse(u"<info>%1</info>"_s.arg(text))), expected);
 }
 
 } // namespace

@@ -1,17 +1,13 @@
 #include "rules/ignore_rules.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
+#include "support/test.h"
 
 #include <QRandomGenerator>
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::TempTree;
 
 IgnoreRules rulesOf(const QStringList &lines) {
     QList<IgnoreRule> rules;
@@ -28,26 +24,18 @@ QStringList patternsOf(const IgnoreRules &rules) {
 }
 
 TEST(IgnoreRules, LetTheLastMatchDecide) {
-    struct Row {
-        const char *name;
-        QStringList lines;
-        QString path;
-        std::optional<bool> decision;
-    };
-    const Row rows[] = {
+    const Rows<QStringList, QString, std::optional<bool>> rows{
         {"no rules", {}, u"a"_s, std::nullopt},
-        {"the root", {u"*"_s}, u"./"_s, std::nullopt},
-        {"ignored", {u"*.log"_s, u"!keep.log"_s}, u"x.log"_s, true},
-        {"brought back", {u"*.log"_s, u"!keep.log"_s}, u"keep.log"_s, false},
-        {"ignored again", {u"!keep.log"_s, u"*.log"_s}, u"keep.log"_s, true},
-        {"brought back although nothing ignored it", {u"!a"_s}, u"a"_s, false},
-        {"a path that is not normalised", {u"/a/b"_s}, u"/a//./b/"_s, true},
-        {"a name with a final line break", {u"*.log"_s}, u"d/x.log\n"_s, true},
+        {"the root", u"*"_list, u"./"_s, std::nullopt},
+        {"ignored", u"*.log|!keep.log"_list, u"x.log"_s, true},
+        {"brought back", u"*.log|!keep.log"_list, u"keep.log"_s, false},
+        {"ignored again", u"!keep.log|*.log"_list, u"keep.log"_s, true},
+        {"brought back although nothing ignored it", u"!a"_list, u"a"_s, false},
+        {"a path that is not normalised", u"/a/b"_list, u"/a//./b/"_s, true},
+        {"a name with a final line break", u"*.log"_list, u"d/x.log\n"_s, true},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(rulesOf(row.lines).decision(row.path, false), row.decision);
-    }
+    for (const auto &[name, lines, givenPath, decision] : rows)
+        EXPECT_EQ(rulesOf(lines).decision(givenPath, false), decision);
 }
 
 std::optional<bool> decisionOfAllRules(const IgnoreRules &rules, const QString &path, bool isDirectory) {
@@ -67,9 +55,8 @@ TEST(IgnoreRules, DecideAsIfEveryRuleWereTested) {
             chosen.append(pieces[random.bounded(pieces.size())]);
         return chosen.join(separator);
     };
-    const QStringList patternPieces{u"a"_s,  u"b.c"_s, u"*.c"_s,  u"a*"_s, u"*"_s,     u"**"_s, u".c"_s,
-                                    u"*a"_s, u"?"_s,   u"[ab]"_s, u"a/"_s, u"*.x.c"_s, u"/"_s,  u"a\\.c"_s};
-    const QStringList names{u"a"_s, u"b.c"_s, u"ab"_s, u".c"_s, u"a.x.c"_s, u"c"_s, u"a.c\n"_s, u"b."_s};
+    const QStringList patternPieces = u"a|b.c|*.c|a*|*|**|.c|*a|?|[ab]|a/|*.x.c|/|a\\.c"_list;
+    const QStringList names = u"a|b.c|ab|.c|a.x.c|c|a.c\n|b."_list;
     int matched = 0;
     for (int round = 0; round < 300; ++round) {
         QList<IgnoreRule> list;
@@ -92,9 +79,9 @@ TEST(IgnoreRules, DecideAsIfEveryRuleWereTested) {
 
 TEST(IgnoreRules, LoadOnlyWhatCanAffectTheCandidates) {
     TempTree tree;
-    tree.write(u".gitignore"_s, "build/\nopen/\n!open/keep.txt\nroot\n");
-    tree.write(u".kestorignore"_s, "kestor\r\n\n# comment\n");
-    for (const QString &folder : {u"b"_s, u"a10"_s, u"a9"_s, u"a9/deep"_s, u"build"_s, u"open"_s, u"aside"_s})
+    tree.writeAll(
+        {{u".gitignore"_s, "build/\nopen/\n!open/keep.txt\nroot\n"}, {u".kestorignore"_s, "kestor\r\n\n# comment\n"}});
+    for (const QString &folder : u"b|a10|a9|a9/deep|build|open|aside"_list)
         tree.write(folder + u"/.gitignore"_s, folder.toUtf8() + "\n");
     tree.write(u"latin/.gitignore"_s, "gr\xF6\xDF"
                                       "e\n");
@@ -103,11 +90,9 @@ TEST(IgnoreRules, LoadOnlyWhatCanAffectTheCandidates) {
     tree.makeDirectory(u"pipe"_s);
     ASSERT_EQ(::mkfifo(tree.path(u"pipe/.gitignore"_s).toUtf8().constData(), 0600), 0);
 
-    const QStringList candidates{u"b"_s,     u"a10/x"_s,    u"a9//deep/x"_s, u"build/x"_s, u"open/x"_s, u"latin/x"_s,
-                                 u"cut/x"_s, u"folder/x"_s, u"pipe/x"_s,     u"missing"_s, u""_s};
-    const QStringList expected{u":build"_s,    u":open"_s,          u":open/keep.txt"_s, u":root"_s,
-                               u":kestor"_s,   u"a9:a9"_s,          u"a10:a10"_s,        u"b:b"_s,
-                               u"open:open"_s, u"a9/deep:a9/deep"_s};
+    const QStringList candidates = u"b|a10/x|a9//deep/x|build/x|open/x|latin/x|cut/x|folder/x|pipe/x|missing|"_list;
+    const QStringList expected = u":build|:open|:open/keep.txt|:root|:kestor|a9:a9|a10:a10|b:b|open:open|"
+                                 "a9/deep:a9/deep"_list;
     EXPECT_EQ(patternsOf(IgnoreRules::load(tree.path(), candidates)), expected);
     EXPECT_EQ(patternsOf(IgnoreRules::load(tree.path(u"nowhere"_s), candidates)), QStringList());
 }

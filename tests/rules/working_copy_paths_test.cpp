@@ -1,22 +1,12 @@
 #include "rules/working_copy_paths.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
-
-#include <gtest/gtest.h>
+#include "support/test.h"
 
 namespace kestor {
 namespace {
 
-using namespace Qt::StringLiterals;
-using testing::TempTree;
-
 TEST(WorkingCopyPaths, NormalizesPaths) {
-    struct Row {
-        const char *name;
-        QString path;
-        QString normalized;
-    };
-    const Row rows[] = {
+    const Rows<QString, QString> rows{
         {"the root", u""_s, u""_s},
         {"a plain path", u"a/b.c"_s, u"a/b.c"_s},
         {"slashes at the ends and doubled", u"/a//b/"_s, u"a/b"_s},
@@ -26,21 +16,14 @@ TEST(WorkingCopyPaths, NormalizesPaths) {
         {"dots inside names", u".a/b./..c"_s, u".a/b./..c"_s},
         {"parents are not resolved", u"a/../b"_s, u"a/../b"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(normalizedPath(QStringView(row.path)), row.normalized);
-        EXPECT_EQ(isNormalizedPath(row.path), row.path == row.normalized);
+    for (const auto &[name, path, normalized] : rows) {
+        EXPECT_EQ(normalizedPath(QStringView(path)), normalized);
+        EXPECT_EQ(isNormalizedPath(path), path == normalized);
     }
 }
 
 TEST(WorkingCopyPaths, FindsPathsBelowARoot) {
-    struct Row {
-        const char *name;
-        QString path;
-        QString root;
-        std::optional<QString> relative;
-    };
-    const Row rows[] = {
+    const Rows<QString, QString, std::optional<QString>> rows{
         {"the root itself", u"/wc/"_s, u"/wc"_s, u""_s},
         {"inside", u"/wc/a//b"_s, u"/wc"_s, u"a/b"_s},
         {"a neighbour with the same beginning", u"/wc2/a"_s, u"/wc"_s, std::nullopt},
@@ -48,10 +31,8 @@ TEST(WorkingCopyPaths, FindsPathsBelowARoot) {
         {"the parent", u"/"_s, u"/wc"_s, std::nullopt},
         {"below the top of the disk", u"/a/b"_s, u"/"_s, u"a/b"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(repositoryRelativePath(row.path, row.root), row.relative);
-    }
+    for (const auto &[name, path, root, relative] : rows)
+        EXPECT_EQ(repositoryRelativePath(path, root), relative);
 }
 
 TEST(WorkingCopyPaths, WritesIgnoreRulesToTheRootsGitIgnoreOnlyWhereItExists) {

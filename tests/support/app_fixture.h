@@ -2,6 +2,7 @@
 
 #include "controller/app_state.h"
 #include "support/awaited.h"
+#include "support/repositories.h"
 #include "support/scripted_user.h"
 #include "support/temp_tree.h"
 
@@ -13,6 +14,8 @@ namespace kestor::testing {
 class AppFixture {
 public:
     AppFixture() : app(settings, user, systemTools(settings)) {}
+    explicit AppFixture(const SvnFixture &project) : AppFixture() { open(project.path(), RepositoryKind::svn); }
+    explicit AppFixture(const GitFixture &project) : AppFixture() { open(project.path(), RepositoryKind::git); }
 
     /// Registers and selects the folder and waits until everything is loaded.
     void open(const QString &path, RepositoryKind kind) { awaited(app.addProject(path, kind)); }

@@ -18,6 +18,10 @@ public:
     void write(const QString &relative, const QByteArray &content = "x\n") {
         tree.write(QStringLiteral("wc/") + relative, content);
     }
+    void writeAll(std::initializer_list<WrittenFile> files) {
+        for (const WrittenFile &file : files)
+            write(file.path, file.content);
+    }
     /// Runs svn in the working copy and returns what it printed.
     QByteArray svn(const QStringList &arguments) const;
     /// Adds everything and commits it.
@@ -34,6 +38,10 @@ public:
     QString path(const QString &relative = {}) const;
     void write(const QString &relative, const QByteArray &content = "x\n") {
         tree.write(QStringLiteral("wc/") + relative, content);
+    }
+    void writeAll(std::initializer_list<WrittenFile> files) {
+        for (const WrittenFile &file : files)
+            write(file.path, file.content);
     }
     QByteArray git(const QStringList &arguments) const;
     void commitAll(const QString &message) const;

@@ -1,11 +1,18 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDir>
+#include <QFile>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
 
 namespace kestor::testing {
+
+struct WrittenFile {
+    QString path;
+    QByteArray content = "x\n";
+};
 
 /// A temporary folder with files, removed at the end.
 class TempTree {
@@ -16,6 +23,10 @@ public:
     QString path(const QString &relative = {}) const;
     /// Writes a file and the folders on the way to it.
     void write(const QString &relative, const QByteArray &content = "x\n");
+    void writeAll(std::initializer_list<WrittenFile> files) {
+        for (const WrittenFile &file : files)
+            write(file.path, file.content);
+    }
     void makeDirectory(const QString &relative);
     QByteArray read(const QString &relative) const;
     bool exists(const QString &relative) const;

@@ -1,24 +1,17 @@
 #include "support/awaited.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
+#include "support/test.h"
 #include "tools/arguments.h"
 #include "tools/child_process.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 
 #include <csignal>
-#include <gtest/gtest.h>
 #include <unistd.h>
 #include <vector>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::awaited;
-using testing::TempTree;
-using testing::waitUntil;
 
 ChildCommand shell(const QString &script) {
     return {.executable = u"/bin/sh"_s,
@@ -54,19 +47,12 @@ TEST(ChildProcess, CollectsBothOutputsAndTheStatus) {
 }
 
 TEST(ChildProcess, StatusOfEndsOtherThanExit) {
-    struct Row {
-        const char *name;
-        QString script;
-        int status;
-    };
-    const Row rows[] = {{"killed", u"kill -KILL $$"_s, 128 + SIGKILL},
-                        {"terminated after output", u"echo x; kill -TERM $$"_s, 128 + SIGTERM},
-                        {"plain end", u"true"_s, 0},
-                        {"highest exit status", u"exit 255"_s, 255}};
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(runShell(row.script).status, row.status);
-    }
+    const Rows<QString, int> rows{{"killed", u"kill -KILL $$"_s, 128 + SIGKILL},
+                                  {"terminated after output", u"echo x; kill -TERM $$"_s, 128 + SIGTERM},
+                                  {"plain end", u"true"_s, 0},
+                                  {"highest exit status", u"exit 255"_s, 255}};
+    for (const auto &[name, wantedScript, status] : rows)
+        EXPECT_EQ(runShell(wantedScript).status, status);
 }
 
 TEST(ChildProcess, FloodOfErrorsDoesNotStallWhileOutputIsOpen) {
@@ -79,16 +65,9 @@ TEST(ChildProcess, FloodOfErrorsDoesNotStallWhileOutputIsOpen) {
 TEST(ChildProcess, LaunchFailuresSayWhy) {
     TempTree tree;
     tree.makeDirectory(u"folder"_s);
-    tree.write(u"plain"_s);
-    tree.write(u"no-program"_s, "\177ELF garbage");
+    tree.writeAll({{u"plain"_s}, {u"no-program"_s, "\177ELF garbage"}});
     QFile::setPermissions(tree.path(u"no-program"_s), QFile::ReadOwner | QFile::ExeOwner);
-    struct Row {
-        const char *name;
-        QString executable;
-        QString directory;
-        QString reason;
-    };
-    const Row rows[] = {
+    const Rows<QString, QString, QString> rows{
         {"missing", tree.path(u"none"_s), {}, u"The file does not exist."_s},
         {"bare name that PATH has", u"sh"_s, {}, u"The file does not exist."_s},
         {"folder", tree.path(u"folder"_s), {}, u"It is a folder, not a program."_s},
@@ -99,10 +78,9 @@ TEST(ChildProcess, LaunchFailuresSayWhy) {
         {"directory is a file", u"/bin/sh"_s, tree.path(u"plain"_s),
          u"%1 is not a folder."_s.arg(tree.path(u"plain"_s))},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const ChildCommand command{.executable = row.executable, .displayName = u"X"_s, .directory = row.directory};
-        EXPECT_EQ(failureOf(command, CheckStatus::no), u"Could not launch X: "_s + row.reason);
+    for (const auto &[name, executable, directory, reason] : rows) {
+        const ChildCommand command{.executable = executable, .displayName = u"X"_s, .directory = directory};
+        EXPECT_EQ(failureOf(command, CheckStatus::no), u"Could not launch X: "_s + reason);
     }
 }
 
@@ -116,16 +94,6 @@ TEST(ChildProcess, CheckedStatusThrowsTheResult) {
         ASSERT_NE(error.failedResult(), nullptr);
         EXPECT_EQ(error.failedResult()->status, 2);
     }
-}
-
-TEST(ChildProcess, RunsInTheGivenFolderAndEnvironment) {
-    TempTree tree;
-    tree.makeDirectory(u"größe"_s);
-    ChildProcesses children;
-    ChildCommand command = shell(u"pwd; echo $KESTOR_PROBE"_s);
-    command.directory = tree.path(u"größe"_s);
-    command.environment.insert(u"KESTOR_PROBE"_s, u"ä"_s);
-    EXPECT_EQ(awaited(children.run(command, CheckStatus::yes)).stdoutText(), command.directory + u"\nä\n"_s);
 }
 
 TEST(ChildProcess, HasASessionOfItsOwnAndTheInheritedInput) {
@@ -192,7 +160,7 @@ TEST(ChildProcess, StopAlsoEndsChildrenThatDoNotListenAllAtTheSameTime) {
     TempTree tree;
     QStringList failures;
     ChildProcesses children;
-    const QStringList names{u"1"_s, u"2"_s, u"3"_s};
+    const QStringList names = u"1|2|3"_list;
     for (const QString &name : names) {
         noteFailure(&children, u"trap '' TERM; cd %1; echo $$ > %2; sleep 60"_s.arg(tree.path(), name), &failures);
         ASSERT_TRUE(waitUntil([&] { return tree.read(name).endsWith('\n'); }));

@@ -1,23 +1,15 @@
 #include "support/awaited.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
+#include "support/test.h"
 #include "tools/arguments.h"
 #include "tools/git_client.h"
 #include "tools/svn_admin_client.h"
 #include "tools/svn_client.h"
 
-#include <QFile>
 #include <QSettings>
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::awaited;
-using testing::runTool;
-using testing::TempTree;
 
 /// Sets PATH for the life of the object.
 class PathVariable {
@@ -86,35 +78,6 @@ TEST_F(Clients, PathIsReadAnewOnEachRun) {
     const QString gone = tree.path(u"gone"_s);
     EXPECT_EQ(failure(git, gone),
               u"Could not launch %1: The folder %2 does not exist."_s.arg(tree.path(u"git"_s), gone));
-}
-
-TEST_F(Clients, SvnTakesPathsAndMessagesThatAreNotAscii) {
-    const PathVariable path("/usr/bin:/bin");
-    const QString repository = tree.path(u"größe.repo"_s);
-    const QString url = u"file://"_s + repository;
-    const QString copy = tree.path(u"Kopie ä"_s);
-    awaited(svnAdmin.run(args("create", repository), {}, CheckStatus::yes));
-    awaited(svn.run(args("mkdir", "-m", "größe", url + u"/änderung"_s), {}, CheckStatus::yes));
-    awaited(svn.run(args("checkout", url, copy), {}, CheckStatus::yes));
-    EXPECT_EQ(tree.entries(u"Kopie ä"_s), args("änderung/"));
-    const QString log = awaited(svn.run(args("log"), copy, CheckStatus::yes)).stdoutText();
-    EXPECT_TRUE(log.contains(u"\ngröße\n"_s)) << log.toStdString();
-}
-
-TEST_F(Clients, GitPrintsNamesUnquotedEvenAgainstTheConfiguration) {
-    const PathVariable path("/usr/bin:/bin");
-    runTool(u"git"_s, args("init", "-q"), tree.path());
-    runTool(u"git"_s, args("config", "core.quotePath", "true"), tree.path());
-    tree.write(u"größe ä.txt"_s);
-    const QStringList status = args("status", "--porcelain", "--", u"größe ä.txt");
-    EXPECT_EQ(awaited(git.run(status, tree.path(), CheckStatus::yes)).stdoutText(), u"?? \"größe ä.txt\"\n"_s);
-}
-
-TEST_F(Clients, UncheckedStatusIsAnAnswer) {
-    const PathVariable path("/usr/bin:/bin");
-    const SVNCommandResult result = awaited(svn.run(args("info"), tree.path(), CheckStatus::no));
-    EXPECT_EQ(result.status, 1);
-    EXPECT_TRUE(result.stderrText().contains(u"is not a working copy"_s)) << result.stderrData.constData();
 }
 
 } // namespace

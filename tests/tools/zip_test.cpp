@@ -1,12 +1,11 @@
 #include "support/awaited.h"
-#include "support/printers.h"
 #include "support/temp_tree.h"
+#include "support/test.h"
 #include "support/without_privileges.h"
 #include "tools/archive_zip_client.h"
 #include "tools/arguments.h"
 #include "tools/zip_writer.h"
 
-#include <QFile>
 #include <QMap>
 #include <QThreadPool>
 
@@ -15,17 +14,11 @@
 #include <archive_entry.h>
 #include <clocale>
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <memory>
 #include <sys/stat.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::awaited;
-using testing::TempTree;
-using testing::WithoutPrivileges;
 
 struct ZipEntry {
     uint mode = 0; ///< kind and permissions
@@ -70,11 +63,11 @@ QMap<QString, ZipEntry> unzipped(const QString &path, QStringList *order = nullp
 TEST(Zip, KeepsWhatAFolderIs) {
     TempTree tree;
     const QByteArray large = QByteArray("0123456789abcdef").repeated(100000);
-    tree.write(u"src/größe/ä ö.txt"_s, "content\n");
-    tree.write(u"src/large"_s, large);
-    tree.write(u"src/empty file"_s, "");
-    tree.write(u"src/.hidden"_s, "h");
-    tree.write(u"outside"_s, "not in the zip");
+    tree.writeAll({{u"src/größe/ä ö.txt"_s, "content\n"},
+                   {u"src/large"_s, large},
+                   {u"src/empty file"_s, ""},
+                   {u"src/.hidden"_s, "h"},
+                   {u"outside"_s, "not in the zip"}});
     tree.makeDirectory(u"src/empty"_s);
     QFile::link(u"../outside"_s, tree.path(u"src/link"_s));
     QFile::link(u"missing"_s, tree.path(u"src/dangling"_s));
@@ -163,12 +156,12 @@ QString failureOf(const QString &source, const QString &destination) {
 
 TEST(Zip, FailureSaysWhyAndLeavesTheOlderFileAlone) {
     TempTree tree;
-    tree.write(u"unreadable/a"_s);
-    tree.write(u"unreadable/secret"_s);
-    tree.write(u"closed/folder/a"_s);
-    tree.write(u"plain"_s);
-    tree.write(u"out/old.zip"_s, "old");
-    tree.write(u"locked/none"_s);
+    tree.writeAll({{u"unreadable/a"_s},
+                   {u"unreadable/secret"_s},
+                   {u"closed/folder/a"_s},
+                   {u"plain"_s},
+                   {u"out/old.zip"_s, "old"},
+                   {u"locked/none"_s}});
     const auto allow = [&](const QString &name, mode_t mode) {
         ::chmod(QFile::encodeName(tree.path(name)).constData(), mode);
     };
@@ -178,15 +171,9 @@ TEST(Zip, FailureSaysWhyAndLeavesTheOlderFileAlone) {
     allow(u"unreadable/secret"_s, 0);
     allow(u"closed/folder"_s, 0);
     allow(u"locked"_s, 0555);
-    struct Row {
-        const char *name;
-        QString source;
-        QString destination;
-        QString failure;
-    };
     const QString out = u"out/old.zip"_s;
     const QString denied = u": Permission denied"_s;
-    const Row rows[] = {
+    const Rows<QString, QString, QString> rows{
         {"file", u"unreadable"_s, out, u"Could not read %1"_s.arg(tree.path(u"unreadable/secret"_s)) + denied},
         {"folder", u"closed"_s, out, u"Could not read %1"_s.arg(tree.path(u"closed/folder"_s)) + denied},
         {"missing", u"none"_s, out, u"Could not read %1: It is not a folder."_s.arg(tree.path(u"none"_s))},
@@ -195,9 +182,8 @@ TEST(Zip, FailureSaysWhyAndLeavesTheOlderFileAlone) {
          u"Could not write %1"_s.arg(tree.path(u"locked/x.zip"_s)) + denied},
     };
     const WithoutPrivileges asOrdinaryUser;
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(failureOf(tree.path(row.source), tree.path(row.destination)), row.failure);
+    for (const auto &[name, source, destination, failure] : rows) {
+        EXPECT_EQ(failureOf(tree.path(source), tree.path(destination)), failure);
         EXPECT_EQ(tree.entries(u"out"_s), args("old.zip"));
         EXPECT_EQ(tree.read(out), "old");
     }

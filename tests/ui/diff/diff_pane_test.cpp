@@ -1,27 +1,13 @@
 #include "sample_diffs.h"
-#include "support/awaited.h"
-#include "support/printers.h"
-#include "support/temp_tree.h"
+#include "support/window_test.h"
 #include "ui/diff/accessible_diff.h"
 #include "ui/diff/diff_pane.h"
 #include "ui/diff/plain_text_view.h"
 
 #include <QAccessible>
-#include <QClipboard>
-#include <QFile>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::waitUntil;
 
 DiffSubject subjectOf(const QString &path) {
     return {path, WorkingCopyItem{.path = path, .kind = SVNStatusKind::modified}};
@@ -31,8 +17,7 @@ class DiffPaneTest : public ::testing::Test {
 protected:
     DiffPaneTest() {
         pane.resize(600, 300);
-        pane.show();
-        pane.activateWindow();
+        activate(pane);
     }
 
     DiffView &view() const { return *pane.findChild<DiffView *>(); }
@@ -57,70 +42,38 @@ protected:
 
 TEST_F(DiffPaneTest, SaysInTheMiddleWhatThereIsInsteadOfADiff) {
     pane.showNothing(u"(select a changed file)"_s);
-    EXPECT_EQ(shownLabels(), QStringList{u"(select a changed file)"_s});
-    for (const QString &text :
-         {u"(no text diff)"_s, u"(file not found)"_s, u"(unversioned directory)"_s, u"(binary or unreadable file)"_s}) {
+    EXPECT_EQ(shownLabels(), u"(select a changed file)"_list);
+    for (const QString &text : u"(no text diff)|(file not found)|(unversioned directory)|"
+                               "(binary or unreadable file)"_list) {
         pane.showDiff(subjectOf(u"a"_s), text);
         EXPECT_EQ(shownLabels(), QStringList{text});
     }
     pane.showNotice(subjectOf(u"data/places.db"_s), u"Unknown file type."_s);
-    EXPECT_EQ(shownLabels(), (QStringList{u"places.db"_s, u"Unknown file type."_s}));
+    EXPECT_EQ(shownLabels(), u"places.db|Unknown file type."_list);
     EXPECT_EQ(pane.stepHunk(CaretDirection::ahead), StepResult::outside);
     pane.showDiff(subjectOf(u"a"_s), u"(no text diff) or more"_s);
     EXPECT_TRUE(view().isVisible()) << "any other text is shown as it is";
 }
 
-TEST_F(DiffPaneTest, NamesAndCountsWhatItShows) {
-    struct Row {
-        const char *name;
-        QString path, text, accessibleName;
-        QStringList labels;
-    };
-    const Row rows[] = {
-        {"one file",
-         u"src/a.c"_s,
-         testing::oneFileDiff(),
-         u"Diff of src/a.c, 3 added, 1 removed"_s,
-         {u"Hunk 1 of 2"_s}},
-        {"several files",
-         u""_s,
-         testing::threeFileDiff(),
-         u"Diff of 3 files, 3 added, 1 removed"_s,
-         {u"Hunk 1 of 3"_s}},
-        {"renamed file",
-         u"n"_s,
-         u"diff --git a/o b/n\nrename from o\nrename to n\n--- a/o\n+++ b/n\n@@ -1 +1 @@\n-a\n"_s,
-         u"Diff of o → n, 0 added, 1 removed"_s,
-         {u"Hunk 1 of 1"_s}},
-        {"plain", u"b"_s, u"anything\n"_s, u"Diff of b"_s, {}},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        pane.showDiff(subjectOf(row.path), row.text);
-        EXPECT_EQ(view().accessibleName(), row.accessibleName);
-        EXPECT_EQ(shownLabels(), row.labels);
-    }
-}
-
 TEST_F(DiffPaneTest, SamePathKeepsTheScrollPositionAndAnotherBeginsAnew) {
-    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(300));
+    pane.showDiff(subjectOf(u"a"_s), longDiff(300));
     bar().setValue(1000);
-    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(301));
+    pane.showDiff(subjectOf(u"a"_s), longDiff(301));
     EXPECT_EQ(bar().value(), 1000);
     EXPECT_EQ(view().document().lineCount, 301);
-    pane.showDiff(subjectOf(u"b"_s), testing::longDiff(302));
+    pane.showDiff(subjectOf(u"b"_s), longDiff(302));
     EXPECT_EQ(bar().value(), 0);
-    pane.showDiff(subjectOf(u"b"_s), testing::oneFileDiff());
+    pane.showDiff(subjectOf(u"b"_s), oneFileDiff());
     EXPECT_EQ(view().currentHunk(), 0);
 }
 
 TEST_F(DiffPaneTest, LongTextIsShownAtOnceAndCompletedUnnoticed) {
-    pane.showDiff(subjectOf(u"b"_s), testing::oneFileDiff());
+    pane.showDiff(subjectOf(u"b"_s), oneFileDiff());
     takeFocus();
-    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(20'000));
+    pane.showDiff(subjectOf(u"a"_s), longDiff(20'000));
     EXPECT_FALSE(isWhole());
     EXPECT_LT(view().document().lineCount, 2000);
-    EXPECT_EQ(shownLabels(), QStringList{u"Hunk 1"_s}) << "no count that is not known yet";
+    EXPECT_EQ(shownLabels(), u"Hunk 1"_list) << "no count that is not known yet";
     EXPECT_EQ(pane.stepHunk(CaretDirection::ahead), StepResult::waiting);
     QCoreApplication::sendPostedEvents(&view(), QEvent::MetaCall); // the scroll bar takes its place
     bar().setValue(4000);
@@ -140,29 +93,19 @@ TEST_F(DiffPaneTest, LongTextIsShownAtOnceAndCompletedUnnoticed) {
     EXPECT_EQ(view().accessibleName(), u"Diff of a, 20000 added, 0 removed"_s);
 }
 
-TEST_F(DiffPaneTest, OldDiffOfThePathStaysUntilThePlaceIsThereAgain) {
-    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(20'000));
-    ASSERT_TRUE(waitUntil([&] { return isWhole(); }));
-    bar().setValue(200'000);
-    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(20'001));
-    EXPECT_EQ(bar().value(), 200'000);
-    ASSERT_TRUE(waitUntil([&] { return view().document().lineCount == 20'001; }));
-    EXPECT_EQ(bar().value(), 200'000);
-}
-
 TEST_F(DiffPaneTest, SupersededTextIsDropped) {
-    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(50'000));
-    pane.showDiff(subjectOf(u"b"_s), testing::oneFileDiff());
+    pane.showDiff(subjectOf(u"a"_s), longDiff(50'000));
+    pane.showDiff(subjectOf(u"b"_s), oneFileDiff());
     QTest::qWait(300);
     EXPECT_EQ(view().document().lineCount, 9);
-    pane.showDiff(subjectOf(u"a"_s), testing::longDiff(50'000));
+    pane.showDiff(subjectOf(u"a"_s), longDiff(50'000));
     pane.showNothing(u"(select a changed file)"_s);
     QTest::qWait(300);
     EXPECT_FALSE(view().isVisible());
 }
 
 TEST_F(DiffPaneTest, KeyboardStaysInThePane) {
-    pane.showDiff(subjectOf(u"a"_s), testing::oneFileDiff());
+    pane.showDiff(subjectOf(u"a"_s), oneFileDiff());
     takeFocus();
     QSignalSpy leave(&pane, &DiffPane::leaveRequested);
     pane.showDiff(subjectOf(u"b"_s), u"(no text diff)"_s);
@@ -174,63 +117,22 @@ TEST_F(DiffPaneTest, KeyboardStaysInThePane) {
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_N);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_P);
     EXPECT_EQ(ended, (QList{CaretDirection::ahead, CaretDirection::back})) << "on through files without a diff";
-    pane.showDiff(subjectOf(u"a"_s), testing::oneFileDiff());
+    pane.showDiff(subjectOf(u"a"_s), oneFileDiff());
     EXPECT_TRUE(view().hasFocus());
     view().clearFocus();
     pane.setFocus();
     EXPECT_TRUE(view().hasFocus());
 }
 
-TEST_F(DiffPaneTest, SyntaxFilesAreLookedAtAgain) {
-    testing::TempTree tree;
-    const QString path = tree.path(u"own"_s);
-    int minutes = 0;
-    const auto write = [&](const QByteArray &word) {
-        tree.write(u"own"_s, "- match: " + word + "\n  scope: keyword\n");
-        QFile file(path);
-        return file.open(QIODevice::ReadWrite) && file.setFileTime(QDateTime::currentDateTime().addSecs(60 * ++minutes),
-                                                                   QFileDevice::FileModificationTime);
-    };
-    const auto becomesColoredFrom = [this](qsizetype start) {
-        return waitUntil([&] {
-            const LineLook *const look = view().lineLooks().find(0);
-            return look && look->spans.size() == 1 && look->spans.first().start == start;
-        });
-    };
-    const auto show = [this] {
-        pane.showDiff(subjectOf(u"a.x"_s), u"Index: a.x\n--- a.x\n+++ a.x\n@@ -1 +1 @@\n one two three\n"_s);
-    };
-    pane.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"X"_s, .syntaxFilePath = path}});
-    ASSERT_TRUE(write("one"));
-    show();
-    EXPECT_TRUE(becomesColoredFrom(0));
-    ASSERT_TRUE(write("two"));
-    show();
-    EXPECT_TRUE(becomesColoredFrom(4)) << "by a refresh that brings the same text";
-    ASSERT_TRUE(write("three"));
-    pane.hide();
-    pane.show();
-    EXPECT_TRUE(becomesColoredFrom(8)) << "when the pane is shown again";
-}
-
-TEST_F(DiffPaneTest, TextSizeStaysWithinBounds) {
-    QSignalSpy changed(&pane, &DiffPane::textSizeDeltaChanged);
-    pane.setTextSizeDelta(2);
-    pane.setTextSizeDelta(2);
-    pane.setTextSizeDelta(1000);
-    EXPECT_EQ(changed.count(), 2);
-    EXPECT_LT(pane.textSizeDelta(), 100);
-}
-
 TEST_F(DiffPaneTest, LinesAreReadOutWithWhatTheyAre) {
-    pane.showDiff(subjectOf(u"a"_s), testing::threeFileDiff());
+    pane.showDiff(subjectOf(u"a"_s), threeFileDiff());
     QAccessibleInterface *const accessible = QAccessible::queryAccessibleInterface(&view());
     ASSERT_NE(accessible->textInterface(), nullptr);
     QAccessibleTextInterface &text = *accessible->textInterface();
     const QStringList lines = text.text(0, text.characterCount()).split(u'\n');
-    EXPECT_EQ(lines.first(7), (QStringList{u"file one.txt, 2 added, 1 removed"_s, u"hunk 1, @@ -1,2 +1,2 @@"_s,
-                                           u"line 1, same"_s, u"removed, line 2, old"_s, u"added, line 2, new"_s,
-                                           u"hunk 2, @@ -9 +9 @@"_s, u"added, line 9, nine"_s}));
+    EXPECT_EQ(lines.first(7), u"file one.txt, 2 added, 1 removed|hunk 1, @@ -1,2 +1,2 @@|line 1, same|"
+                              "removed, line 2, old|added, line 2, new|hunk 2, @@ -9 +9 @@|"
+                              "added, line 9, nine"_list);
     EXPECT_EQ(text.text(text.cursorPosition(), text.characterCount()).left(6), u"hunk 1"_s);
 }
 

@@ -1,9 +1,7 @@
 #include "sample_diffs.h"
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/diff/diff_rows.h"
 #include "ui/diff/ruler_marks.h"
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 
@@ -13,15 +11,14 @@ void PrintTo(const DiffRow &row, std::ostream *out) {
 
 namespace {
 
-using namespace Qt::StringLiterals;
-using Rows = std::vector<DiffRow>;
+using Shown = std::vector<DiffRow>;
 
 constexpr DiffRowKind head = DiffRowKind::fileHead;
 constexpr DiffRowKind hunkHead = DiffRowKind::hunkHead;
 constexpr DiffRowKind line = DiffRowKind::line;
 
-Rows all(const DiffRows &rows) {
-    Rows found;
+Shown all(const DiffRows &rows) {
+    Shown found;
     for (qint64 row = 0; row < rows.count(); ++row)
         found.push_back(rows.at(row));
     return found;
@@ -43,64 +40,32 @@ void expectPlacesFit(const DiffRows &rows, int margin) {
     EXPECT_EQ(rows.height(), y + margin);
 }
 
-TEST(DiffRows, OneFileHasNoHead) {
-    const DiffRows rows(diffDocument(testing::oneFileDiff()), RowHeights());
-    EXPECT_EQ(all(rows), (Rows{{hunkHead, 0, 0},
-                               {line, 0, 0, 0},
-                               {line, 0, 0, 1},
-                               {line, 0, 0, 2},
-                               {line, 0, 0, 3},
-                               {line, 0, 0, 4},
-                               {hunkHead, 0, 1},
-                               {line, 0, 1, 5},
-                               {line, 0, 1, 6},
-                               {line, 0, 1, 7},
-                               {line, 0, 1, 8}}));
-    expectPlacesFit(rows, 0);
-    EXPECT_EQ(rows.endOfHunk(0), 6);
-    EXPECT_EQ(rows.endOfHunk(1), 11);
-}
-
 TEST(DiffRows, SeveralFilesHaveHeadsAndFold) {
     const DiffDocumentPtr document = diffDocument(testing::threeFileDiff());
-    const Rows first{{head, 0},       {hunkHead, 0, 0}, {line, 0, 0, 0}, {line, 0, 0, 1},
-                     {line, 0, 0, 2}, {hunkHead, 0, 1}, {line, 0, 1, 3}};
-    const Rows second{{head, 1}, {DiffRowKind::noText, 1}};
-    const Rows third{{head, 2}, {hunkHead, 2, 2}, {line, 2, 2, 4}, {line, 2, 2, 5}};
-    struct Row {
-        const char *name;
-        QSet<QString> folded;
-        Rows expected;
-    };
-    const auto joined = [](std::initializer_list<Rows> parts) {
-        Rows rows;
-        for (const Rows &part : parts)
+    const Shown first{{head, 0},       {hunkHead, 0, 0}, {line, 0, 0, 0}, {line, 0, 0, 1},
+                      {line, 0, 0, 2}, {hunkHead, 0, 1}, {line, 0, 1, 3}};
+    const Shown second{{head, 1}, {DiffRowKind::noText, 1}};
+    const Shown third{{head, 2}, {hunkHead, 2, 2}, {line, 2, 2, 4}, {line, 2, 2, 5}};
+    const auto joined = [](std::initializer_list<Shown> parts) {
+        Shown rows;
+        for (const Shown &part : parts)
             rows.insert(rows.end(), part.begin(), part.end());
         return rows;
     };
-    const Row table[] = {
+    const Rows<QStringList, Shown> table{
         {"all open", {}, joined({first, second, third})},
-        {"first folded", {u"one.txt"_s}, joined({{{head, 0}}, second, third})},
-        {"second folded", {u"logo.png"_s}, joined({first, {{head, 1}}, third})},
-        {"all folded", {u"one.txt"_s, u"logo.png"_s, u"new name.txt"_s}, {{head, 0}, {head, 1}, {head, 2}}},
+        {"first folded", u"one.txt"_list, joined({{{head, 0}}, second, third})},
+        {"second folded", u"logo.png"_list, joined({first, {{head, 1}}, third})},
+        {"all folded", u"one.txt|logo.png|new name.txt"_list, {{head, 0}, {head, 1}, {head, 2}}},
     };
-    for (const Row &row : table) {
-        SCOPED_TRACE(row.name);
-        const DiffRows rows(document, RowHeights(), row.folded);
-        EXPECT_EQ(all(rows), row.expected);
+    for (const auto &[name, wantedFolded, expected] : table) {
+        const DiffRows rows(document, RowHeights(), QSet<QString>(wantedFolded.begin(), wantedFolded.end()));
+        EXPECT_EQ(all(rows), expected);
         expectPlacesFit(rows, 0);
         EXPECT_EQ(rows.hunkNear(rows.rowOfFile(1)), 2) << "the next hunk of a head without hunks";
     }
     const DiffRows folded(document, RowHeights(), {u"one.txt"_s});
     EXPECT_EQ(folded.rowOfLine(3), 0) << "a folded line stands at its file's head";
-}
-
-TEST(DiffRows, PlainLinesStandBetweenMargins) {
-    const DiffRows rows(diffDocument(u"one\ntwo\n\nfour"_s), {.line = 21, .margin = 8});
-    EXPECT_EQ(all(rows), (Rows{{.line = 0}, {.line = 1}, {.line = 2}, {.line = 3}}));
-    expectPlacesFit(rows, 8);
-    EXPECT_EQ(DiffRows().count(), 0);
-    EXPECT_EQ(DiffRows().rowAt(0), -1);
 }
 
 TEST(RulerMarks, StandBesideTheLinesOrShrinkWithThem) {

@@ -1,22 +1,13 @@
 #include "sample_diffs.h"
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/diff/diff_view.h"
 #include "ui/look/syntax_colors.h"
 #include "ui/look/theme.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QImage>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 constexpr auto ahead = CaretDirection::ahead;
 constexpr auto back = CaretDirection::back;
@@ -52,7 +43,7 @@ protected:
 };
 
 TEST_F(DiffViewTest, SelectsByMouse) {
-    show(testing::oneFileDiff());
+    show(oneFileDiff());
     click(pointAt(2, 3));
     EXPECT_EQ(copied(), u""_s);
     click(pointAt(3, 6), Qt::ShiftModifier);
@@ -97,44 +88,8 @@ TEST_F(DiffViewTest, PaintsChangedWordsAndColors) {
     EXPECT_EQ(ground(6, 5), theme.addWord) << "a tab that the right edge cuts";
 }
 
-TEST_F(DiffViewTest, PaintsReadableNotesAndSigns) {
-    QPalette palette = fallbackPalette(ColorScheme::dark);
-    palette.setColor(QPalette::Highlight, QColor(0xA0, 0xA0, 0xA0));
-    view.setPalette(palette);
-    view.setTextSizeDelta(16);
-    const Theme theme = themeFor(palette);
-    show(u"Index: a\n--- a\n+++ a\n@@ -1 +1 @@\n-same\n+same\u200bnew\n\\ No newline\n"_s);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view.lineLooks().find(2) != nullptr; }));
-    view.setSelection({{2, 0}, {2, 11}});
-    view.activateWindow();
-    view.setFocus();
-    ASSERT_TRUE(QTest::qWaitFor([&] { return view.hasFocus(); }));
-    const QImage image = view.viewport()->grab().toImage();
-    const struct Row {
-        const char *name;
-        qint64 row;
-        int column;
-        QColor ground;
-    } rows[] = {
-        {"the sign of a changed character that cannot be seen", 2, 4, theme.addWord},
-        {"a selected note", 3, 2, theme.selection},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const int left = pointAt(row.row, row.column).x();
-        const auto top = static_cast<int>(view.rows().top(row.row));
-        EXPECT_EQ(image.pixel(left, top), row.ground.rgb());
-        double strongest = 0;
-        for (int y = top; y < top + view.rows().rowHeight(row.row); ++y) {
-            for (int x = left; x < left + static_cast<int>(view.metrics().advance) - 1; ++x)
-                strongest = std::max(strongest, contrast(image.pixelColor(x, y), row.ground));
-        }
-        EXPECT_GE(strongest, 4.5);
-    }
-}
-
 TEST_F(DiffViewTest, ScrollsWhileTheMouseSelectsBeyondTheEdge) {
-    show(testing::longDiff(500));
+    show(longDiff(500));
     QTest::mousePress(view.viewport(), Qt::LeftButton, {}, pointAt(2, 0));
     QTest::mouseMove(view.viewport(), QPoint(200, 400));
     EXPECT_TRUE(QTest::qWaitFor([&] { return scrolled() > 400; }));
@@ -146,7 +101,7 @@ TEST_F(DiffViewTest, ScrollsWhileTheMouseSelectsBeyondTheEdge) {
 }
 
 TEST_F(DiffViewTest, SelectsByKeyboard) {
-    show(testing::oneFileDiff());
+    show(oneFileDiff());
     press(Qt::Key_Down, Qt::ShiftModifier);
     press(Qt::Key_Right, Qt::ShiftModifier);
     press(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier);
@@ -157,39 +112,11 @@ TEST_F(DiffViewTest, SelectsByKeyboard) {
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_TRUE(copied().startsWith(u"first\nsecond line\n"));
     view.copyPrinted();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), testing::oneFileDiff());
-}
-
-TEST_F(DiffViewTest, ScrollsByKeyboard) {
-    show(testing::longDiff(500));
-    struct Row {
-        const char *name;
-        Qt::Key key;
-        Qt::KeyboardModifiers modifiers;
-        int lines; ///< -1 for the end
-    };
-    const Row rows[] = {
-        {"Down", Qt::Key_Down, {}, 1},
-        {"Space", Qt::Key_Space, {}, 10},
-        {"PageDown", Qt::Key_PageDown, {}, 19},
-        {"Shift+Space", Qt::Key_Space, Qt::ShiftModifier, 10},
-        {"Up", Qt::Key_Up, {}, 9},
-        {"End", Qt::Key_End, {}, -1},
-        {"Home", Qt::Key_Home, {}, 0},
-    };
-    const int line = view.metrics().rows.line;
-    const int page = view.verticalScrollBar()->pageStep();
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        press(row.key, row.modifiers);
-        const int pages = row.lines / 9;
-        const int expected = row.lines < 0 ? view.verticalScrollBar()->maximum() : pages * page + row.lines % 9 * line;
-        EXPECT_EQ(scrolled(), expected);
-    }
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), oneFileDiff());
 }
 
 TEST_F(DiffViewTest, WalksThroughHunks) {
-    show(testing::oneFileDiff());
+    show(oneFileDiff());
     QList<CaretDirection> ended;
     QObject::connect(&view, &DiffView::hunksEnded, [&ended](CaretDirection direction) { ended += direction; });
     QSignalSpy leave(&view, &DiffView::leaveRequested);
@@ -209,17 +136,8 @@ TEST_F(DiffViewTest, WalksThroughHunks) {
     EXPECT_EQ(leave.count(), 1);
 }
 
-TEST_F(DiffViewTest, CurrentHunkFollowsScrolling) {
-    view.resize(600, 60);
-    show(testing::oneFileDiff());
-    view.verticalScrollBar()->setValue(static_cast<int>(view.rows().top(5)));
-    EXPECT_EQ(view.currentHunk(), 0) << "its last line is in view";
-    view.verticalScrollBar()->setValue(static_cast<int>(view.rows().top(6)));
-    EXPECT_EQ(view.currentHunk(), 1);
-}
-
 TEST_F(DiffViewTest, FoldsFilesAndSkipsWhatIsFolded) {
-    show(testing::threeFileDiff());
+    show(threeFileDiff());
     const qint64 rows = view.rows().count();
     EXPECT_EQ(view.stepFile(ahead), StepResult::moved);
     EXPECT_EQ(view.currentFile(), 1);
@@ -236,17 +154,6 @@ TEST_F(DiffViewTest, FoldsFilesAndSkipsWhatIsFolded) {
     EXPECT_EQ(view.stepHunk(back), StepResult::outside);
 }
 
-TEST_F(DiffViewTest, HeadStaysAtTheTopAndFoldsThere) {
-    view.resize(600, 100);
-    show(testing::threeFileDiff());
-    view.verticalScrollBar()->setValue(static_cast<int>(view.rows().top(4)));
-    click(QPoint(300, 5));
-    EXPECT_TRUE(view.rows().isFolded(0));
-    EXPECT_EQ(view.rows().rowAt(scrolled()), 0);
-    click(QPoint(300, 5));
-    EXPECT_FALSE(view.rows().isFolded(0));
-}
-
 TEST_F(DiffViewTest, LineOfMegabytesIsPaintedWhereItIsInView) {
     const QString text = u"Index: a\n@@ -1 +1 @@\n+"_s + u"0123456789\tä日 "_s.repeated(300'000) + u"end\n"_s;
     show(text);
@@ -259,20 +166,12 @@ TEST_F(DiffViewTest, LineOfMegabytesIsPaintedWhereItIsInView) {
     EXPECT_EQ(copied(), view.document().lineText(0).toString());
 }
 
-TEST_F(DiffViewTest, TextSizeKeepsTheTopLine) {
-    show(testing::longDiff(500));
-    view.verticalScrollBar()->setValue(static_cast<int>(view.rows().top(300)));
-    view.setTextSizeDelta(6);
-    EXPECT_EQ(view.rows().rowAt(scrolled()), 300);
-    EXPECT_GT(view.metrics().rows.line, 20);
-}
-
 TEST_F(DiffViewTest, PaintsLinesInTheColorsOfTheTheme) {
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         SCOPED_TRACE(scheme == ColorScheme::light ? "light" : "dark");
         view.setPalette(fallbackPalette(scheme));
         const Theme theme = themeFor(view.palette());
-        show(testing::oneFileDiff());
+        show(oneFileDiff());
         view.setSelection({{2, 12}, {3, 0}});
         const QImage image = view.grab().toImage();
         const auto colorAt = [&](qint64 row, int x) {

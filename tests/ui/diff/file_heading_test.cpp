@@ -1,8 +1,6 @@
 #include "parsers/unified_diff_parser.h"
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/diff/file_heading.h"
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 
@@ -11,8 +9,6 @@ void PrintTo(const FileHeading &heading, std::ostream *out) {
 }
 
 namespace {
-
-using namespace Qt::StringLiterals;
 
 TEST(FileHeading, ReadsTheLinesAboveTheFirstHunk) {
     constexpr auto modified = SVNStatusKind::modified;

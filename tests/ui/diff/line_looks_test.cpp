@@ -1,20 +1,12 @@
-#include "support/printers.h"
-#include "support/temp_tree.h"
+#include "support/window_test.h"
 #include "ui/diff/change_run.h"
 #include "ui/diff/colored_parts.h"
 #include "ui/diff/line_looks.h"
 
-#include <QFile>
-#include <QTest>
 #include <QThreadPool>
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::TempTree;
 
 /// A diff of one hunk whose lines begin with their signs.
 DiffDocumentPtr diffOf(const QString &path, const QStringList &lines) {
@@ -33,54 +25,23 @@ TEST(ChangeRun, HoldsRemovedLinesAndTheAddedOnesBehindThem) {
     const auto many = [](int count, const QString &line) {
         return QStringList(count, line);
     };
-    const struct Row {
-        const char *name;
-        QStringList lines;
-        qint64 line;
-        QString expected;
-    } rows[] = {
-        {"from a removed line", {u" c"_s, u"-a"_s, u"-b"_s, u"+a"_s, u" c"_s}, 2, u"1-2 3-3"_s},
-        {"from an added line", {u"-a"_s, u"+a"_s, u"+b"_s, u"-c"_s, u"+d"_s}, 2, u"0-0 1-2"_s},
-        {"added lines before", {u"+a"_s, u"-c"_s, u"+d"_s}, 1, u"1-1 2-2"_s},
-        {"notes between", {u"-a"_s, u"\\ No newline"_s, u"+a"_s, u"\\ No newline"_s}, 2, u"0-0 2-2"_s},
-        {"context", {u"-a"_s, u" c"_s, u"+a"_s}, 1, {}},
-        {"only removed", {u"-a"_s, u" c"_s, u"+a"_s}, 0, {}},
-        {"only added", {u"-a"_s, u" c"_s, u"+a"_s}, 2, {}},
+    const Rows<QStringList, qint64, QString> rows{
+        {"from a removed line", u" c|-a|-b|+a| c"_list, 2, u"1-2 3-3"_s},
+        {"from an added line", u"-a|+a|+b|-c|+d"_list, 2, u"0-0 1-2"_s},
+        {"added lines before", u"+a|-c|+d"_list, 1, u"1-1 2-2"_s},
+        {"notes between", u"-a|\\ No newline|+a|\\ No newline"_list, 2, u"0-0 2-2"_s},
+        {"context", u"-a| c|+a"_list, 1, {}},
+        {"only removed", u"-a| c|+a"_list, 0, {}},
+        {"only added", u"-a| c|+a"_list, 2, {}},
         {"longest, from its end", many(100, u"-a"_s) + many(100, u"+a"_s), 199, u"0-99 100-199"_s},
         {"too long, from its beginning", many(100, u"-a"_s) + many(101, u"+a"_s), 0, {}},
         {"too long, from its end", many(150, u"-a"_s) + many(60, u"+a"_s), 209, {}},
         {"far too long", many(5000, u"-a"_s) + many(9, u"+a"_s), 2500, {}},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const DiffDocumentPtr document = diffOf(u"a"_s, row.lines);
-        EXPECT_EQ(described(changeRunAt(document->diff.files.first().hunks.first(), row.line)), row.expected);
+    for (const auto &[name, lines, line, expected] : rows) {
+        const DiffDocumentPtr document = diffOf(u"a"_s, lines);
+        EXPECT_EQ(described(changeRunAt(document->diff.files.first().hunks.first(), line)), expected);
     }
-}
-
-TEST(ColoredParts, AreReadableOnEachGround) {
-    const QString comment = u"#6A737D"_s;
-    const QString string = u"#0A7F42"_s;
-    const LineLook look{{{2, 6, comment}, {8, 2, string}, {20, 4, comment}}, {{0, 4}, {6, 3}}};
-    const Theme theme = themeFor(fallbackPalette(ColorScheme::light));
-    const Grounds grounds{theme.addLine, theme.addWord, theme.selection};
-    SyntaxColors colors(theme);
-    const auto part = [&](qsizetype begin, qsizetype end, const QString &color, const QColor &ground) {
-        return ColoredPart{begin, end, colors.on(color, ground)};
-    };
-    const auto parts = [&](qsizetype begin, qsizetype end, const SelectedPart &selected) {
-        return coloredParts(look, begin, end, selected, grounds, colors);
-    };
-    using Parts = std::vector<ColoredPart>;
-    ASSERT_NE(colors.on(comment, grounds.mark), colors.on(comment, grounds.line));
-    EXPECT_EQ(parts(0, 30, {}), (Parts{part(2, 4, comment, grounds.mark), part(4, 6, comment, grounds.line),
-                                       part(6, 8, comment, grounds.mark), part(8, 9, string, grounds.mark),
-                                       part(9, 10, string, grounds.line), part(20, 24, comment, grounds.line)}));
-    EXPECT_EQ(parts(5, 9, {}), (Parts{part(5, 6, comment, grounds.line), part(6, 8, comment, grounds.mark),
-                                      part(8, 9, string, grounds.mark)}));
-    EXPECT_EQ(parts(0, 9, {3, 7, false}),
-              (Parts{part(2, 3, comment, grounds.mark), part(3, 7, comment, grounds.selection),
-                     part(7, 8, comment, grounds.mark), part(8, 9, string, grounds.mark)}));
 }
 
 TEST(SyntaxColors, CanBeReadWhereverTheyStand) {
@@ -90,8 +51,8 @@ TEST(SyntaxColors, CanBeReadWhereverTheyStand) {
     for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
         const Theme theme = themeFor(fallbackPalette(scheme));
         SyntaxColors colors(theme);
-        const QStringList own{u"#6A737D"_s, u"#0A7F42"_s, u"#B42D8D"_s, u"#953800"_s, u"#0550AE"_s, u"#116329"_s,
-                              u"#0969DA"_s, u"#0A7A83"_s, u"#CF222E"_s, u"#57606A"_s, u"#FFFF00"_s, u"#101010"_s};
+        const QStringList own = u"#6A737D|#0A7F42|#B42D8D|#953800|#0550AE|#116329|#0969DA|#0A7A83|#CF222E|"
+                                "#57606A|#FFFF00|#101010"_list;
         for (const QColor &ground : {theme.base, theme.addLine, theme.delLine, theme.addWord, theme.delWord,
                                      theme.selection, theme.selectionIdle}) {
             for (const QString &color : own)
@@ -194,23 +155,6 @@ TEST_F(LineLooksTest, FollowTheRulesOfTheUserAndTheirFiles) {
     QFile::remove(path);
     show(document);
     EXPECT_TRUE(becomes(u"0+2 #B42D8D"_s)) << "without its file the language has its built-in colors";
-}
-
-TEST_F(LineLooksTest, ReadEachFileOnceAtATime) {
-    TempTree tree;
-    const QString path = tree.path(u"own"_s);
-    QThreadPool::globalInstance()->setMaxThreadCount(4);
-    tree.write(u"own"_s, "- match: if\n  scope: keyword\n#" + QByteArray(8'000'000, 'x'));
-    looks.setLanguageRules({{.fileExtension = u"x"_s, .languageName = u"C"_s, .syntaxFilePath = path}});
-    QObject::connect(&looks, &LineLooks::changed, &looks, [this] { looks.prepare(0, rows.count()); });
-    const DiffDocumentPtr document = diffOf(u"a.x"_s, {u" if own"_s});
-    show(document);
-    tree.write(u"own"_s, "- match: own\n  scope: comment\n#" + QByteArray(8'000'000, 'x'));
-    for (int i = 0; i < 3; ++i)
-        looks.setDocument(document);
-    EXPECT_LE(QThreadPool::globalInstance()->activeThreadCount(), 1);
-    looks.prepare(0, rows.count());
-    EXPECT_TRUE(QTest::qWaitFor([&] { return spans(0) == u"3+3 #6A737D"_s; })) << "what changed meanwhile";
 }
 
 TEST_F(LineLooksTest, ComeLaterWhereTheyTakeLong) {

@@ -1,23 +1,14 @@
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/diff/long_lines.h"
 #include "ui/diff/text_columns.h"
 
 #include <QString>
 
-#include <gtest/gtest.h>
-
 namespace kestor {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 TEST(TextColumns, CountWhatTheTextTakesOnTheGrid) {
-    struct Row {
-        const char *name;
-        QString text;
-        qint64 columns;
-    };
-    const Row rows[] = {
+    const Rows<QString, qint64> rows{
         {"empty", u""_s, 0},
         {"letters", u"abc"_s, 3},
         {"tab reaches to the next stop", u"abc\tx"_s, 9},
@@ -30,10 +21,8 @@ TEST(TextColumns, CountWhatTheTextTakesOnTheGrid) {
         {"reordering character is seen", u"a\u202Eb"_s, 3},
         {"half a surrogate pair", QString(QChar(0xD83D)) + u'x', 2},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(columnAfter(row.text), row.columns);
-    }
+    for (const auto &[name, givenText, columns] : rows)
+        EXPECT_EQ(columnAfter(givenText), columns);
 }
 
 TEST(TextColumns, HiddenCharactersAreShownAsSigns) {
@@ -43,12 +32,7 @@ TEST(TextColumns, HiddenCharactersAreShownAsSigns) {
 }
 
 TEST(TextColumns, CaretStepsOverWholeCharactersAndWords) {
-    struct Row {
-        const char *name;
-        QString text;
-        qsizetype from, nextCaret, previousCaret, nextWord, previousWord;
-    };
-    const Row rows[] = {
+    const Rows<QString, qsizetype, qsizetype, qsizetype, qsizetype, qsizetype> rows{
         {"in a word", u"one two_2 = x"_s, 5, 6, 4, 10, 4},
         {"signs are a class of their own", u"a += b"_s, 2, 3, 1, 5, 0},
         {"surrogate pair", u"😀x"_s, 2, 3, 0, 3, 0},
@@ -56,12 +40,13 @@ TEST(TextColumns, CaretStepsOverWholeCharactersAndWords) {
         {"at the end", u"ab"_s, 2, 2, 1, 2, 0},
         {"at the beginning", u"  ab"_s, 0, 1, 0, 2, 0},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(nextCaret(row.text, row.from), row.nextCaret);
-        EXPECT_EQ(previousCaret(row.text, row.from), row.previousCaret);
-        EXPECT_EQ(nextWord(row.text, row.from), row.nextWord);
-        EXPECT_EQ(previousWord(row.text, row.from), row.previousWord);
+    for (const auto &[name, givenText, from, wantedNextCaret, wantedPreviousCaret, wantedNextWord, wantedPreviousWord] :
+         rows) {
+        SCOPED_TRACE(name);
+        EXPECT_EQ(nextCaret(givenText, from), wantedNextCaret);
+        EXPECT_EQ(previousCaret(givenText, from), wantedPreviousCaret);
+        EXPECT_EQ(nextWord(givenText, from), wantedNextWord);
+        EXPECT_EQ(previousWord(givenText, from), wantedPreviousWord);
     }
 }
 

@@ -1,5 +1,5 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
+#include "support/app_test.h"
+#include "support/window_test.h"
 #include "ui/frame/main_window.h"
 #include "ui/list/filter_field.h"
 #include "ui/list/row_list_view.h"
@@ -7,25 +7,15 @@
 #include "ui/tabs/change_row_menu.h"
 #include "ui/tabs/commit_panel.h"
 
-#include <QApplication>
-#include <QLabel>
 #include <QLocale>
-#include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QTest>
 #include <QTimer>
 
 #include <functional>
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::AppFixture;
-using testing::TempTree;
-using testing::waitUntil;
 
 /// The real window with three changed paths, whose folder is plain.
 class CommitWindow : public ::testing::Test {
@@ -37,13 +27,7 @@ protected:
         app.changes = QList<WorkingCopyItem>{{.path = u"a.c"_s, .kind = SVNStatusKind::modified},
                                              {.path = u"b&c"_s, .kind = SVNStatusKind::modified},
                                              {.path = u"d"_s, .kind = SVNStatusKind::external}};
-        window.show();
-        activate();
-    }
-    /// Shortcuts work in the active window only.
-    void activate() {
-        window.activateWindow();
-        ASSERT_TRUE(waitUntil([this] { return QApplication::activeWindow() == &window; }));
+        activate(window);
     }
     CommitPanel &panel() const { return *window.findChild<CommitPanel *>(); }
     QPlainTextEdit &editor() const { return *panel().findChild<QPlainTextEdit *>(); }
@@ -54,7 +38,7 @@ protected:
     QMenu *openRowMenu() {
         list().setCurrentId(u"b&c"_s);
         emit list().rowMenuRequested(1, list().mapToGlobal(QPoint(50, 30)));
-        return qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        return openMenu();
     }
 
     TempTree tree{};
@@ -83,38 +67,11 @@ TEST_F(CommitWindow, MessageAndStateFollowEachOther) {
     EXPECT_EQ(app.commitMessage.value(), u"from elsewhere"_s);
 }
 
-TEST_F(CommitWindow, SaysWhatACommitTakes) {
-    struct Row {
-        const char *name;
-        QSet<QString> ticked;
-        QString filter;
-        QString count;
-        QString button;
-    };
-    const Row rows[] = {
-        {"none", {}, {}, u"0 of 2 ticked"_s, u"Commit"_s},
-        {"one", {u"a.c"_s}, {}, u"1 of 2 ticked"_s, u"Commit 1 Change"_s},
-        {"all", {u"a.c"_s, u"b&c"_s}, {}, u"2 of 2 ticked"_s, u"Commit 2 Changes"_s},
-        {"hidden ones too", {u"a.c"_s, u"b&c"_s}, u"a.c"_s, u"2 of 2 ticked, 1 not shown"_s, u"Commit 2 Changes"_s},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        tick(row.ticked);
-        window.findChild<FilterField *>()->setText(row.filter);
-        EXPECT_EQ(countText(), row.count);
-        EXPECT_EQ(button().text(), row.button);
-    }
-}
-
 TEST_F(CommitWindow, CommitsFromAnywhereUnlessBusy) {
-    struct Row {
-        const char *name;
-        std::function<void()> commit;
-    };
     const auto press = [this](Qt::Key key, Qt::KeyboardModifiers others) {
         QTest::keyClick(window.focusWidget(), key, Qt::ControlModifier | others);
     };
-    const Row rows[] = {
+    const Rows<std::function<void()>> rows{
         {"the button",
          [&] {
              QTest::mouseClick(&button(), Qt::LeftButton);
@@ -132,16 +89,15 @@ TEST_F(CommitWindow, CommitsFromAnywhereUnlessBusy) {
              press(Qt::Key_Enter, Qt::KeypadModifier);
          }},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto &[name, commit] : rows) {
         app.busyMessage = u"Working"_s;
-        row.commit();
+        commit();
         EXPECT_EQ(fixture.alertText(), QString());
         app.busyMessage = std::nullopt;
-        row.commit();
+        commit();
         EXPECT_EQ(fixture.alertText(), u"Nothing To Commit: Select at least one changed path."_s);
         QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
-        activate();
+        activate(window);
     }
     EXPECT_EQ(app.commitMessage.value(), QString()) << "no key left a line end behind";
 }
@@ -168,18 +124,9 @@ TEST_F(CommitWindow, TheRowMenuNamesThePathsItActsOn) {
     QStringList texts;
     for (const QAction *item : menu->actions())
         texts.append(item->isSeparator() ? u"-"_s : item->text() + (item->isEnabled() ? u""_s : u" (off)"_s));
-    const QStringList expected{u"Acts on 2 ticked paths (off)"_s,
-                               u"Add Selected"_s,
-                               u"Delete Selected"_s,
-                               u"Revert Selected"_s,
-                               u"Ignore Selected"_s,
-                               u"-"_s,
-                               u"b&&c (off)"_s,
-                               u"Revert This Path..."_s,
-                               u"Blame Path..."_s,
-                               u"Copy Path"_s,
-                               u"-"_s,
-                               u"Revert All..."_s};
+    const QStringList expected = u"Acts on 2 ticked paths (off)|Add Selected|Delete Selected|Revert Selected|"
+                                 "Ignore Selected|-|b&&c (off)|Revert This Path...|Blame Path...|Copy Path|-|"
+                                 "Revert All..."_list;
     EXPECT_EQ(texts, expected) << "nothing to open: the file is gone";
     EXPECT_EQ(menu->actions().at(1), window.menuBar()->actions().at(1)->menu()->actions().first());
     app.busyMessage = u"Working"_s;
@@ -196,7 +143,7 @@ TEST_F(CommitWindow, RevertsTheRowOfTheMenuWhateverIsTicked) {
     tick({u"a.c"_s});
     fixture.user.confirms = false;
     openRowMenu()->actions().at(7)->trigger();
-    const QStringList question{u"confirm Revert: Revert this path? Local changes will be discarded."_s};
+    const QStringList question = u"confirm Revert: Revert this path? Local changes will be discarded."_list;
     EXPECT_TRUE(waitUntil([&] { return fixture.user.asked == question; }));
 }
 

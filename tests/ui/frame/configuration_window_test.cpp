@@ -1,6 +1,5 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
+#include "support/app_test.h"
+#include "support/window_test.h"
 #include "ui/frame/main_window.h"
 #include "ui/frame/output_sheet.h"
 #include "ui/frame/tab_pages.h"
@@ -8,35 +7,16 @@
 #include "ui/tabs/configuration_tab.h"
 #include "ui/tabs/rule_table.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::AppFixture;
-using testing::GitFixture;
-using testing::waitUntil;
 
 /// The real window over a project of two languages, on the Configuration tab.
 class ConfigurationWindow : public ::testing::Test {
 protected:
     ConfigurationWindow() {
-        project.write(u"a.c"_s, "123456");
-        project.write(u"b.py"_s, "12");
+        project.writeAll({{u"a.c"_s, "123456"}, {u"b.py"_s, "12"}});
         fixture.open(project.path(), RepositoryKind::git);
-        window.show();
-        window.activateWindow();
-        waitUntil([this] { return QApplication::activeWindow() == &window; });
+        activate(window);
         QTest::keyClick(&window, Qt::Key_5, Qt::ControlModifier);
         waitUntil([this] { return app.languageDistribution.value().has_value(); });
     }
@@ -71,11 +51,8 @@ TEST_F(ConfigurationWindow, ShowsTheLanguagesInTheOutputSheetToo) {
         if (label->isVisible() && !label->text().isEmpty())
             texts.append(label->text());
     }
-    EXPECT_EQ(texts, QStringList(u"Language Distribution"_s)) << "no exit status, as nothing ran";
-    for (auto *button : sheet().findChildren<QToolButton *>()) {
-        if (button->text() == u"Copy"_s)
-            button->click();
-    }
+    EXPECT_EQ(texts, u"Language Distribution"_list) << "no exit status, as nothing ran";
+    clickButton(sheet(), u"Copy"_s);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"C\t6 bytes\t75.0%\nPython\t2 bytes\t25.0%\n"_s);
 
     sheet().pane().setFocus();
@@ -100,7 +77,7 @@ TEST_F(ConfigurationWindow, F6LeadsThroughItsPanes) {
                        : focused == &list()         ? u"languages"_s
                                                     : u"sidebar"_s);
     }
-    EXPECT_EQ(visited, (QStringList{u"rules"_s, u"sheet"_s, u"sidebar"_s, u"languages"_s}));
+    EXPECT_EQ(visited, u"rules|sheet|sidebar|languages"_list);
     for (auto *button : window.findChildren<QPushButton *>()) {
         if (button->text() == u"Add Rule"_s)
             button->setFocus();

@@ -1,29 +1,16 @@
-#include "support/awaited.h"
-#include "support/printers.h"
-#include "support/temp_tree.h"
+#include "support/window_test.h"
 #include "ui/frame/window_interaction.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
 #include <QCompleter>
 #include <QDialog>
-#include <QDir>
 #include <QFileDialog>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QTest>
 #include <QTextEdit>
 
 #include <algorithm>
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::waitUntil;
 
 using Texts = std::optional<QMap<QString, QString>>;
 
@@ -79,24 +66,6 @@ TEST_F(Dialogs, ConfirmationAnswersOnlyContinueWithYes) {
     }
 }
 
-TEST_F(Dialogs, PromptIsLaidOutAsItsRows) {
-    std::optional<Texts> answer;
-    keep(interaction.prompt(u"Set Property"_s, {{u"name"_s, u"Name"_s, u"svn:eol-style"_s},
-                                                {u"value"_s, u"Value"_s, {}},
-                                                {u"path"_s, u"Path"_s, u"a.c"_s}}),
-         &answer);
-    const QList<QLineEdit *> edits = dialog()->findChildren<QLineEdit *>();
-    ASSERT_EQ(edits.size(), 3);
-    const QWidget *rows = edits.first()->parentWidget();
-    EXPECT_EQ(rows->size(), QSize(520, 3 * 28 + 2 * 8));
-    EXPECT_EQ(dialog()->width(), 520 + 2 * 20);
-    for (int row = 0; row < 3; ++row)
-        EXPECT_EQ(edits.at(row)->geometry(), QRect(126 + 10, row * (28 + 8), 382, 28)) << row;
-    QTest::keyClick(dialog(), Qt::Key_Escape);
-    ASSERT_TRUE(waitUntil([&] { return answer.has_value(); }));
-    EXPECT_FALSE(answer->has_value());
-}
-
 TEST_F(Dialogs, PromptFocusesTheFirstEmptyFieldAndTrims) {
     struct Row {
         const char *name;
@@ -110,12 +79,12 @@ TEST_F(Dialogs, PromptFocusesTheFirstEmptyFieldAndTrims) {
          {{u"a"_s, u"A"_s, u" kept "_s}, {u"b"_s, u"B"_s, {}}},
          1,
          u"\t new "_s,
-         {{u"a"_s, u"kept"_s}, {u"b"_s, u"new"_s}}},
+         u"a=kept|b=new"_answer},
         {"the first when none is empty, its text replaced",
          {{u"a"_s, u"A"_s, u"old"_s}, {u"b"_s, u"B"_s, u"x"_s}},
          0,
          u"new"_s,
-         {{u"a"_s, u"new"_s}, {u"b"_s, u"x"_s}}},
+         u"a=new|b=x"_answer},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
@@ -195,21 +164,8 @@ TEST_F(Dialogs, BranchIsTheTypedOneElseTheChosenOne) {
     }
 }
 
-TEST_F(Dialogs, BranchesAreMarkedAndOnlyLocalNamesCompleted) {
-    std::optional<std::optional<SwitchTarget>> answer;
-    keep(interaction.chooseBranch({{u"main"_s, true, false}, {u"origin/main"_s, false, true}}, u"main"_s), &answer);
-    const auto *list = dialog()->findChild<QComboBox *>();
-    EXPECT_EQ(list->itemText(0), u"main (current)"_s);
-    EXPECT_EQ(list->itemText(1), u"origin/main (remote)"_s);
-    QTest::keyClicks(focused(), u"m"_s);
-    EXPECT_EQ(dialog()->findChild<QLineEdit *>()->completer()->completionCount(), 1);
-    QTest::keyClick(dialog(), Qt::Key_Escape);
-    ASSERT_TRUE(waitUntil([&] { return answer.has_value(); }));
-    EXPECT_EQ(*answer, std::nullopt);
-}
-
 TEST_F(Dialogs, ANewFolderMayHaveANameThatIsTaken) {
-    const testing::TempTree tree;
+    const TempTree tree;
     QDir(tree.path()).mkdir(u"taken"_s);
     std::optional<std::optional<QString>> answer;
     keep(interaction.chooseNewFolder({u"Title"_s, u"Message"_s, u"Create"_s, u"Name:"_s, u"New"_s}), &answer);
@@ -226,7 +182,7 @@ TEST_F(Dialogs, ANewFolderMayHaveANameThatIsTaken) {
 }
 
 TEST_F(Dialogs, ANewFolderWithoutANameIsToldFromTheOneShown) {
-    const testing::TempTree tree;
+    const TempTree tree;
     for (const QString &blank : {QString(), u"  "_s}) {
         std::optional<std::optional<QString>> answer;
         keep(interaction.chooseNewFolder({u"Title"_s, u"Message"_s, u"Create"_s, u"Name:"_s, u"New"_s}), &answer);

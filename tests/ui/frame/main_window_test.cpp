@@ -1,8 +1,6 @@
-#include "support/app_fixture.h"
-#include "support/held_tool.h"
-#include "support/printers.h"
-#include "support/repositories.h"
+#include "support/app_test.h"
 #include "support/svn_server.h"
+#include "support/window_test.h"
 #include "tools/svn_preference.h"
 #include "ui/frame/arriving_folders.h"
 #include "ui/frame/branch_button.h"
@@ -20,37 +18,19 @@
 #include "ui/tabs/changes_tab.h"
 
 #include <QAccessible>
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
 #include <QDropEvent>
 #include <QFileOpenEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QPushButton>
-#include <QSignalSpy>
 #include <QSplitter>
 #include <QTcpServer>
-#include <QTest>
 #include <QTextEdit>
-#include <QToolButton>
 #include <QWindow>
 
 #include <algorithm>
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::AppFixture;
-using testing::HeldTool;
-using testing::ScriptedUser;
-using testing::TempTree;
-using testing::waitUntil;
 
 /// The real window over two projects whose folders are plain, so that loading them fails at once.
 class Window : public ::testing::Test {
@@ -65,13 +45,7 @@ protected:
         if (!projects.isEmpty())
             app.selectedProjectID = projects.first().id;
         window = std::make_unique<MainWindow>(app, fixture.settings);
-        window->show();
-        activate();
-    }
-    /// Shortcuts work in the active window only.
-    void activate() {
-        window->activateWindow();
-        ASSERT_TRUE(waitUntil([this] { return QApplication::activeWindow() == window.get(); }));
+        activate(*window);
     }
     template <typename Part>
     Part *part() const {
@@ -83,7 +57,7 @@ protected:
         ASSERT_TRUE(waitUntil([this] { return part<MessageDialog>() != nullptr; }));
         QTest::keyClick(part<MessageDialog>(), Qt::Key_Escape);
         ASSERT_TRUE(waitUntil([this] { return part<MessageDialog>() == nullptr; }));
-        activate();
+        activate(*window);
     }
 
     TempTree tree{};
@@ -235,12 +209,12 @@ TEST_F(Window, OffersTheFirstProjectAndThenShowsIt) {
     auto *way = part<FirstRun>()->findChild<QPushButton *>();
     ASSERT_EQ(window->focusWidget(), way);
     QTest::keyClick(way, Qt::Key_Space);
-    EXPECT_EQ(fixture.user.asked, QStringList(u"directory Add Working Copy"_s));
+    EXPECT_EQ(fixture.user.asked, u"directory Add Working Copy"_list);
     for (QPushButton *other : part<FirstRun>()->findChildren<QPushButton *>().mid(1))
         other->click();
     EXPECT_EQ(fixture.user.asked.mid(1),
-              (QStringList{u"prompt Checkout: Repository URL="_s,
-                           u"new folder Create SVN Repository [Create]: Repository Name:NewRepository"_s}));
+              u"prompt Checkout: Repository URL=|"
+              "new folder Create SVN Repository [Create]: Repository Name:NewRepository"_list);
     const Project project{QUuid::createUuid(), u"a"_s, tree.path(), RepositoryKind::git};
     app.projects = QList<Project>{project};
     app.selectedProjectID = project.id;
@@ -356,23 +330,8 @@ TEST_F(Window, AlertsComeOneAfterAnother) {
         QTest::keyClick(dialog, Qt::Key_Return);
         ASSERT_TRUE(waitUntil([&] { return part<MessageDialog>() != dialog; }));
     }
-    EXPECT_EQ(messages, (QStringList{u"first <b>text</b>"_s, u"second"_s}));
+    EXPECT_EQ(messages, u"first <b>text</b>|second"_list);
     EXPECT_FALSE(app.alert.value().has_value());
-}
-
-TEST_F(Window, ALongAlertScrollsAndIsCopiedWhole) {
-    show({u"a"_s});
-    const QString message = u"line\n"_s.repeated(50000);
-    app.alert = AppAlert{QUuid::createUuid(), u"Status Failed"_s, message};
-    auto *dialog = part<MessageDialog>();
-    EXPECT_EQ(dialog->findChild<QTextEdit *>()->height(), 240);
-    for (QPushButton *button : dialog->findChildren<QPushButton *>()) {
-        if (button->text() == u"Copy")
-            button->click();
-    }
-    EXPECT_EQ(QApplication::clipboard()->text(), message);
-    EXPECT_TRUE(dialog->isVisible());
-    QTest::keyClick(dialog, Qt::Key_Return);
 }
 
 TEST_F(Window, ShortWorkShowsNothingAndLongWorkHoldsParts) {
@@ -397,32 +356,25 @@ TEST_F(Window, ShortWorkShowsNothingAndLongWorkHoldsParts) {
 }
 
 TEST_F(Window, TakesDroppedFoldersOnlyWhenItCan) {
-    struct Row {
-        const char *name;
-        QList<QUrl> urls;
-        std::optional<QString> busy;
-        bool taken;
-    };
     show({u"a"_s});
     tree.write(u"file"_s);
     const QUrl folder = QUrl::fromLocalFile(tree.path(u"a"_s));
     const QUrl file = QUrl::fromLocalFile(tree.path(u"file"_s));
-    const Row rows[] = {
+    const Rows<QList<QUrl>, std::optional<QString>, bool> rows{
         {"a folder", {folder}, std::nullopt, true},
         {"a file", {file}, std::nullopt, false},
         {"a file among folders", {folder, file}, std::nullopt, false},
         {"a folder of another machine", {QUrl(u"sftp://host/a"_s)}, std::nullopt, false},
         {"while busy", {folder}, u"Working"_s, false},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        app.busyMessage = row.busy;
+    for (const auto &[name, urls, busy, taken] : rows) {
+        app.busyMessage = busy;
         QMimeData dragged;
-        dragged.setUrls(row.urls);
+        dragged.setUrls(urls);
         QDragEnterEvent enter(QPoint(600, 300), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
         enter.ignore();
         QApplication::sendEvent(window->windowHandle(), &enter);
-        EXPECT_EQ(enter.isAccepted(), row.taken);
+        EXPECT_EQ(enter.isAccepted(), taken);
     }
     app.busyMessage = std::nullopt;
 }
@@ -430,7 +382,7 @@ TEST_F(Window, TakesDroppedFoldersOnlyWhenItCan) {
 TEST_F(Window, AddsFoldersOfTheDesktopAsSoonAsItCan) {
     show({});
     tree.makeDirectory(u"repo"_s);
-    testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, tree.path(u"repo"_s));
+    runTool(u"git"_s, u"init|-q"_list, tree.path(u"repo"_s));
     ArrivingFolders folders(app);
     app.busyMessage = u"Committing"_s;
     folders.add({tree.path(u"repo"_s), tree.path(u"gone"_s)});
@@ -444,44 +396,6 @@ TEST_F(Window, AddsFoldersOfTheDesktopAsSoonAsItCan) {
     QFileOpenEvent opened(QUrl::fromLocalFile(tree.path(u"file"_s)));
     QApplication::sendEvent(qApp, &opened);
     EXPECT_EQ(fixture.alertText(), u"Could Not Add Project: There is no folder at "_s + tree.path(u"file"_s));
-}
-
-TEST_F(Window, TabsShareTheWidthOfTheirListsAndArchivesKeepsItsOwn) {
-    show({u"a"_s});
-    window->resize(1500, 800);
-    app.busyMessage = u"Working"_s; // nothing is loaded
-    const auto listWidth = [this](int tab) {
-        QTest::keyClick(window.get(), static_cast<Qt::Key>(Qt::Key_1 + tab), Qt::ControlModifier);
-        QCoreApplication::processEvents();
-        return window->tabPages().current()->focusPanes().first()->width();
-    };
-    const auto dragged = [this](int distance) {
-        auto *splitter = window->tabPages().current()->findChild<QSplitter *>();
-        QTest::mousePress(splitter->handle(1), Qt::LeftButton, {}, QPoint(0, 5));
-        QTest::mouseMove(splitter->handle(1), QPoint(distance, 5));
-        QTest::mouseRelease(splitter->handle(1), Qt::LeftButton, {}, QPoint(0, 5));
-        return splitter->sizes().first();
-    };
-    EXPECT_EQ(listWidth(2), 400);
-    const int shared = dragged(50);
-    EXPECT_GT(shared, 400);
-    EXPECT_EQ(listWidth(0), shared);
-    EXPECT_EQ(listWidth(3), 680);
-    const int own = dragged(-80);
-    EXPECT_LT(own, 680);
-    EXPECT_EQ(listWidth(2), shared);
-    app.busyMessage = std::nullopt;
-    app.selectedTab = WorkflowTab::changes;
-    window->close();
-    window = std::make_unique<MainWindow>(app, fixture.settings);
-    window->resize(1500, 800);
-    window->show();
-    activate();
-    app.busyMessage = u"Working"_s;
-    EXPECT_EQ(listWidth(2), shared);
-    EXPECT_EQ(listWidth(3), own);
-    EXPECT_TRUE(window->tabPages().current()->isAncestorOf(window->focusWidget())) << "the focus stays in the pages";
-    app.busyMessage = std::nullopt;
 }
 
 TEST_F(Window, ACommandDropsTheProjectThatARepeatedKeyReached) {
@@ -503,27 +417,12 @@ TEST_F(Window, AProjectRowOffersItsCommands) {
     auto *list = part<ProjectListView>();
     QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(), QPoint(), Qt::NoModifier);
     QCoreApplication::sendEvent(list, &asked);
-    const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QMenu *menu = openMenu();
     ASSERT_NE(menu, nullptr);
-    QStringList texts;
-    for (const QAction *item : menu->actions())
-        texts.append(item->isSeparator() ? u"-"_s : item->text());
-    EXPECT_EQ(texts, (QStringList{u"Open Terminal Here"_s, u"Open Finder Here"_s, u"Open Both Here"_s, u"-"_s,
-                                  u"Refresh Status"_s, u"Update"_s, u"Info"_s, u"-"_s, u"Remove Project"_s}));
+    EXPECT_EQ(itemTexts(*menu), u"Open Terminal Here|Open Finder Here|Open Both Here|-|Refresh Status|Update|"
+                                "Info|-|Remove Project"_list);
     EXPECT_TRUE(window->menuBar()->actions().first()->menu()->actions().contains(menu->actions().first()));
-    QApplication::activePopupWidget()->close();
-}
-
-TEST_F(Window, TakesNamesAndCommandLinesOfAnyKind) {
-    show({u"a"_s});
-    auto *button = part<BranchButton>();
-    button->showBranch(u"R&D"_s);
-    EXPECT_EQ(button->text(), u"R&D"_s);
-    EXPECT_TRUE(button->shortcut().isEmpty()) << "it would take the key of a menu";
-    app.commandOutput = CommandOutput{.id = QUuid::createUuid(), .commandLine = QString(100000, u'x')};
-    const QList<QLabel *> labels = part<OutputSheet>()->findChildren<QLabel *>();
-    EXPECT_TRUE(std::ranges::any_of(labels, [](QLabel *label) { return label->text().startsWith(u"xx"_s); }));
-    EXPECT_TRUE(std::ranges::none_of(labels, [](QLabel *label) { return label->text().size() > 5000; }));
+    menu->close();
 }
 
 TEST_F(Window, TheMenuOfARowInConflictResolvesThatRowThoughOthersAreTicked) {
@@ -534,16 +433,14 @@ TEST_F(Window, TheMenuOfARowInConflictResolvesThatRowThoughOthersAreTicked) {
     app.changes = QList<WorkingCopyItem>{{.path = u"c.c"_s, .kind = SVNStatusKind::conflicted},
                                          {.path = u"m.c"_s, .kind = SVNStatusKind::modified}};
     app.selectedCommitPaths = QSet<QString>{u"m.c"_s};
-    for (const QString &path : {u"c.c"_s, u"m.c"_s}) {
+    for (const QString &path : u"c.c|m.c"_list) {
         SCOPED_TRACE(qPrintable(path));
         app.selectedChangeID = path;
         emit window->tabPages().changes().findChild<RowListView *>()->rowMenuRequested(path == u"c.c"_s ? 0 : 1,
                                                                                        QPoint());
-        QWidget *menu = QApplication::activePopupWidget();
+        QMenu *menu = openMenu();
         ASSERT_NE(menu, nullptr);
-        QStringList texts;
-        for (const QAction *item : menu->actions())
-            texts.append(item->text());
+        const QStringList texts = itemTexts(*menu);
         const qsizetype first = texts.indexOf(path) + 1;
         EXPECT_EQ(texts.value(first).startsWith(u"Resolve Selected"_s), path == u"c.c"_s);
         EXPECT_EQ(texts.filter(u"Resolve Selected"_s).size(), path == u"c.c"_s ? 3 : 0);
@@ -571,20 +468,14 @@ TEST_F(Window, TabReachesEveryPartInTheOrderOfTheScreen) {
         WorkflowTab tab;
         QStringList inOrder; ///< among others
     };
-    const QStringList header{u"Projects"_s,
-                             u"Add a project"_s,
-                             u"Remove Project"_s,
-                             u"Hide the sidebar (Ctrl+B)"_s,
-                             u"Switch URL Or Branch..."_s,
-                             u"Refresh (F5)"_s,
-                             u"Pull (Ctrl+U)"_s};
+    const QStringList header = u"Projects|Add a project|Remove Project|Hide the sidebar (Ctrl+B)|"
+                               "Switch URL Or Branch...|Refresh (F5)|Pull (Ctrl+U)"_list;
     const Row rows[] = {
-        {WorkflowTab::changes, header + QStringList{u"Filter changes"_s}},
-        {WorkflowTab::history, header + QStringList{u"Filter files"_s, u"Files"_s, u"Revisions"_s}},
-        {WorkflowTab::incoming, header + QStringList{u"Filter revisions"_s, u"Incoming revisions"_s}},
-        {WorkflowTab::archives, header + QStringList{u"Filter revisions"_s, u"Revisions"_s}},
-        {WorkflowTab::configuration,
-         header + QStringList{u"More commands for the languages"_s, u"Languages"_s, u"Custom language rules"_s}},
+        {WorkflowTab::changes, header + u"Filter changes"_list},
+        {WorkflowTab::history, header + u"Filter files|Files|Revisions"_list},
+        {WorkflowTab::incoming, header + u"Filter revisions|Incoming revisions"_list},
+        {WorkflowTab::archives, header + u"Filter revisions|Revisions"_list},
+        {WorkflowTab::configuration, header + u"More commands for the languages|Languages|Custom language rules"_list},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(rawValue(row.tab).toUtf8().constData());
@@ -603,7 +494,7 @@ TEST_F(Window, AboutPreferencesAndQuitAreKeysOfTheWindow) {
     QTest::keyClick(window.get(), Qt::Key_F1);
     ASSERT_NE(QApplication::activeModalWidget(), nullptr);
     QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
-    activate();
+    activate(*window);
     QTest::keyClick(window.get(), Qt::Key_Q, Qt::ControlModifier);
     EXPECT_FALSE(window->isVisible());
 }
@@ -619,19 +510,16 @@ TEST_F(Window, KeepsItsLayoutForTheNextRun) {
     window = std::make_unique<MainWindow>(app, fixture.settings);
     window->show();
     EXPECT_FALSE(part<ProjectListView>()->isVisible());
-    for (QToolButton *button : window->findChildren<QToolButton *>()) {
-        if (button->isVisible() && button->accessibleName() == u"Show the sidebar (Ctrl+B)")
-            button->click();
-    }
+    clickButton(*window, u"Show the sidebar (Ctrl+B)"_s);
     EXPECT_TRUE(part<ProjectListView>()->isVisible());
     EXPECT_EQ(part<ProjectListView>()->width(), width);
 }
 
 TEST_F(Window, AProjectWhoseServerIsSilentCanBeLeft) {
-    const testing::SvnFixture repository;
-    testing::SvnServer server(repository.tree.path());
+    const SvnFixture repository;
+    SvnServer server(repository.tree.path());
     const QString copy = repository.tree.path(u"remote"_s);
-    testing::runTool(u"svn"_s, {u"checkout"_s, u"-q"_s, server.url(u"repo/trunk"_s), copy}, repository.tree.path());
+    runTool(u"svn"_s, {u"checkout"_s, u"-q"_s, server.url(u"repo/trunk"_s), copy}, repository.tree.path());
     server.stop();
     QTcpServer silent;
     ASSERT_TRUE(silent.listen(QHostAddress::LocalHost, server.port()));

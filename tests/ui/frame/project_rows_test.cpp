@@ -1,12 +1,8 @@
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/frame/project_rows.h"
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 QStringList shown(const QString &filter) {
     const QList<Project> projects{
@@ -21,20 +17,13 @@ QStringList shown(const QString &filter) {
 }
 
 TEST(ProjectRows, TellEqualNamesApartAndFollowTheFilter) {
-    struct Row {
-        const char *name;
-        QString filter;
-        QStringList expected;
-    };
-    const Row rows[] = {
+    const Rows<QString, QStringList> rows{
         {"all", {}, {u"firmware|alpha|SVN"_s, u"firmware|beta|Git"_s, u"web shop||Git"_s}},
         {"words in any order and case", u"SHOP we"_s, {u"web shop||Git"_s}},
         {"the folder is not part of the name", u"beta"_s, {}},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(shown(row.filter), row.expected);
-    }
+    for (const auto &[name, filter, expected] : rows)
+        EXPECT_EQ(shown(filter), expected);
 }
 
 } // namespace

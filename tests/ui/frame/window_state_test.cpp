@@ -1,15 +1,10 @@
-#include "support/temp_tree.h"
+#include "support/window_test.h"
 #include "ui/frame/window_state.h"
 
 #include <QSettings>
 
-#include <gtest/gtest.h>
-
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::TempTree;
 
 TEST(WindowState, ComesBackAsItWasSaved) {
     const TempTree tree;
@@ -34,15 +29,10 @@ TEST(WindowState, ComesBackAsItWasSaved) {
 }
 
 TEST(WindowState, BrokenOrOddValuesAreTheDefaults) {
-    struct Row {
-        const char *name;
-        QVariant stored;
-        WindowState expected;
-    };
     WindowState bounded;
     bounded.sidebarWidth = 360;
     bounded.listWidth = 280;
-    const Row rows[] = {
+    const Rows<QVariant, WindowState> rows{
         {"not JSON", QByteArray("\x01\x02{{"), {}},
         {"another type", 17, {}},
         {"a list", QByteArray("[1,2]"), {}},
@@ -52,24 +42,17 @@ TEST(WindowState, BrokenOrOddValuesAreTheDefaults) {
          {}},
         {"sizes out of bounds", QByteArray(R"({"sidebarWidth":99999,"listWidth":-5})"), bounded},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto &[name, stored, expected] : rows) {
         const TempTree tree;
         QSettings settings(tree.path(u"window.conf"_s), QSettings::IniFormat);
-        settings.setValue(u"KestorSVN.window"_s, row.stored);
-        EXPECT_EQ(loadWindowState(settings), row.expected);
+        settings.setValue(u"KestorSVN.window"_s, stored);
+        EXPECT_EQ(loadWindowState(settings), expected);
     }
 }
 
 TEST(WindowState, AWindowOffEveryScreenIsCentered) {
-    struct Row {
-        const char *name;
-        QRect frame;
-        QList<QRect> screens;
-        std::optional<QRect> expected;
-    };
     const QRect screen(0, 0, 1920, 1080);
-    const Row rows[] = {
+    const Rows<QRect, QList<QRect>, std::optional<QRect>> rows{
         {"in view", QRect(100, 100, 800, 600), {screen}, std::nullopt},
         {"on the second screen", QRect(2000, 100, 800, 600), {screen, QRect(1920, 0, 1920, 1080)}, std::nullopt},
         {"its screen is gone", QRect(2000, 100, 800, 600), {screen}, QRect(560, 240, 800, 600)},
@@ -77,10 +60,8 @@ TEST(WindowState, AWindowOffEveryScreenIsCentered) {
         {"larger than the screen", QRect(5000, 0, 4000, 3000), {screen}, screen},
         {"never saved", QRect(), {screen}, std::nullopt},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(recoveredFrame(row.frame, row.screens), row.expected);
-    }
+    for (const auto &[name, frame, screens, expected] : rows)
+        EXPECT_EQ(recoveredFrame(frame, screens), expected);
 }
 
 } // namespace

@@ -1,38 +1,21 @@
-#include "support/app_fixture.h"
-#include "support/held_tool.h"
-#include "support/printers.h"
-#include "support/repositories.h"
+#include "support/app_test.h"
+#include "support/window_test.h"
 #include "ui/diff/diff_pane.h"
 #include "ui/list/filter_field.h"
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/changes_tab.h"
 
-#include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QTest>
-
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <memory>
 
 namespace kestor {
 namespace {
 
-using namespace Qt::StringLiterals;
-using testing::AppFixture;
-using testing::GitFixture;
-using testing::HeldTool;
-using testing::TempTree;
-using testing::waitUntil;
-
 class ShownTab {
 public:
     explicit ShownTab(AppState &state) : tab(state) {
         tab.resize(1000, 400);
-        tab.show();
-        tab.activateWindow();
+        activate(tab);
         list().setFocus();
     }
 
@@ -46,22 +29,14 @@ public:
         }
         return QGuiApplication::clipboard()->text();
     }
-    bool says(const QString &text) const {
-        const QList<QLabel *> labels = tab.findChildren<QLabel *>();
-        return std::any_of(labels.begin(), labels.end(),
-                           [&](const QLabel *label) { return label->isVisible() && label->text() == text; });
-    }
+    bool says(const QString &text) const { return testing::says(tab, text); }
 
     ChangesTab tab;
 };
 
 TEST(ChangesTab, OnlyTheUsersChoiceOfARowRunsATool) {
-    const TempTree folder;
-    QSettings settings(folder.path(u"test.conf"_s), QSettings::IniFormat);
-    ProjectStore(settings).save({{QUuid::createUuid(), u"project"_s, folder.path(), RepositoryKind::git}});
-    testing::ScriptedUser user;
-    const auto git = std::make_shared<HeldTool>();
-    AppState app(settings, user, Tools{git, git, git});
+    const HeldApp held(RepositoryKind::git);
+    AppState &app = *held.app;
     ShownTab shown(app);
     const QList<WorkingCopyItem> items{{.path = u"a"_s, .kind = SVNStatusKind::modified},
                                        {.path = u"b"_s, .kind = SVNStatusKind::modified}};
@@ -71,20 +46,18 @@ TEST(ChangesTab, OnlyTheUsersChoiceOfARowRunsATool) {
     app.changes = items + QList<WorkingCopyItem>{{.path = u"c"_s, .kind = SVNStatusKind::modified}};
     EXPECT_EQ(app.selectedChangeID.value(), u"b"_s);
     EXPECT_EQ(shown.list().currentId(), u"b"_s);
-    EXPECT_EQ(git->vectors(), QList<QStringList>());
+    EXPECT_EQ(held.tool->vectors(), QList<QStringList>());
     QTest::keyClick(&shown.list(), Qt::Key_Down);
     EXPECT_EQ(app.selectedChangeID.value(), u"c"_s);
-    ASSERT_EQ(git->vectors().size(), 1);
-    git->finish(git->vectors().first(), ""); // the controller's end would wait for it
+    ASSERT_EQ(held.tool->vectors().size(), 1);
+    held.tool->finish(held.tool->vectors().first(), ""); // the controller's end would wait for it
 }
 
 TEST(ChangesTab, ShowsTheDiffOfTheRowThatTheUserChooses) {
     GitFixture repository;
-    repository.write(u"a"_s);
-    repository.write(u"b"_s);
+    repository.writeAll({{u"a"_s}, {u"b"_s}});
     repository.commitAll(u"first"_s);
-    repository.write(u"a"_s, "in a\n");
-    repository.write(u"b"_s, "in b\n");
+    repository.writeAll({{u"a"_s, "in a\n"}, {u"b"_s, "in b\n"}});
     AppFixture fixture;
     ShownTab shown(fixture.app);
     fixture.open(repository.path(), RepositoryKind::git);
@@ -114,13 +87,13 @@ TEST(ChangesTab, ColorsDiffsByTheLanguageRules) {
 
 TEST(ChangesTab, FollowsTheRowsThoughTheirTextsAreEqual) {
     const GitFixture repository;
-    for (const QString &inner : {u"one"_s, u"two"_s, u"three"_s})
+    for (const QString &inner : u"one|two|three"_list)
         repository.git({u"init"_s, u"-q"_s, inner});
     AppFixture fixture;
     ShownTab shown(fixture.app);
     fixture.open(repository.path(), RepositoryKind::git);
     ASSERT_TRUE(waitUntil([&] { return shown.says(u"(unversioned directory)"_s); }));
-    for (const QString &path : {u"three"_s, u"two"_s}) {
+    for (const QString &path : u"three|two"_list) {
         QTest::keyClick(&shown.tab, Qt::Key_F8);
         EXPECT_TRUE(waitUntil([&] { return shown.pathInBar() == path; })) << qPrintable(path);
     }
@@ -153,7 +126,7 @@ TEST(ChangesTab, CallsAProjectUnchangedOnlyAfterALoadThatSucceeded) {
     fixture.open(clean.path(), RepositoryKind::git);
     EXPECT_TRUE(shown.says(u"No Changes"_s));
     fixture.open(noRepository.path(), RepositoryKind::git);
-    EXPECT_TRUE(fixture.alertText().startsWith(u"Status Failed"_s)) << qPrintable(fixture.alertText());
+    EXPECT_TRUE(startsWith(fixture.alertText(), u"Status Failed"_s));
     EXPECT_FALSE(shown.says(u"No Changes"_s));
 }
 

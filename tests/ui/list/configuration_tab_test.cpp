@@ -1,41 +1,21 @@
 #include "model/language_configuration_store.h"
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
+#include "support/app_test.h"
+#include "support/window_test.h"
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/configuration_tab.h"
 #include "ui/tabs/repository_fields.h"
 #include "ui/tabs/rule_table.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QScrollArea>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::AppFixture;
-using testing::awaited;
-using testing::SvnFixture;
-using testing::waitUntil;
 
 class ShownConfiguration {
 public:
     ShownConfiguration() {
         tab.resize(1000, 700);
-        tab.show();
-        tab.activateWindow();
-        waitUntil([this] { return QApplication::activeWindow() == &tab; });
+        activate(tab);
     }
 
     RuleTable &table() { return *tab.findChild<RuleTable *>(); }
@@ -113,14 +93,7 @@ TEST(ConfigurationTab, ARuleIsAddedTypedAndRemovedByKeyboard) {
 }
 
 TEST(ConfigurationTab, CellsAreTypedInPlace) {
-    struct Row { // NOLINT(clang-analyzer-optin.performance.Padding)
-        const char *name;
-        int column;
-        QString typed;
-        Qt::Key end;
-        QString expected;
-    };
-    const Row rows[] = {
+    const Rows<int, QString, Qt::Key, QString> rows{
         {"Return keeps", 0, u"hh"_s, Qt::Key_Return, u"hh|C Header|#555555|None"_s},
         {"Esc takes back", 1, u"Other"_s, Qt::Key_Escape, u"h|C Header|#555555|None"_s},
         {"a color is written in full", 2, u" f80"_s, Qt::Key_Return, u"h|C Header|#FF8800|None"_s},
@@ -128,27 +101,15 @@ TEST(ConfigurationTab, CellsAreTypedInPlace) {
         {"a color taken back", 2, u"orange"_s, Qt::Key_Escape, u"h|C Header|#555555|None"_s},
         {"nothing at all", 1, u" "_s, Qt::Key_Return, u"h| |#555555|None"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto &[name, wantedColumn, typed, end, expected] : rows) {
         ShownConfiguration shown;
         shown.addRule(u"h"_s, u"C Header"_s, u"#555555"_s);
-        shown.goTo(0, row.column);
-        shown.type(row.typed, row.end);
-        EXPECT_EQ(shown.rows(), QStringList(row.expected));
+        shown.goTo(0, wantedColumn);
+        shown.type(typed, end);
+        EXPECT_EQ(shown.rows(), QStringList(expected));
         EXPECT_EQ(shown.savedRules(), shown.fixture.app.customLanguageRules.value());
         EXPECT_TRUE(shown.table().hasFocus());
     }
-}
-
-TEST(ConfigurationTab, LeavingAStoredColorMendsIt) {
-    ShownConfiguration shown;
-    shown.addRule(u"h"_s, u"C Header"_s, u"nonsense"_s);
-    shown.goTo(0, 2);
-    QTest::keyClick(&shown.table(), Qt::Key_Return);
-    ASSERT_TRUE(shown.field());
-    EXPECT_EQ(shown.field()->text(), u"nonsense"_s);
-    shown.named<QPushButton>(u"Add Rule"_s).setFocus();
-    EXPECT_TRUE(waitUntil([&] { return shown.savedRules().at(0).colorHex == u"#6e7781"_s; }));
 }
 
 TEST(ConfigurationTab, TheSelectedRuleTakesASyntaxFile) {
@@ -176,29 +137,6 @@ TEST(ConfigurationTab, TheSelectedRuleTakesASyntaxFile) {
     EXPECT_EQ(shown.rows(), withFile);
 }
 
-TEST(ConfigurationTab, RulesStayEditableWhileACommandRuns) {
-    ShownConfiguration shown;
-    shown.addRule(u"h"_s, u"C Header"_s, u"#555555"_s);
-    const BusyScope busy(shown.fixture.app.busy, u"Update"_s);
-    shown.goTo(0, 0);
-    shown.type(u"hpp"_s, Qt::Key_Return);
-    EXPECT_EQ(shown.rows(), QStringList(u"hpp|C Header|#555555|None"_s));
-}
-
-TEST(ConfigurationTab, TheCurrentRuleIsScrolledIntoView) {
-    ShownConfiguration shown;
-    for (int rule = 0; rule < 60; ++rule)
-        shown.addRule(QString::number(rule), u"L"_s, u"#555555"_s);
-    const QScrollBar &bar = *shown.tab.findChild<QScrollArea *>()->verticalScrollBar();
-    shown.goTo(0, 0);
-    QTest::keyClick(&shown.table(), Qt::Key_End, Qt::ControlModifier);
-    EXPECT_TRUE(waitUntil([&] { return bar.value() > 900; }));
-    shown.named<QPushButton>(u"Add Rule"_s).click();
-    const int before = bar.value();
-    EXPECT_TRUE(waitUntil([&] { return bar.value() > before; })) << "the new rule is below";
-    EXPECT_TRUE(shown.field()) << "and being typed";
-}
-
 TEST(ConfigurationTab, ShowsTheRepositoryToBeCopied) {
     SvnFixture repository;
     repository.write(u"a.c"_s);
@@ -208,8 +146,8 @@ TEST(ConfigurationTab, ShowsTheRepositoryToBeCopied) {
     EXPECT_EQ(shown.named<QLineEdit>(u"Relative URL"_s).text(), u"^/trunk"_s);
     shown.named<QToolButton>(u"Copy what is known of the repository"_s).click();
     const QString copied = QGuiApplication::clipboard()->text();
-    EXPECT_TRUE(copied.startsWith(u"Working copy root: "_s + repository.path() + u'\n')) << qPrintable(copied);
-    EXPECT_TRUE(copied.contains(u"\nLast changed: r2 by "_s)) << qPrintable(copied);
+    EXPECT_TRUE(startsWith(copied, u"Working copy root: "_s + repository.path() + u'\n'));
+    EXPECT_TRUE(contains(copied, u"\nLast changed: r2 by "_s));
 }
 
 TEST(ConfigurationTab, TellsWhichExecutableRuns) {
@@ -218,9 +156,7 @@ TEST(ConfigurationTab, TellsWhichExecutableRuns) {
     auto &fromPath = shown.named<QPushButton>(u"Use svn From PATH"_s);
     QSignalSpy asked(&shown.fromPath, &QAction::triggered);
     struct Row {
-        QString chosen;
-        QString path;
-        QString caption;
+        QString chosen, path, caption;
     };
     const QString found = path.text();
     EXPECT_TRUE(found.endsWith(u"/svn"_s));
@@ -235,49 +171,6 @@ TEST(ConfigurationTab, TellsWhichExecutableRuns) {
         fromPath.click();
     }
     EXPECT_EQ(asked.size(), 2) << "disabled while none is chosen";
-}
-
-TEST(ConfigurationTab, KeysLeadThroughItsPanes) {
-    ShownConfiguration shown;
-    shown.addRule(u"h"_s, u"C Header"_s, u"#555555"_s);
-    auto &list = *qobject_cast<RowListView *>(shown.tab.focusPanes().at(0));
-    shown.fixture.app.languageDistribution = QList<LanguageDistributionEntry>{{u"C"_s, 7, u"#555555"_s}};
-    list.setFocus();
-    list.chooseFirst();
-    QTest::keyClick(&list, Qt::Key_Return);
-    EXPECT_TRUE(shown.table().hasFocus());
-    QTest::keyClick(&shown.table(), Qt::Key_Escape);
-    EXPECT_TRUE(list.hasFocus());
-}
-
-TEST(RepositoryFields, AreThoseThatAreKnownInTheWordsOfTheSystem) {
-    struct Row {
-        const char *name;
-        RepositoryKind kind;
-        RepositoryInfo info;
-        QString expected;
-    };
-    const Row rows[] = {
-        {"Subversion",
-         RepositoryKind::svn,
-         {.url = u"https://h/r"_s,
-          .relativeURL = u"^/trunk"_s,
-          .revision = u"12"_s,
-          .workingRevision = u"9"_s,
-          .lastChangedRevision = u"11"_s,
-          .lastChangedAuthor = u"ann"_s},
-         u"URL: https://h/r\nRelative URL: ^/trunk\nRevision: 12\nWorking revision: 9\nLast changed: r11 by ann\n"_s},
-        {"Git",
-         RepositoryKind::git,
-         {.revision = u"0123456789abcdef"_s, .workingRevision = u"main"_s, .lastChangedRevision = u"0123456"_s},
-         u"Commit: 0123456789abcdef\nBranch: main\nLast changed: 0123456\n"_s},
-        {"an author alone", RepositoryKind::svn, {.lastChangedAuthor = u"ann"_s}, u"Last changed: by ann\n"_s},
-        {"nothing", RepositoryKind::svn, {}, {}},
-    };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(copiedText(repositoryFields(row.info, row.kind)), row.expected);
-    }
 }
 
 } // namespace

@@ -1,12 +1,8 @@
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/look/elided_path.h"
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 /// Every UTF-16 unit is one pixel wide.
 double unitWidth(const QString &text) {
@@ -14,15 +10,8 @@ double unitWidth(const QString &text) {
 }
 
 TEST(ElidedPath, LosesFoldersFromTheMiddleAndThenTheMiddleOfTheName) {
-    struct Row {
-        const char *name;
-        QString path;
-        double width;
-        QString folder;
-        QString file;
-    };
     const QString longPath = u"src/net/tls/certs/embedded/anchors.inc"_s;
-    const Row rows[] = {
+    const Rows<QString, double, QString, QString> rows{
         {"all of it fits exactly", longPath, 38, u"src/net/tls/certs/embedded/"_s, u"anchors.inc"_s},
         {"one folder leaves", longPath, 37, u"src/net/…/certs/embedded/"_s, u"anchors.inc"_s},
         {"two leave", longPath, 34, u"src/net/…/embedded/"_s, u"anchors.inc"_s},
@@ -38,11 +27,10 @@ TEST(ElidedPath, LosesFoldersFromTheMiddleAndThenTheMiddleOfTheName) {
         {"no half of a character", u"a😀😀😀😀b.c"_s, 7, u""_s, u"a😀…b.c"_s},
         {"a slash at the end belongs to the name", u"a/build/"_s, 8, u"a/"_s, u"build/"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const ElidedPath shown = elidedPath(row.path, row.width, unitWidth);
-        EXPECT_EQ(shown.folder, row.folder);
-        EXPECT_EQ(shown.name, row.file);
+    for (const auto &[name, path, width, folder, file] : rows) {
+        const ElidedPath shown = elidedPath(path, width, unitWidth);
+        EXPECT_EQ(shown.folder, folder);
+        EXPECT_EQ(shown.name, file);
     }
 }
 

@@ -1,33 +1,17 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
+#include "support/app_test.h"
+#include "support/window_test.h"
 #include "ui/diff/diff_pane.h"
 #include "ui/list/filter_field.h"
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/history_tab.h"
 #include "ui/tabs/revision_head.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QLabel>
-#include <QMenu>
-#include <QPushButton>
-#include <QTest>
 #include <QTextEdit>
 
 #include <algorithm>
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::SvnFixture;
-using testing::waitUntil;
 
 /// Forty lines, of which some say something else.
 QByteArray lines(const QList<int> &changed) {
@@ -43,8 +27,7 @@ public:
     ShownHistory() {
         fixture.app.selectedTab = WorkflowTab::history;
         tab.resize(1000, 600);
-        tab.show();
-        tab.activateWindow();
+        activate(tab);
     }
 
     void open(const QString &path, RepositoryKind kind) {
@@ -60,11 +43,7 @@ public:
     bool shows(const QString &text) const {
         return waitUntil([&] { return diff().document().printed.contains(text); });
     }
-    bool says(const QString &text) const {
-        const QList<QLabel *> labels = tab.findChildren<QLabel *>();
-        return std::any_of(labels.begin(), labels.end(),
-                           [&](const QLabel *label) { return label->isVisible() && label->text() == text; });
-    }
+    bool says(const QString &text) const { return testing::says(tab, text); }
 
     AppFixture fixture{};
     QAction pull{u"pull"_s}, against{u"against"_s}, blame{u"blame"_s}, zip{u"zip"_s}, rollback{u"rollback"_s},
@@ -82,8 +61,7 @@ TEST(HistoryTab, FilesLeadToTheirRevisionsAndThoseToTheirDiffs) {
     SvnFixture repository;
     repository.write(u"src/a.txt"_s, "one\n");
     repository.commitAll(u"Add a"_s);
-    repository.write(u"src/a.txt"_s, "two\n");
-    repository.write(u"b.txt"_s, "b\n");
+    repository.writeAll({{u"src/a.txt"_s, "two\n"}, {u"b.txt"_s, "b\n"}});
     repository.commitAll(u"Change a\n\nand add b"_s);
     ShownHistory shown;
     shown.open(repository.path(), RepositoryKind::svn);
@@ -117,8 +95,7 @@ TEST(HistoryTab, OneKeyWalksThroughAllHunksAndBack) {
     ShownHistory shown;
     shown.open(repository.path(), RepositoryKind::git);
     struct Stop {
-        QString path;
-        QString text;
+        QString path, text;
         qint64 hunk;
     };
     const QList<Stop> stops{{u"a"_s, u"+new"_s, 0},
@@ -156,26 +133,6 @@ TEST(HistoryTab, SaysWhyItIsEmpty) {
     EXPECT_TRUE(shown.says(u"No Files"_s));
 }
 
-TEST(HistoryTab, ListsStandSideBySideInAWideWindow) {
-    ShownHistory shown;
-    shown.tab.setListWidth(450);
-    const auto left = [&](QWidget &part) {
-        return part.mapTo(&shown.tab, QPoint()).x();
-    };
-    EXPECT_EQ(left(shown.revisions()), left(shown.files()));
-    shown.tab.resize(1600, 800);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(shown.files().width(), 360);
-    EXPECT_EQ(shown.revisions().width(), 360);
-    EXPECT_EQ(left(shown.revisions()), 361);
-    shown.tab.setListWidth(500);
-    EXPECT_EQ(shown.files().width(), 360) << "the shared width is for narrower windows";
-    shown.tab.resize(1200, 800);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(shown.files().width(), 500);
-    EXPECT_EQ(left(shown.revisions()), 0);
-}
-
 TEST(HistoryTab, TheRowMenuAndTheHeadShareTheActions) {
     GitFixture repository;
     repository.write(u"src/a"_s);
@@ -183,7 +140,7 @@ TEST(HistoryTab, TheRowMenuAndTheHeadShareTheActions) {
     ShownHistory shown;
     shown.open(repository.path(), RepositoryKind::git);
     emit shown.revisions().rowMenuRequested(0, QPoint());
-    const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QMenu *menu = openMenu();
     ASSERT_NE(menu, nullptr);
     const auto trigger = [&](const QString &text) {
         for (QAction *action : menu->actions()) {
@@ -193,34 +150,18 @@ TEST(HistoryTab, TheRowMenuAndTheHeadShareTheActions) {
         return QGuiApplication::clipboard()->text();
     };
     EXPECT_TRUE(waitUntil([&] { return trigger(u"Copy Message"_s) == u"first"_s; }));
-    EXPECT_EQ(trigger(u"Copy Revision"_s), QString::fromLatin1(repository.git({u"rev-parse"_s, u"HEAD"_s}).trimmed()));
+    EXPECT_EQ(trigger(u"Copy Revision"_s), QString::fromLatin1(repository.git(u"rev-parse|HEAD"_list).trimmed()));
     EXPECT_EQ(trigger(u"Copy Path"_s), u"src/a"_s);
     for (QAction *action : {&shown.pull, &shown.against, &shown.blame, &shown.zip, &shown.rollback, &shown.exporting})
         EXPECT_TRUE(menu->actions().contains(action)) << qPrintable(action->text());
-    QApplication::activePopupWidget()->close();
+    menu->close();
     QStringList triggered;
     for (QAction *action : {&shown.rollback, &shown.exporting})
         QObject::connect(action, &QAction::triggered, [&triggered, action] { triggered += action->text(); });
     const QList<QPushButton *> buttons = shown.tab.findChild<RevisionHead *>()->findChildren<QPushButton *>();
     for (QPushButton *button : buttons)
         QTest::mouseClick(button, Qt::LeftButton);
-    EXPECT_EQ(triggered, (QStringList{u"rollback"_s, u"export"_s}));
-}
-
-TEST(HistoryTab, EscReturnsToTheListThatReturnLeft) {
-    GitFixture repository;
-    repository.write(u"a"_s);
-    repository.commitAll(u"first"_s);
-    ShownHistory shown;
-    shown.open(repository.path(), RepositoryKind::git);
-    ASSERT_TRUE(shown.shows(u"+x"_s));
-    for (RowListView *list : {&shown.revisions(), &shown.files()}) {
-        list->setFocus();
-        QTest::keyClick(list, Qt::Key_Return);
-        ASSERT_FALSE(list->hasFocus());
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-        EXPECT_TRUE(list->hasFocus());
-    }
+    EXPECT_EQ(triggered, u"rollback|export"_list);
 }
 
 } // namespace

@@ -1,30 +1,13 @@
-#include "support/app_fixture.h"
-#include "support/printers.h"
-#include "support/repositories.h"
+#include "support/app_test.h"
+#include "support/window_test.h"
 #include "ui/diff/diff_pane.h"
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/incoming_tab.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QClipboard>
-#include <QLabel>
-#include <QMenu>
-#include <QPushButton>
-#include <QTest>
-
 #include <algorithm>
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::AppFixture;
-using testing::awaited;
-using testing::GitFixture;
-using testing::SvnFixture;
-using testing::waitUntil;
 
 /// The tab over a project, with an action to update that nothing is connected to.
 class ShownIncoming {
@@ -32,8 +15,7 @@ public:
     ShownIncoming() {
         fixture.app.selectedTab = WorkflowTab::incoming;
         tab.resize(1000, 600);
-        tab.show();
-        tab.activateWindow();
+        activate(tab);
     }
 
     RowListView &revisions() { return *qobject_cast<RowListView *>(tab.focusPanes().at(0)); }
@@ -43,11 +25,7 @@ public:
     bool shows(const QString &text) const {
         return waitUntil([&] { return printed().contains(text); });
     }
-    bool says(const QString &text) const {
-        const QList<QLabel *> labels = tab.findChildren<QLabel *>();
-        return std::any_of(labels.begin(), labels.end(),
-                           [&](const QLabel *label) { return label->isVisible() && label->text() == text; });
-    }
+    bool says(const QString &text) const { return testing::says(tab, text); }
 
     AppFixture fixture{};
     QAction update{u"update"_s};
@@ -58,15 +36,13 @@ public:
 class OldWorkingCopy : public SvnFixture {
 public:
     OldWorkingCopy() {
-        write(u"a.txt"_s, "one\n");
-        write(u"b.txt"_s, "b\n");
+        writeAll({{u"a.txt"_s, "one\n"}, {u"b.txt"_s, "b\n"}});
         commitAll(u"two"_s);
         write(u"a.txt"_s, "three\n");
         commitAll(u"Change a"_s);
-        write(u"a.txt"_s, "four\n");
-        write(u"b.txt"_s, "bee\n");
+        writeAll({{u"a.txt"_s, "four\n"}, {u"b.txt"_s, "bee\n"}});
         commitAll(u"Change both\n\nin one go"_s);
-        svn({u"update"_s, u"-q"_s, u"-r"_s, u"2"_s});
+        svn(u"update|-q|-r|2"_list);
     }
 };
 
@@ -76,7 +52,7 @@ TEST(IncomingTab, RevisionsLeadToTheirDiffs) {
     shown.fixture.open(repository.path(), RepositoryKind::svn);
     ASSERT_TRUE(shown.shows(u"+bee"_s));
     EXPECT_TRUE(shown.printed().contains(u"+four"_s)) << "all files of the revision";
-    EXPECT_TRUE(shown.spoken().startsWith(u"Change both, r4, "_s)) << qPrintable(shown.spoken());
+    EXPECT_TRUE(startsWith(shown.spoken(), u"Change both, r4, "_s));
     for (const char *text : {"r2 to r4", "2 revisions", "Out of date", "2 items"})
         EXPECT_TRUE(shown.says(QString::fromLatin1(text))) << text;
     QTest::keyClick(&shown.revisions(), Qt::Key_Down);
@@ -122,32 +98,8 @@ TEST(IncomingTab, SaysWhyItIsEmpty) {
     EXPECT_FALSE(shown.says(u"r4 to r4"_s));
     int pulls = 0;
     QObject::connect(&shown.update, &QAction::triggered, [&pulls] { ++pulls; });
-    for (QPushButton *button : shown.tab.findChildren<QPushButton *>()) {
-        if (button->text() == u"Pull"_s)
-            QTest::mouseClick(button, Qt::LeftButton);
-    }
+    clickButton(shown.tab, u"Pull"_s);
     EXPECT_EQ(pulls, 1);
-}
-
-TEST(IncomingTab, TheRevisionsTakeWhatTheyNeedAndTheItemsTheRest) {
-    OldWorkingCopy repository;
-    ShownIncoming shown;
-    shown.fixture.open(repository.path(), RepositoryKind::svn);
-    QCoreApplication::processEvents();
-    const int few = shown.revisions().height();
-    EXPECT_GE(few, 2 * 44);
-    EXPECT_LE(few, 3 * 44);
-    EXPECT_GT(shown.outdated().height(), 300);
-    repository.svn({u"update"_s, u"-q"_s});
-    for (int number = 5; number <= 24; ++number) {
-        repository.write(u"a.txt"_s, QByteArray::number(number) + '\n');
-        repository.svn({u"commit"_s, u"-q"_s, u"-m"_s, QString::number(number)});
-    }
-    repository.svn({u"update"_s, u"-q"_s, u"-r"_s, u"4"_s});
-    awaited(shown.fixture.app.incoming.refreshIncoming());
-    QCoreApplication::processEvents();
-    EXPECT_GT(shown.revisions().height(), 200);
-    EXPECT_GT(shown.outdated().height(), 150) << "many revisions leave room for the items";
 }
 
 TEST(IncomingTab, TheRowMenuUpdatesRefreshesAndCopies) {
@@ -156,32 +108,27 @@ TEST(IncomingTab, TheRowMenuUpdatesRefreshesAndCopies) {
     shown.fixture.open(repository.path(), RepositoryKind::svn);
     ASSERT_TRUE(shown.shows(u"+bee"_s));
     emit shown.revisions().rowMenuRequested(0, QPoint());
-    const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QMenu *menu = openMenu();
     ASSERT_NE(menu, nullptr);
-    QStringList texts;
-    for (const QAction *action : menu->actions())
-        texts.append(action->text());
-    EXPECT_EQ(texts,
-              (QStringList{u"update"_s, u"Refresh Incoming Changes"_s, {}, u"Copy Revision"_s, u"Copy Message"_s}));
+    EXPECT_EQ(itemTexts(*menu), u"update|Refresh Incoming Changes|-|Copy Revision|Copy Message"_list);
     menu->actions().at(3)->trigger();
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"r4"_s);
     menu->actions().at(4)->trigger();
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Change both\n\nin one go"_s);
-    repository.svn({u"update"_s, u"-q"_s, u"-r"_s, u"3"_s});
+    repository.svn(u"update|-q|-r|3"_list);
     menu->actions().at(1)->trigger();
     EXPECT_TRUE(waitUntil([&] { return shown.says(u"r3 to r4"_s); }));
-    QApplication::activePopupWidget()->close();
+    menu->close();
 }
 
 TEST(IncomingTab, SeveralBinaryFilesAreNamedOneByOne) {
     OldWorkingCopy repository;
-    repository.svn({u"update"_s, u"-q"_s});
+    repository.svn(u"update|-q"_list);
     repository.write(u"a.bin"_s, QByteArray("\0\1", 2));
     repository.commitAll(u"five"_s);
-    repository.write(u"b.bin"_s, QByteArray("\0\1", 2));
-    repository.write(u"c.bin"_s, QByteArray("\0\1", 2));
+    repository.writeAll({{u"b.bin"_s, QByteArray("\0\1", 2)}, {u"c.bin"_s, QByteArray("\0\1", 2)}});
     repository.commitAll(u"six"_s);
-    repository.svn({u"update"_s, u"-q"_s, u"-r"_s, u"4"_s});
+    repository.svn(u"update|-q|-r|4"_list);
     ShownIncoming shown;
     shown.fixture.open(repository.path(), RepositoryKind::svn);
     EXPECT_TRUE(shown.shows(u"Index: c.bin"_s));

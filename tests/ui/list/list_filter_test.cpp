@@ -1,22 +1,12 @@
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/list/list_filter.h"
 #include "ui/list/path_runs.h"
-
-#include <gtest/gtest.h>
 
 namespace kestor {
 namespace {
 
-using namespace Qt::StringLiterals;
-
 TEST(ListFilter, MatchesWhenAllWordsOccurInAnyOrderAndCase) {
-    struct Row {
-        const char *name;
-        QString typed;
-        QString text;
-        bool matches;
-    };
-    const Row rows[] = {
+    const Rows<QString, QString, bool> rows{
         {"nothing typed matches all", u""_s, u"a/b.c"_s, true},
         {"only blanks match all", u"  "_s, u"a/b.c"_s, true},
         {"case does not count", u"RETRY"_s, u"src/net/retry_policy.cpp"_s, true},
@@ -26,30 +16,20 @@ TEST(ListFilter, MatchesWhenAllWordsOccurInAnyOrderAndCase) {
         {"one word is missing", u"policy disk"_s, u"src/net/retry_policy.cpp"_s, false},
         {"a word may span folders", u"net/re"_s, u"src/net/retry_policy.cpp"_s, true},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(ListFilter(row.typed).matches(row.text), row.matches);
-    }
+    for (const auto &[name, typed, text, matches] : rows)
+        EXPECT_EQ(ListFilter(typed).matches(text), matches);
 }
 
 TEST(ListFilter, FindsWhereTheWordsStand) {
-    struct Row {
-        const char *name;
-        QString typed;
-        QString text;
-        QList<MatchRange> ranges;
-    };
-    const Row rows[] = {
+    const Rows<QString, QString, QList<MatchRange>> rows{
         {"every occurrence", u"a"_s, u"abca"_s, {{0, 1}, {3, 1}}},
         {"overlaps are one range", u"ab bc"_s, u"xabcx"_s, {{1, 3}}},
         {"a word overlapping itself", u"aa"_s, u"aaa"_s, {{0, 3}}},
         {"nothing typed", u""_s, u"abc"_s, {}},
         {"at the end", u"C"_s, u"abc"_s, {{2, 1}}},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        EXPECT_EQ(ListFilter(row.typed).ranges(row.text), row.ranges);
-    }
+    for (const auto &[name, typed, text, ranges] : rows)
+        EXPECT_EQ(ListFilter(typed).ranges(text), ranges);
 }
 
 TEST(ListFilter, NarrowsOnlyWhenEveryOlderWordIsStillAskedFor) {

@@ -1,21 +1,10 @@
-#include "support/awaited.h"
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/list/row_list_view.h"
 #include "ui/look/metrics.h"
 #include "ui/tabs/change_rows.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTest>
-
-#include <gtest/gtest.h>
-
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
 
 WorkingCopyItem item(const QString &path) {
     return {.path = path, .kind = SVNStatusKind::modified};
@@ -117,12 +106,7 @@ TEST_F(RowListViewTest, AStepFromARowThatTheFilterHidesLeadsToTheEndsOfTheMatche
 }
 
 TEST_F(RowListViewTest, MovesByKeysAndAnnouncesEachSingleStepAtOnce) {
-    struct Row {
-        const char *name;
-        Qt::Key key;
-        QString expected;
-    };
-    const Row table[] = {
+    const Rows<Qt::Key, QString> table{
         {"down without a current row", Qt::Key_Down, u"f00"_s},
         {"down", Qt::Key_Down, u"f01"_s},
         {"up", Qt::Key_Up, u"f00"_s},
@@ -131,11 +115,10 @@ TEST_F(RowListViewTest, MovesByKeysAndAnnouncesEachSingleStepAtOnce) {
     };
     rows.publish(hundredFiles());
     show();
-    for (const Row &row : table) {
-        SCOPED_TRACE(row.name);
-        QTest::keyClick(&view, row.key);
+    for (const auto &[name, key, expected] : table) {
+        QTest::keyClick(&view, key);
         ASSERT_EQ(chosen.size(), 1);
-        EXPECT_EQ(chosen.takeFirst().first().toString(), row.expected);
+        EXPECT_EQ(chosen.takeFirst().first().toString(), expected);
     }
 }
 
@@ -148,26 +131,9 @@ TEST_F(RowListViewTest, ARepeatingKeyMovesAtOnceAndAnnouncesTheLastRowOnly) {
         pressRepeating(Qt::Key_Down);
     EXPECT_EQ(view.currentIndex().row(), 5);
     EXPECT_EQ(chosen.size(), 0);
-    ASSERT_TRUE(testing::waitUntil([&] { return !chosen.isEmpty(); }));
+    ASSERT_TRUE(waitUntil([&] { return !chosen.isEmpty(); }));
     EXPECT_EQ(chosen.size(), 1);
     EXPECT_EQ(chosen.first().first().toString(), u"f05"_s);
-}
-
-TEST_F(RowListViewTest, LettersJumpToTheNextFileName) {
-    publish({u"alpha/zebra"_s, u"beta/apple"_s, u"gamma/apricot"_s, u"zoo/banana"_s});
-    show();
-    struct Row {
-        QString typed;
-        QString expected;
-    };
-    for (const Row &row :
-         {Row{u"a"_s, u"beta/apple"_s}, Row{u"a"_s, u"gamma/apricot"_s}, Row{u"a"_s, u"beta/apple"_s}}) {
-        view.keyboardSearch(row.typed);
-        EXPECT_EQ(view.currentId(), row.expected);
-    }
-    view.keyboardSearch(u"p"_s);
-    view.keyboardSearch(u"r"_s);
-    EXPECT_EQ(view.currentId(), u"gamma/apricot"_s);
 }
 
 TEST_F(RowListViewTest, TicksByKeyAndMouse) {

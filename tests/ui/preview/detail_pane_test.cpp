@@ -1,26 +1,13 @@
 #include "sample_media.h"
-#include "support/awaited.h"
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/look/segmented_switch.h"
 #include "ui/preview/detail_pane.h"
 #include "ui/preview/image_view.h"
 #include "ui/preview/preview_pane.h"
 #include "ui/preview/preview_side.h"
 
-#include <QLabel>
-#include <QScrollBar>
-#include <QTest>
-#include <QToolButton>
-
-#include <gtest/gtest.h>
-
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::png;
-using testing::svg;
-using testing::waitUntil;
 
 const QString diff = u"Index: a.svg\n--- a\n+++ b\n@@ -1,1 +1,1 @@\n-old\n+new\n"_s;
 const QString binary = u"Cannot display: file marked as a binary type.\n"_s;
@@ -38,8 +25,7 @@ class DetailPaneTest : public ::testing::Test {
 protected:
     DetailPaneTest() {
         pane.resize(800, 500);
-        pane.show();
-        pane.activateWindow();
+        activate(pane);
     }
 
     void showImages(const QString &path, std::optional<QByteArray> before, std::optional<QByteArray> after,
@@ -61,11 +47,7 @@ protected:
         }
         return visible;
     }
-    bool says(const QString &text) {
-        const QList<QLabel *> labels = pane.findChildren<QLabel *>();
-        return std::ranges::any_of(labels,
-                                   [&](const QLabel *label) { return label->isVisible() && label->text() == text; });
-    }
+    bool says(const QString &text) { return testing::says(pane, text); }
     QColor colorInTheMiddle(QWidget *view) {
         const QImage picture = view->grab().toImage();
         return picture.pixelColor(picture.rect().center());
@@ -123,17 +105,6 @@ TEST_F(DetailPaneTest, ATextThatOnlySharesItsExtensionWithASoundIsAText) {
     EXPECT_TRUE(formSwitch().isVisible());
 }
 
-TEST_F(DetailPaneTest, NoticesAndPlaceholdersFollowPreviews) {
-    showImages(u"a.png"_s, png({4, 4}), png({4, 4}));
-    const DiffPreview notice{DiffPreviewKind::binary, u"d/places.db"_s, {}, u"Unknown file type."_s, {}, {}};
-    pane.showFile(subjectOf(u"d/places.db"_s), binary, notice);
-    EXPECT_TRUE(says(u"places.db"_s) && says(u"Unknown file type."_s));
-    pane.showFile(subjectOf(u"talk.md"_s), diff, notice);
-    EXPECT_TRUE(showsDiff());
-    pane.showNothing(u"(select a changed file)"_s);
-    EXPECT_TRUE(says(u"(select a changed file)"_s));
-}
-
 TEST_F(DetailPaneTest, ASupersededPreviewIsNeverShown) {
     const QByteArray large = png({4000, 3000}, Qt::red);
     pane.showFile(subjectOf(u"a.png"_s), binary, preview(DiffPreviewKind::image, u"a.png"_s, large, large));
@@ -143,25 +114,6 @@ TEST_F(DetailPaneTest, ASupersededPreviewIsNeverShown) {
     pane.showFile(subjectOf(u"a.png"_s), binary, preview(DiffPreviewKind::image, u"a.png"_s, large, large));
     showImages(u"c.png"_s, png({40, 40}, Qt::blue), png({40, 40}, Qt::green));
     EXPECT_EQ(colorInTheMiddle(images().first()), QColor(Qt::blue));
-}
-
-TEST_F(DetailPaneTest, BothImagesHaveOneScaleAndScrollTogether) {
-    showImages(u"a.png"_s, png({2000, 1000}), png({2000, 1000}));
-    const Zoom fitted = previews().zoom();
-    EXPECT_TRUE(fitted.fits);
-    EXPECT_LT(fitted.factor, 0.25);
-    EXPECT_EQ(images().first()->horizontalScrollBar()->maximum(), 0);
-    QList<SegmentedSwitch *> switches = previews().findChildren<SegmentedSwitch *>();
-    ASSERT_EQ(switches.size(), 1);
-    emit switches.first()->chosen(1);
-    EXPECT_EQ(previews().zoom(), (Zoom{false, 1}));
-    EXPECT_TRUE(says(u"100 %"_s));
-    QScrollBar &left = *images().first()->horizontalScrollBar();
-    EXPECT_GT(left.maximum(), 1000);
-    left.setValue(77);
-    EXPECT_EQ(images().last()->horizontalScrollBar()->value(), 77);
-    emit switches.first()->chosen(0);
-    EXPECT_EQ(previews().zoom(), fitted);
 }
 
 } // namespace

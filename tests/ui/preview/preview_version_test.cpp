@@ -1,19 +1,11 @@
 #include "sample_media.h"
-#include "support/printers.h"
+#include "support/window_test.h"
 #include "ui/preview/image_shrinking.h"
 #include "ui/preview/preview_version.h"
 #include "ui/preview/zoom_bar.h"
 
-#include <gtest/gtest.h>
-
 namespace kestor {
 namespace {
-
-using namespace Qt::StringLiterals;
-using testing::anyFont;
-using testing::png;
-using testing::pngHeader;
-using testing::svg;
 
 constexpr PreviewPlace place{{300, 400}, 1};
 
@@ -35,17 +27,10 @@ QByteArray fontWithBrokenTables() {
 
 TEST(PreviewVersion, HostileDataIsDescribed) {
     constexpr auto image = DiffPreviewKind::image;
-    struct Row {
-        const char *name;
-        DiffPreviewKind kind;
-        QByteArray data;
-        QString head;
-        QString text;
-    };
     const QString cannot = u"This file cannot be shown."_s;
     const QString tooLarge = u"Too large to be shown."_s;
     const QByteArray whole = png({64, 64});
-    const Row rows[] = {
+    const Rows<DiffPreviewKind, QByteArray, QString, QString> rows{
         {"whole image", image, whole, u"64 × 64 · %1 bytes"_s.arg(whole.size()), {}},
         {"no bytes", image, "", u"0 bytes"_s, cannot},
         {"renamed text", image, "not an image\n", u"13 bytes"_s, cannot},
@@ -62,26 +47,18 @@ TEST(PreviewVersion, HostileDataIsDescribed) {
         {"half a font", DiffPreviewKind::font, anyFont().first(anyFont().size() / 2), {}, {}},
     };
     boundImageMemory();
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const PreviewVersion version =
-            decoded(row.kind, row.data.startsWith("<svg") ? u"a.svg"_s : u"a.png"_s, row.data);
-        if (row.head.isEmpty())
+    for (const auto &[name, kind, data, head, text] : rows) {
+        const PreviewVersion version = decoded(kind, data.startsWith("<svg") ? u"a.svg"_s : u"a.png"_s, data);
+        if (head.isEmpty())
             continue; // to survive it is enough
-        EXPECT_EQ(versionText(version), row.head);
-        EXPECT_EQ(missingText(version), row.text);
-        EXPECT_EQ(version.isShown(), row.text.isEmpty());
+        EXPECT_EQ(versionText(version), head);
+        EXPECT_EQ(missingText(version), text);
+        EXPECT_EQ(version.isShown(), text.isEmpty());
     }
 }
 
 TEST(PreviewVersion, ImagesAreScaledToFitTogether) {
-    struct Row {
-        const char *name;
-        QByteArray data;
-        std::optional<QByteArray> other;
-        QSize picture; ///< zero: the pixels themselves are stretched
-    };
-    const Row rows[] = {
+    const Rows<QByteArray, std::optional<QByteArray>, QSize> rows{
         {"large image fits", png({600, 400}), {}, {300, 200}},
         {"small image at full magnification is left to the painter", png({16, 16}), {}, {0, 0}},
         {"image is magnified to fit", png({200, 200}), {}, {300, 300}},
@@ -89,78 +66,10 @@ TEST(PreviewVersion, ImagesAreScaledToFitTogether) {
         {"drawing is drawn in its size on the screen", svg({16, 16}), {}, {64, 64}},
         {"drawing beside a larger one", svg({16, 16}), svg({150, 150}), {32, 32}},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const QString path = row.data.startsWith("<svg") ? u"a.svg"_s : u"a.png"_s;
-        EXPECT_EQ(previewVersion(DiffPreviewKind::image, path, row.data, row.other, place).picture.size(), row.picture);
+    for (const auto &[name, data, other, picture] : rows) {
+        const QString path = data.startsWith("<svg") ? u"a.svg"_s : u"a.png"_s;
+        EXPECT_EQ(previewVersion(DiffPreviewKind::image, path, data, other, place).picture.size(), picture);
     }
-}
-
-TEST(ImageShrinking, KeepsColorsAndTheMeanOfEveryArea) {
-    QImage source(700, 30, QImage::Format_ARGB32);
-    for (int y = 0; y < source.height(); ++y) {
-        for (int x = 0; x < source.width(); ++x)
-            source.setPixel(x, y, x < 350 ? qRgba(255, 10, 200, 255) : qRgba(0, 0, (x + y) % 2 * 255, 128));
-    }
-    struct Row {
-        const char *name;
-        QSize target;
-    };
-    const Row rows[] = {{"to a few pixels", {2, 1}},
-                        {"by a fraction", {490, 21}},
-                        {"in one direction", {700, 3}},
-                        {"not at all", {700, 30}}};
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const QImage small = shrunk(paintable(source), row.target);
-        ASSERT_EQ(small.size(), row.target);
-        EXPECT_EQ(small.pixelColor(0, 0), QColor(255, 10, 200));
-        QImage right =
-            small.copy(row.target.width() - row.target.width() / 2, 0, row.target.width() / 2, row.target.height());
-        right = shrunk(right, {1, 1});
-        EXPECT_NEAR(qAlpha(right.pixel(0, 0)), 128, 1);
-        EXPECT_NEAR(right.pixelColor(0, 0).blue(), 128, 2);
-    }
-}
-
-TEST(PreviewVersion, FontsHaveFiveLinesAndAStyle) {
-    const QByteArray font = anyFont();
-    ASSERT_FALSE(font.isEmpty());
-    const PreviewVersion version = decoded(DiffPreviewKind::font, u"a.ttf"_s, font);
-    ASSERT_TRUE(version.isShown());
-    EXPECT_FALSE(version.style.isEmpty());
-    int lines = 0;
-    bool wasBlank = true;
-    for (int y = 0; y < version.picture.height(); ++y) {
-        bool blank = true;
-        for (int x = 0; x < version.picture.width(); ++x)
-            blank = blank && qAlpha(version.picture.pixel(x, y)) == 0;
-        lines += wasBlank && !blank ? 1 : 0;
-        wasBlank = blank;
-    }
-    EXPECT_GE(lines, 5); // dots and accents may stand alone
-}
-
-TEST(PreviewVersion, SaysTheDifferenceInOneSentence) {
-    const auto version = [](QSize size, qint64 bytes) {
-        PreviewVersion made{.kind = DiffPreviewKind::image, .exists = true, .bytes = bytes};
-        made.image.size = size;
-        return made;
-    };
-    EXPECT_EQ(differenceText(version({128, 128}, 3400), version({128, 128}, 2300)), u"Same size, 1.1 KB smaller"_s);
-    EXPECT_EQ(differenceText(version({16, 16}, 1), version({32, 16}, 2)), u"16 × 16 → 32 × 16, 1 byte larger"_s);
-    EXPECT_EQ(differenceText(version({8, 8}, 9), version({8, 8}, 9)), u"Same size, same number of bytes"_s);
-    EXPECT_EQ(differenceText({}, version({8, 8}, 9)), QString());
-    EXPECT_EQ(missingText({.kind = DiffPreviewKind::audio}), u"No audio in this revision"_s);
-}
-
-TEST(Zoom, StepsThroughRoundFactors) {
-    EXPECT_EQ(steppedFactor(1, 1), 1.5);
-    EXPECT_EQ(steppedFactor(1, -1), 0.75);
-    EXPECT_EQ(steppedFactor(2.25, 1), 3);
-    EXPECT_EQ(steppedFactor(2.25, -1), 2);
-    EXPECT_EQ(steppedFactor(16, 1), 16);
-    EXPECT_EQ(steppedFactor(0.01, -1), 0.01);
 }
 
 } // namespace
