@@ -4,7 +4,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QIcon>
 #include <QSettings>
+#include <QTimer>
 
 #include <chrono>
 
@@ -41,5 +43,7 @@ int main(int argc, char **argv) {
     kestor::Program program(settings);
     program.start();
     program.serve(start);
+    // Behind what shows the window, which needs no icon for that.
+    QTimer::singleShot(0, [] { QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/kestorsvn-64.png"))); });
     return QApplication::exec();
 }

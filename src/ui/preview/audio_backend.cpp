@@ -8,10 +8,14 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 
 std::unique_ptr<AudioBackend> moduleAudioBackend(const AudioReport &report) {
-    QLibrary module(QCoreApplication::applicationDirPath() + u"/kestor_audio"_s);
     using Make = AudioBackend *(*)(const AudioReport &);
-    const auto make = reinterpret_cast<Make>(module.resolve(audioBackendSymbol));
-    return std::unique_ptr<AudioBackend>(make == nullptr ? nullptr : make(report));
+    // Beside the program where it was built, else where both are installed.
+    for (const QString &folder : {u"."_s, QStringLiteral(KESTOR_AUDIO_FOLDER)}) {
+        QLibrary module(QCoreApplication::applicationDirPath() + u'/' + folder + u"/kestor_audio"_s);
+        if (const auto make = reinterpret_cast<Make>(module.resolve(audioBackendSymbol)))
+            return std::unique_ptr<AudioBackend>(make(report));
+    }
+    return nullptr;
 }
 
 } // namespace kestor

@@ -50,8 +50,8 @@ using AudioBackendFactory = std::function<std::unique_ptr<AudioBackend>(AudioRep
 /// &)`.
 inline constexpr const char *audioBackendSymbol = "kestorAudioBackend";
 
-/// The backend of the module beside the program, which is loaded for that, since what it needs would slow down every
-/// start. Null when there is none.
+/// The backend of the module beside the program or installed with it, which is loaded for that, since what it needs
+/// would slow down every start. Null when there is none.
 std::unique_ptr<AudioBackend> moduleAudioBackend(const AudioReport &report);
 
 } // namespace kestor
