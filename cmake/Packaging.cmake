@@ -63,9 +63,6 @@ if(TARGET kestor_audio)
   if(APPLE)
     set_target_properties(kestor_audio PROPERTIES
       LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/src/ui/KestorSVN.app/Contents/PlugIns)
-  else()
-    # It calls nothing of the C library itself, which Debian wants to see named all the same.
-    target_link_libraries(kestor_audio PRIVATE -Wl,--no-as-needed -lc -Wl,--as-needed)
   endif()
 endif()
 
