@@ -55,6 +55,19 @@ TEST(History, OfAWorkingCopyOfABranchNamesWhatLiesOutsideByItsWholePath) {
     EXPECT_EQ(f.app.historyLineSummary.value(), (LineChangeSummary{2, 0}));
 }
 
+TEST(History, IsGroupedAfreshWhenTheWorkingCopyMovesToABranch) {
+    SvnFixture repository;
+    repository.write(u"a.c"_s);
+    repository.commitAll(u"two"_s);
+    const QString branch = u"file://"_s + repository.tree.path(u"repo"_s) + u"/branches/b"_s;
+    repository.svn({u"copy"_s, u"-q"_s, u"-m"_s, u"branch"_s, u"."_s, branch});
+    HistoryFixture f(repository);
+    f.app.selectedTab = WorkflowTab::changes;
+    awaited(f.app.runSelectedProjectCommand(u"Switch"_s, {u"switch"_s, branch}, RefreshAfter::yes, ShowOutput::always));
+    EXPECT_EQ(f.files(), u"trunk/a.c: A 2"_list);
+    EXPECT_EQ(f.app.historyDiffID.value(), (FileRevisionID{u"trunk/a.c"_s, 2}));
+}
+
 /// A file that was renamed, a merge, names that need care.
 class GitHistoryFixture : public GitFixture {
 public:

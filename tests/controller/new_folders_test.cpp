@@ -81,5 +81,16 @@ TEST(NewFolders, TakeOnePlainName) {
     EXPECT_EQ(fileURL(u"/tmp/a b#c%ü?"_s), u"file:///tmp/a%20b%23c%25%C3%BC%3F"_s);
 }
 
+TEST(NewFolders, ReplaceNothingButAnEmptyFolder) {
+    TempTree tree;
+    tree.makeDirectory(u"empty"_s);
+    tree.writeAll({{u"hidden/.file"_s}, {u"file"_s}});
+    QFile::link(tree.path(u"nowhere"_s), tree.path(u"dangling"_s));
+    for (const QString &free : u"none|empty"_list)
+        EXPECT_EQ(standingDestinationRefusal(tree.path(free)), std::nullopt) << free.toStdString();
+    for (const QString &taken : u"hidden|file|dangling"_list)
+        EXPECT_NE(standingDestinationRefusal(tree.path(taken)), std::nullopt) << taken.toStdString();
+}
+
 } // namespace
 } // namespace kestor

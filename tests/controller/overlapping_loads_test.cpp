@@ -85,6 +85,24 @@ TEST_F(OverlappingLoads, TheFailureOfAnOldLoadStaysUntold) {
     EXPECT_EQ(app->alert.value(), std::nullopt);
 }
 
+TEST_F(OverlappingLoads, AnOlderDiffNeverReplacesTheNewOne) {
+    app->selectedProjectID = app->projects.value()[0].id;
+    app->changes = QList<WorkingCopyItem>{{.path = u"a.c"_s, .kind = SVNStatusKind::modified},
+                                          {.path = u"b.c"_s, .kind = SVNStatusKind::modified}};
+    for (const QString &path : u"a.c|b.c"_list) {
+        app->selectedChangeID = path;
+        tasks.push_back(app->selectedChangeChanged());
+    }
+    ASSERT_TRUE(waitUntil([&] { return tool->runs.size() == 2; }));
+    for (const qsizetype run : {1, 0}) {
+        tool->runs[run].promise->addResult(SVNCommandResult{{}, 0, run == 1 ? "+new\n" : "+old\n", {}});
+        tool->runs[run].promise->finish();
+        settle();
+    }
+    EXPECT_EQ(app->diffPath.value(), u"b.c"_s);
+    EXPECT_EQ(app->diffText.value(), u"+new\n"_s);
+}
+
 TEST_F(OverlappingLoads, OnlyAskedForLoadsMayTakeGitsLocks) {
     selectProject(0);
     ASSERT_TRUE(waitForRun(status, 1));
@@ -96,16 +114,18 @@ TEST_F(OverlappingLoads, OnlyAskedForLoadsMayTakeGitsLocks) {
 
 TEST_F(OverlappingLoads, AnOlderHistoryNeverReplacesTheNewOne) {
     loadHistoryOf(0);
+    loadHistoryOf(0);
     loadHistoryOf(1);
-    ASSERT_EQ(tool->vectors(), (QList<QStringList>{log, log}));
+    ASSERT_EQ(tool->vectors(), (QList<QStringList>{log, log, log}));
     EXPECT_EQ(app->busyMessage.value(), u"Loading history"_s);
-    tool->runs[1].promise->addResult(SVNCommandResult{{}, 0, printedLog("two.c", {"abc"}), {}});
-    tool->runs[1].promise->finish();
+    tool->runs[2].promise->addResult(SVNCommandResult{{}, 0, printedLog("two.c", {"abc"}), {}});
+    tool->runs[2].promise->finish();
     ASSERT_TRUE(waitUntil([&] { return app->historyLoaded.value(); }));
     EXPECT_EQ(app->busyMessage.value(), std::nullopt) << "the list is there, its sum and diff may follow";
     ASSERT_TRUE(tool->finish(log, "", 128, "fatal: gone"));
     const QStringList head = u"rev-parse|--verify|--quiet|HEAD"_list;
     ASSERT_TRUE(waitUntil([&] { return tool->finish(head, "", 128); }));
+    finish(log, printedLog("one.c", {"def"}));
     settle();
     EXPECT_EQ(app->selectedHistoryPath.value(), u"two.c"_s);
     EXPECT_EQ(app->alert.value(), std::nullopt);
