@@ -3,6 +3,7 @@
 #include "parsers/svn_xml_reader.h"
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -41,7 +42,7 @@ private:
     bool take(char expected);
     bool take(std::string_view expected);
 
-    static constexpr std::size_t mostAttributes = 16; ///< svn prints six at most
+    static constexpr std::size_t mostAttributes = 16; ///< more than svn prints
 
     XmlHandler &handler;
     std::string_view unread;

@@ -50,8 +50,8 @@ qint64 hunkPosition(QStringView range) {
     return decimalInteger(comma < 0 ? rest : rest.first(comma)).value_or(0);
 }
 
-/// A little more than the lines of `text` if its beginning is like the rest: memory that is reserved and never touched
-/// costs nothing, unlike the copies of a growing vector of this size.
+/// A little more than the lines of `text` if its beginning is like the rest, bounded by the size of the text: memory
+/// that is reserved and not touched costs nothing, unlike the copies of a growing vector of this size.
 qsizetype expectedLines(QStringView text) {
     constexpr qsizetype sampleSize = 65'536;
     const QStringView sample = text.first(qMin(text.size(), sampleSize));
