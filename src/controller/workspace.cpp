@@ -77,7 +77,10 @@ QCoro::Task<> Workspace::showError(QString title, SVNClientError error) {
         showAlert(title, error.errorDescription());
         co_return;
     }
-    const CommandOutput output = co_await outputOf(title, *result);
+    SVNCommandResult printed = *result;
+    error = SVNClientError::launchFailed(QString()); // what was printed goes as soon as it is text
+    const CommandOutput output = co_await outputOf(title, std::move(printed));
+    release(commandOutput.value());
     commandOutput = output;
     showAlert(title, failureMessage(output));
 }
@@ -85,10 +88,11 @@ QCoro::Task<> Workspace::showError(QString title, SVNClientError error) {
 QCoro::Task<CommandOutput> Workspace::outputOf(QString title, SVNCommandResult result) {
     if (result.stdoutData.size() + result.stderrData.size() <= decodedAtOnce)
         co_return commandOutputOf(title, result);
-    const auto decode = [title, result = std::move(result)] {
-        return commandOutputOf(title, result);
+    auto decode = [title, result = std::move(result)]() mutable {
+        const SVNCommandResult printed = std::move(result); // to go on this thread
+        return commandOutputOf(title, printed);
     };
-    co_return co_await QtConcurrent::run(&workers, decode);
+    co_return co_await QtConcurrent::run(&workers, std::move(decode));
 }
 
 QCoro::Task<> Workspace::reporting(QString title, QCoro::Task<> work, std::function<bool()> isRelevant) {
@@ -99,8 +103,9 @@ QCoro::Task<> Workspace::reporting(QString title, QCoro::Task<> work, std::funct
     } catch (const SVNClientError &error) {
         failure = error;
     }
+    work = QCoro::Task<>(); // holds the error, too
     if (failure && !closing && (!isRelevant || isRelevant()))
-        co_await showError(title, *failure);
+        co_await showError(title, *std::move(failure));
 }
 
 std::optional<Project> Workspace::requiredProject() {

@@ -27,8 +27,10 @@ QCoro::Task<> Workspace::runToolCommand(RepositoryKind kind, QString title, Path
         SVNCommandResult result = co_await runPathCommand(toolFor(kind), kind, workingDirectory, command);
         output = co_await outputOf(title, std::move(result));
     }
-    if (showOutput == ShowOutput::always || !output.stdoutText.isEmpty() || !output.stderrText.isEmpty())
+    if (showOutput == ShowOutput::always || !output.stdoutText.isEmpty() || !output.stderrText.isEmpty()) {
+        release(commandOutput.value());
         commandOutput = output;
+    }
     if (refreshAfter == RefreshAfter::yes)
         co_await reloadAfterChange();
 }

@@ -52,6 +52,14 @@ QString launchObstacle(const ChildCommand &command) {
     return {};
 }
 
+/// Appending alone would copy what is there into each larger block, which for a long output takes too long.
+void appendTo(QByteArray &output, const QByteArray &read) {
+    const qsizetype size = output.size() + read.size();
+    if (size > output.capacity())
+        output.reserve(std::max(size, 2 * output.capacity()));
+    output.append(read);
+}
+
 /// One started child. Lives in the frame of the coroutine that waits for its end.
 class Child final : public QProcess, public Stoppable {
 public:
@@ -105,9 +113,9 @@ Child::~Child() {
 
 void Child::connectSignals() {
     connect(this, &QProcess::readyReadStandardOutput, this,
-            [this] { result.stdoutData.append(readAllStandardOutput()); });
+            [this] { appendTo(result.stdoutData, readAllStandardOutput()); });
     connect(this, &QProcess::readyReadStandardError, this,
-            [this] { result.stderrData.append(readAllStandardError()); });
+            [this] { appendTo(result.stderrData, readAllStandardError()); });
     connect(this, &QProcess::errorOccurred, this,
             [this](ProcessError error) { startError = startError || error == FailedToStart; });
     // Queued: what waits for the end destroys this object, which must not happen inside QProcess's own functions.
