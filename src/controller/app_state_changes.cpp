@@ -11,6 +11,8 @@
 #include <QCoroFuture>
 #include <QtConcurrent>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace kestor {
@@ -48,16 +50,24 @@ QCoro::Task<> AppState::selectedChangeChanged() {
 }
 
 void AppState::setCommitSelection(const QList<WorkingCopyItem> &items, bool selected) {
-    QSet<QString> ticks = selectedCommitPaths;
+    const QSet<QString> before = selectedCommitPaths;
+    // Where all rows change, copying what was and taking out each would hold up the window.
+    const bool allRows = items.size() == changes.value().size();
+    QSet<QString> ticks = allRows ? QSet<QString>() : before;
+    if (selected)
+        ticks.reserve(std::max(ticks.size(), items.size()));
+    tickDecisions.reserve(std::max(tickDecisions.size(), items.size()));
     for (const WorkingCopyItem &item : items) {
-        if (isCommittable(item))
-            tickDecisions.insert(item.path, selected);
-        if (selected && isCommittable(item))
+        if (!isCommittable(item))
+            continue;
+        tickDecisions.insert(item.path, selected);
+        if (selected)
             ticks.insert(item.path);
-        else
+        else if (!allRows)
             ticks.remove(item.path);
     }
     selectedCommitPaths = ticks;
+    release(before);
 }
 
 QCoro::Task<> AppState::loadDiffForSelectedChange() {
