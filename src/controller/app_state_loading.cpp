@@ -57,14 +57,22 @@ QCoro::Task<> AppState::refresh(RunPurpose purpose) {
         co_return;
     // A tab that is shown meanwhile loads what it lacks by itself.
     const WorkflowTab tab = selectedTab;
-    // Commands are held back from the first probe on; the load then has a message of its own.
-    std::optional<BusyScope> probing(std::in_place, busy, u"Loading changes"_s, BusyKind::load);
-    co_await refreshSelectedProjectKind();
-    if (selectedProjectID.value() != project->id)
+    // The probe nearly always finds what is known already, so the loads do not wait for it.
+    const QCoro::Task<> verifying = refreshSelectedProjectKind();
+    const QCoro::Task<> status = loadStatus(purpose);
+    const QCoro::Task<> shares = languageShares.reload();
+    co_await verifying;
+    const std::optional<Project> verified = selectedProject();
+    if (!verified || verified->id != project->id)
         co_return; // its own refresh is under way
-    const QCoro::Task<> loading = reloadEverything(purpose, tab);
-    probing.reset();
-    co_await loading;
+    if (verified->kind != project->kind)
+        co_return co_await reloadEverything(purpose, tab);
+    if (verified->kind == RepositoryKind::git)
+        co_await loadInfo(); // svn's came with the probe
+    incoming.dropWhatArrived();
+    co_await loadLogOf(tab);
+    co_await status;
+    co_await shares;
 }
 
 QCoro::Task<> AppState::reloadEverything(RunPurpose purpose, WorkflowTab tab) {
@@ -109,7 +117,7 @@ QCoro::Task<> AppState::verifyKind(Project project) {
     bool asStored = true;
     try {
         if (project.kind == RepositoryKind::svn)
-            co_await probeSubversion(toolFor(RepositoryKind::svn), project.path);
+            co_await updateInfo(); // svn asks for nothing else
         else
             co_await probeGit(toolFor(RepositoryKind::git), project.path);
     } catch (const SVNClientError &) {
@@ -130,7 +138,8 @@ QCoro::Task<> AppState::loadStatus(RunPurpose purpose) {
         co_return;
     const quint64 generation = ++statusGeneration;
     const std::function<bool()> isRelevant = [this, project, generation] {
-        return isCurrent(*project, generation, statusGeneration);
+        const std::optional<Project> shown = selectedProject();
+        return isCurrent(*project, generation, statusGeneration) && shown && shown->kind == project->kind;
     };
     co_await reporting(u"Status Failed"_s, loadChanges(*project, generation, purpose), isRelevant);
 }
@@ -139,8 +148,17 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
     {
         const BusyScope loading(busy, u"Loading changes"_s, BusyKind::load);
         const std::shared_ptr<Tool> tool = toolFor(project.kind);
-        const SVNCommandResult result =
-            co_await tool->run(statusArguments(project.kind), project.path, CheckStatus::yes, purpose);
+        SVNCommandResult result;
+        std::optional<SVNClientError> failure;
+        try {
+            result = co_await tool->run(statusArguments(project.kind), project.path, CheckStatus::yes, purpose);
+        } catch (const SVNClientError &error) {
+            failure = error;
+        }
+        if (failure) {
+            co_await refreshSelectedProjectKind(); // it may be of the other kind by now, and the failure no news
+            throw *failure;
+        }
         const TickDecisions before = tickDecisions;
         const auto read = [kind = project.kind, path = project.path, output = result.stdoutData, before] {
             return loadedChanges(statusRows(kind, path, output), before);
@@ -161,6 +179,7 @@ void AppState::publishChanges(const LoadedChanges &loaded, const TickDecisions &
     const bool asBefore = tickDecisions == decisionsBefore;
     const QSet<QString> ticks = asBefore ? loaded.ticked : ticksFor(items, tickDecisions);
     tickDecisions = asBefore ? loaded.decisions : remainingDecisions(items, tickDecisions);
+    release(std::pair(changes.value(), selectedCommitPaths.value()));
     gitFacts = loaded.rows.git;
     changes = items;
     changesLoaded = true;
