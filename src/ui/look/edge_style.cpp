@@ -1,5 +1,6 @@
 #include "ui/look/edge_style.h"
 
+#include "ui/look/icons.h"
 #include "ui/look/theme.h"
 
 #include <QPainter>
@@ -172,6 +173,11 @@ int EdgeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const
     default:
         return QProxyStyle::pixelMetric(metric, option, widget);
     }
+}
+
+QIcon EdgeStyle::standardIcon(StandardPixmap standard, const QStyleOption *option, const QWidget *widget) const {
+    const bool hasOwn = standard == SP_ToolBarHorizontalExtensionButton;
+    return hasOwn ? icon(Icon::chevronRight) : QProxyStyle::standardIcon(standard, option, widget);
 }
 
 } // namespace kestor

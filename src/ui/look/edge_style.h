@@ -22,6 +22,9 @@ public:
                            const QWidget *widget) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option = nullptr,
                     const QWidget *widget = nullptr) const override;
+    /// Every menu bar makes the icon for what has no room in it. Fusion's would load all plugins for images at start.
+    QIcon standardIcon(StandardPixmap standard, const QStyleOption *option = nullptr,
+                       const QWidget *widget = nullptr) const override;
 };
 
 } // namespace kestor
