@@ -17,7 +17,7 @@ struct Pause {
 
 /// Reports every turn of the main thread's event loop that holds it up for too long, from the first event of the turn
 /// to its last. Time that the system gave to other programs does not count, so that the same holds on a busy machine.
-/// For debug builds, tests and benchmarks; main thread only.
+/// Main thread only.
 class PauseWatch final : public QObject {
     Q_OBJECT
 
