@@ -8,7 +8,7 @@ namespace kestor {
 
 namespace {
 
-enum class Element : std::uint8_t {
+enum class InfoElement : std::uint8_t {
     entry,
     repository,
     wcInfo,
@@ -21,24 +21,24 @@ enum class Element : std::uint8_t {
     author,
     date,
 };
-constexpr std::array<std::string_view, 11> elementNames{
+constexpr std::array<std::string_view, 11> infoElementNames{
     "entry", "repository", "wc-info",        "commit", "url", "relative-url",
     "root",  "uuid",       "wcroot-abspath", "author", "date"};
-static_assert(elementNames.size() == static_cast<std::size_t>(Element::date) + 1);
+static_assert(infoElementNames.size() == static_cast<std::size_t>(InfoElement::date) + 1);
 
 class InfoHandler final : public XmlHandler {
 public:
     RepositoryInfo info;
 
     void startElement(std::string_view name, XmlAttributes attributes) override {
-        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
+        const std::optional<InfoElement> element = elementNamed<InfoElement>(infoElementNames, name);
         if (!element)
             return;
         setInside(*element, true);
-        if (*element == Element::entry) {
+        if (*element == InfoElement::entry) {
             info.revision = attributes.text("revision");
             info.workingRevision = info.revision;
-        } else if (*element == Element::commit) {
+        } else if (*element == InfoElement::commit) {
             info.lastChangedRevision = attributes.text("revision");
             // What counts is the last change; the entry's own revision stays available as the working revision.
             if (info.lastChangedRevision)
@@ -47,7 +47,7 @@ public:
     }
 
     void endElement(std::string_view name, std::string_view text) override {
-        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
+        const std::optional<InfoElement> element = elementNamed<InfoElement>(infoElementNames, name);
         if (!element)
             return;
         store(*element, text);
@@ -55,42 +55,42 @@ public:
     }
 
 private:
-    void store(Element element, std::string_view text) {
-        if (element == Element::date && inCommit)
+    void store(InfoElement element, std::string_view text) {
+        if (element == InfoElement::date && inCommit)
             info.lastChangedDate = dateFromISO8601(trimmedFromUtf8(text));
         if (std::optional<QString> *const field = fieldOf(element))
             *field = trimmedFromUtf8(text);
     }
 
     /// The field that the text of `element` belongs to, given the elements around it; null when to none.
-    std::optional<QString> *fieldOf(Element element) {
+    std::optional<QString> *fieldOf(InfoElement element) {
         switch (element) {
-        case Element::url:
+        case InfoElement::url:
             return inRepository ? nullptr : &info.url;
-        case Element::relativeUrl:
+        case InfoElement::relativeUrl:
             return &info.relativeURL;
-        case Element::root:
+        case InfoElement::root:
             return inRepository ? &info.repositoryRoot : nullptr;
-        case Element::uuid:
+        case InfoElement::uuid:
             return inRepository ? &info.repositoryUUID : nullptr;
-        case Element::wcrootAbspath:
+        case InfoElement::wcrootAbspath:
             return inWorkingCopy ? &info.workingCopyRoot : nullptr;
-        case Element::author:
+        case InfoElement::author:
             return inCommit ? &info.lastChangedAuthor : nullptr;
         default:
             return nullptr;
         }
     }
 
-    void setInside(Element element, bool inside) {
+    void setInside(InfoElement element, bool inside) {
         switch (element) {
-        case Element::repository:
+        case InfoElement::repository:
             inRepository = inside;
             break;
-        case Element::wcInfo:
+        case InfoElement::wcInfo:
             inWorkingCopy = inside;
             break;
-        case Element::commit:
+        case InfoElement::commit:
             inCommit = inside;
             break;
         default:

@@ -10,9 +10,9 @@ namespace kestor {
 
 namespace {
 
-enum class Element : std::uint8_t { logentry, author, date, msg, path };
-constexpr std::array<std::string_view, 5> elementNames{"logentry", "author", "date", "msg", "path"};
-static_assert(elementNames.size() == static_cast<std::size_t>(Element::path) + 1);
+enum class LogElement : std::uint8_t { logentry, author, date, msg, path };
+constexpr std::array<std::string_view, 5> logElementNames{"logentry", "author", "date", "msg", "path"};
+static_assert(logElementNames.size() == static_cast<std::size_t>(LogElement::path) + 1);
 
 class LogHandler final : public XmlHandler {
 public:
@@ -25,38 +25,38 @@ public:
     }
 
     void startElement(std::string_view name, XmlAttributes attributes) override {
-        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
-        if (element == Element::logentry) {
+        const std::optional<LogElement> element = elementNamed<LogElement>(logElementNames, name);
+        if (element == LogElement::logentry) {
             revision = attributes.integer("revision");
             entry = LogEntry();
-        } else if (element == Element::path) {
+        } else if (element == LogElement::path) {
             pathAction = attributes.text("action", actions).value_or(QString());
             pathKind = attributes.text("kind", kinds);
         }
     }
 
     void endElement(std::string_view name, std::string_view text) override {
-        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
+        const std::optional<LogElement> element = elementNamed<LogElement>(logElementNames, name);
         if (element)
             endKnownElement(*element, text);
     }
 
 private:
-    void endKnownElement(Element element, std::string_view text) {
+    void endKnownElement(LogElement element, std::string_view text) {
         switch (element) {
-        case Element::author:
+        case LogElement::author:
             entry.author = authors.fromUtf8(text).trimmed();
             break;
-        case Element::date:
+        case LogElement::date:
             entry.date = dateFromISO8601(trimmedFromUtf8(text));
             break;
-        case Element::msg: // blanks at the ends of a message are the author's and stay
+        case LogElement::msg: // blanks at the ends of a message are the author's and stay
             entry.message = withoutOuterLineBreaks(fromUtf8(text)).toString();
             break;
-        case Element::path:
+        case LogElement::path:
             entry.paths.append(SVNPathChange{pathAction, paths.fromUtf8(text).trimmed(), pathKind});
             break;
-        case Element::logentry:
+        case LogElement::logentry:
             endEntry();
             break;
         }

@@ -10,10 +10,10 @@ namespace kestor {
 
 namespace {
 
-enum class Element : std::uint8_t { entry, wcStatus, reposStatus, treeConflict, author, against };
-constexpr std::array<std::string_view, 6> elementNames{"entry",         "wc-status", "repos-status",
-                                                       "tree-conflict", "author",    "against"};
-static_assert(elementNames.size() == static_cast<std::size_t>(Element::against) + 1);
+enum class StatusElement : std::uint8_t { entry, wcStatus, reposStatus, treeConflict, author, against };
+constexpr std::array<std::string_view, 6> statusElementNames{"entry",         "wc-status", "repos-status",
+                                                             "tree-conflict", "author",    "against"};
+static_assert(statusElementNames.size() == static_cast<std::size_t>(StatusElement::against) + 1);
 
 /// The status that an attribute names: `missing` without the attribute, unknown for a word that is no status.
 SVNStatusKind statusKind(XmlAttributes attributes, std::string_view name, SVNStatusKind missing) {
@@ -35,25 +35,25 @@ public:
     }
 
     void startElement(std::string_view name, XmlAttributes attributes) override {
-        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
-        if (element == Element::entry)
+        const std::optional<StatusElement> element = elementNamed<StatusElement>(statusElementNames, name);
+        if (element == StatusElement::entry)
             startEntry(attributes);
         if (element)
             startOther(*element, attributes);
     }
 
     void endElement(std::string_view name, std::string_view text) override {
-        const std::optional<Element> element = elementNamed<Element>(elementNames, name);
-        if (element == Element::author)
+        const std::optional<StatusElement> element = elementNamed<StatusElement>(statusElementNames, name);
+        if (element == StatusElement::author)
             item.author = authors.fromUtf8(text).trimmed();
-        if (element == Element::entry)
+        if (element == StatusElement::entry)
             endEntry();
     }
 
 protected:
     explicit StatusHandler(SVNStatusKind unstated) : unstatedKind(unstated) {}
 
-    virtual void startOther(Element element, XmlAttributes attributes) = 0;
+    virtual void startOther(StatusElement element, XmlAttributes attributes) = 0;
 
     WorkingCopyItem item;
     RepeatedText revisions;
@@ -83,9 +83,9 @@ public:
     LocalStatusHandler() : StatusHandler(SVNStatusKind::unknown) {}
 
 private:
-    void startOther(Element element, XmlAttributes attributes) override {
+    void startOther(StatusElement element, XmlAttributes attributes) override {
         switch (element) {
-        case Element::wcStatus:
+        case StatusElement::wcStatus:
             item.kind = statusKind(attributes, "item", SVNStatusKind::unknown);
             item.propertiesKind = statusKind(attributes, "props", SVNStatusKind::none);
             item.revision = attributes.text("revision", revisions);
@@ -93,7 +93,7 @@ private:
             if (attributes.value("tree-conflicted") == "true")
                 item.treeConflict = true;
             break;
-        case Element::treeConflict:
+        case StatusElement::treeConflict:
             item.treeConflict = true;
             break;
         default:
@@ -109,16 +109,16 @@ public:
     std::optional<qint64> repositoryRevision;
 
 private:
-    void startOther(Element element, XmlAttributes attributes) override {
+    void startOther(StatusElement element, XmlAttributes attributes) override {
         switch (element) {
-        case Element::wcStatus:
+        case StatusElement::wcStatus:
             item.revision = attributes.text("revision", revisions);
             break;
-        case Element::reposStatus:
+        case StatusElement::reposStatus:
             item.kind = statusKind(attributes, "item", SVNStatusKind::none);
             item.propertiesKind = statusKind(attributes, "props", SVNStatusKind::none);
             break;
-        case Element::against:
+        case StatusElement::against:
             repositoryRevision = attributes.integer("revision");
             break;
         default:

@@ -208,7 +208,7 @@ TEST(CompiledSyntax, CopesWithLongLines) {
     EXPECT_EQ(syntax.collectedMatches(unclosed), (QList<SyntaxSpan>{{900'000, 2, u"#B42D8D"_s}}));
 }
 
-CustomLanguageRule rule(const QString &extension, const QString &name, const std::optional<QString> &file = {}) {
+CustomLanguageRule custom(const QString &extension, const QString &name, const std::optional<QString> &file = {}) {
     return {.fileExtension = extension, .languageName = name, .syntaxFilePath = file};
 }
 
@@ -225,17 +225,17 @@ TEST(SyntaxHighlighter, ChoosesTheDefinitionOfAFile) {
         {"by name", u"a/CMakeLists.txt"_s, {}, u"cmake"_s},
         {"unknown", u"a/LICENSE"_s, {}, u"!"_s},
         {"a language without definition", u"a.coffee"_s, {}, u"!"_s},
-        {"rule", u"a.inc"_s, {rule(u" .INC"_s, u" PHP "_s)}, u"php"_s},
-        {"a rule beats the name", u"CMakeLists.txt"_s, {rule(u"txt"_s, u"SQL"_s)}, u"sql"_s},
-        {"a rule for an unknown language beats the built-in one", u"a.c"_s, {rule(u"c"_s, u"Cee"_s)}, u"!"_s},
-        {"the last rule", u"a.c"_s, {rule(u"c"_s, u"Lua"_s, own), rule(u"C."_s, u"SQL"_s)}, u"sql"_s},
-        {"a rule without name is none", u"a.c"_s, {rule(u"c"_s, u"SQL"_s), rule(u"c"_s, u" "_s, own)}, u"sql"_s},
-        {"file", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, u" "_s + own + u"\n"_s)}, u"own"_s},
-        {"file without rules", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, empty)}, u"sql"_s},
-        {"missing file", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, missing)}, u"sql"_s},
-        {"folder", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, tree.path())}, u"sql"_s},
-        {"blank path", u"a.c"_s, {rule(u"c"_s, u"SQL"_s, u" "_s)}, u"sql"_s},
-        {"a rule without extension is for no file", u"Makefile"_s, {rule(u"."_s, u"SQL"_s)}, u"makefile"_s},
+        {"rule", u"a.inc"_s, {custom(u" .INC"_s, u" PHP "_s)}, u"php"_s},
+        {"a rule beats the name", u"CMakeLists.txt"_s, {custom(u"txt"_s, u"SQL"_s)}, u"sql"_s},
+        {"a rule for an unknown language beats the built-in one", u"a.c"_s, {custom(u"c"_s, u"Cee"_s)}, u"!"_s},
+        {"the last rule", u"a.c"_s, {custom(u"c"_s, u"Lua"_s, own), custom(u"C."_s, u"SQL"_s)}, u"sql"_s},
+        {"a rule without name is none", u"a.c"_s, {custom(u"c"_s, u"SQL"_s), custom(u"c"_s, u" "_s, own)}, u"sql"_s},
+        {"file", u"a.c"_s, {custom(u"c"_s, u"SQL"_s, u" "_s + own + u"\n"_s)}, u"own"_s},
+        {"file without rules", u"a.c"_s, {custom(u"c"_s, u"SQL"_s, empty)}, u"sql"_s},
+        {"missing file", u"a.c"_s, {custom(u"c"_s, u"SQL"_s, missing)}, u"sql"_s},
+        {"folder", u"a.c"_s, {custom(u"c"_s, u"SQL"_s, tree.path())}, u"sql"_s},
+        {"blank path", u"a.c"_s, {custom(u"c"_s, u"SQL"_s, u" "_s)}, u"sql"_s},
+        {"a rule without extension is for no file", u"Makefile"_s, {custom(u"."_s, u"SQL"_s)}, u"makefile"_s},
     };
     for (const auto &[name, path, rules, like] : rows) {
         const std::optional<SyntaxDefinition> expected = like == u"own"

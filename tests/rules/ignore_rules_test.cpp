@@ -1,4 +1,5 @@
 #include "rules/ignore_rules.h"
+#include "rules_of.h"
 #include "support/temp_tree.h"
 #include "support/test.h"
 
@@ -8,13 +9,6 @@
 
 namespace kestor {
 namespace {
-
-IgnoreRules rulesOf(const QStringList &lines) {
-    QList<IgnoreRule> rules;
-    for (const QString &line : lines)
-        rules.append(*IgnoreRule::fromLine(line, u""));
-    return IgnoreRules(rules);
-}
 
 QStringList patternsOf(const IgnoreRules &rules) {
     QStringList patterns;

@@ -1,4 +1,5 @@
 #include "rules/unversioned_scan.h"
+#include "rules_of.h"
 #include "support/temp_tree.h"
 #include "support/test.h"
 #include "support/without_privileges.h"
@@ -8,13 +9,6 @@
 
 namespace kestor {
 namespace {
-
-IgnoreRules rulesOf(const QStringList &lines) {
-    QList<IgnoreRule> rules;
-    for (const QString &line : lines)
-        rules.append(*IgnoreRule::fromLine(line, u""));
-    return IgnoreRules(rules);
-}
 
 /// The paths found, sorted, those of folders with "/" at the end.
 QStringList scanned(const TempTree &tree, const QString &folder, const QStringList &lines = {},

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int buttonHeight = 28;
+constexpr int branchButtonHeight = 28;
 constexpr int edge = 9;
 constexpr int iconSide = 16;
 constexpr int chevronSide = 12;
@@ -24,7 +24,7 @@ void drawIcon(QPainter &painter, Icon shown, const QRect &area, int left, int si
 } // namespace
 
 BranchButton::BranchButton(QWidget *parent) : QPushButton(parent) {
-    setFixedHeight(buttonHeight);
+    setFixedHeight(branchButtonHeight);
     setAutoDefault(false);
     setFocusPolicy(Qt::TabFocus);
 }
@@ -47,11 +47,11 @@ int BranchButton::leastWidth() {
 }
 
 QSize BranchButton::sizeHint() const {
-    return {wantedWidth(), buttonHeight};
+    return {wantedWidth(), branchButtonHeight};
 }
 
 QSize BranchButton::minimumSizeHint() const {
-    return {leastWidth(), buttonHeight};
+    return {leastWidth(), branchButtonHeight};
 }
 
 void BranchButton::paintEvent(QPaintEvent *) {

@@ -9,7 +9,7 @@ namespace kestor {
 
 namespace {
 
-constexpr int edge = 16;
+constexpr int sampleMargin = 16;
 
 }
 
@@ -44,12 +44,12 @@ void FontView::paintEvent(QPaintEvent *) {
     if (colored.isNull())
         return;
     QSizeF size = colored.deviceIndependentSize();
-    const QSizeF room(width() - 2 * edge, height());
+    const QSizeF room(width() - 2 * sampleMargin, height());
     if (size.width() > room.width() || size.height() > room.height()) {
         size = size.scaled(room, Qt::KeepAspectRatio);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
     }
-    painter.drawImage(QRectF(QPointF(edge, qRound((height() - size.height()) / 2)), size), colored);
+    painter.drawImage(QRectF(QPointF(sampleMargin, qRound((height() - size.height()) / 2)), size), colored);
 }
 
 } // namespace kestor

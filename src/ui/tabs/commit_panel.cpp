@@ -19,7 +19,7 @@ namespace {
 constexpr int messageHeight = 92;
 constexpr int smallestMessage = 60;
 constexpr int messageMargin = 7;
-constexpr int buttonHeight = 28;
+constexpr int commitButtonHeight = 28;
 constexpr double cornerRadius = 4;
 
 class MessageEditor final : public QPlainTextEdit {
@@ -85,7 +85,7 @@ QLayout *CommitPanel::footer() {
     row->addWidget(button);
     countLabel->setForegroundRole(QPalette::PlaceholderText);
     countLabel->setWordWrap(true);
-    button->setFixedHeight(buttonHeight + 2 * AccentButton::frameRoom);
+    button->setFixedHeight(commitButtonHeight + 2 * AccentButton::frameRoom);
     countLabel->setFixedHeight(button->height());
     return row;
 }

@@ -15,7 +15,7 @@ using Shown = std::vector<DiffRow>;
 
 constexpr DiffRowKind head = DiffRowKind::fileHead;
 constexpr DiffRowKind hunkHead = DiffRowKind::hunkHead;
-constexpr DiffRowKind line = DiffRowKind::line;
+constexpr DiffRowKind textLine = DiffRowKind::line;
 
 Shown all(const DiffRows &rows) {
     Shown found;
@@ -42,10 +42,10 @@ void expectPlacesFit(const DiffRows &rows, int margin) {
 
 TEST(DiffRows, SeveralFilesHaveHeadsAndFold) {
     const DiffDocumentPtr document = diffDocument(testing::threeFileDiff());
-    const Shown first{{head, 0},       {hunkHead, 0, 0}, {line, 0, 0, 0}, {line, 0, 0, 1},
-                      {line, 0, 0, 2}, {hunkHead, 0, 1}, {line, 0, 1, 3}};
+    const Shown first{{head, 0},           {hunkHead, 0, 0}, {textLine, 0, 0, 0}, {textLine, 0, 0, 1},
+                      {textLine, 0, 0, 2}, {hunkHead, 0, 1}, {textLine, 0, 1, 3}};
     const Shown second{{head, 1}, {DiffRowKind::noText, 1}};
-    const Shown third{{head, 2}, {hunkHead, 2, 2}, {line, 2, 2, 4}, {line, 2, 2, 5}};
+    const Shown third{{head, 2}, {hunkHead, 2, 2}, {textLine, 2, 2, 4}, {textLine, 2, 2, 5}};
     const auto joined = [](std::initializer_list<Shown> parts) {
         Shown rows;
         for (const Shown &part : parts)
