@@ -1,5 +1,7 @@
 #include "controller/tool_text.h"
 
+#include "model/utf8_text.h"
+
 #include <QUtf8StringView>
 
 namespace kestor {
@@ -7,7 +9,7 @@ namespace kestor {
 namespace {
 
 QString lineText(QByteArrayView line) {
-    return QUtf8StringView(line).isValidUtf8() ? QString::fromUtf8(line) : QString::fromLatin1(line);
+    return QUtf8StringView(line).isValidUtf8() ? utf8Text(line) : QString::fromLatin1(line);
 }
 
 } // namespace
@@ -18,7 +20,7 @@ bool isValidUtf8(QByteArrayView output) {
 
 QString toolText(QByteArrayView output) {
     if (isValidUtf8(output))
-        return QString::fromUtf8(output);
+        return utf8Text(output);
     QString text;
     text.reserve(output.size());
     while (!output.isEmpty()) {

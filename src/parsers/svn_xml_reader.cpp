@@ -1,5 +1,6 @@
 #include "parsers/svn_xml_reader.h"
 
+#include "model/utf8_text.h"
 #include "parsers/decimal_integer.h"
 #include "parsers/svn_xml_scanner.h"
 
@@ -79,7 +80,7 @@ void readWithExpat(std::string_view utf8, const std::vector<std::string_view> &o
 } // namespace
 
 QString fromUtf8(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    return utf8Text(QByteArrayView(utf8.data(), static_cast<qsizetype>(utf8.size())));
 }
 
 QString trimmedFromUtf8(std::string_view utf8) {

@@ -43,6 +43,8 @@ TEST(StatusParserTest, readsEntries) {
         {"character references and CDATA are text",
          statusOf("a&amp;b&#x2d;c", "<wc-status item='added'><author>&lt;<![CDATA[<x>]]></author></wc-status>"),
          u"a&b-c added none - <<x>"_list},
+        {"a byte order mark at the begin of a name belongs to it", statusOf("&#xFEFF;a", ""),
+         u"\uFEFFa unknown none - -"_list},
         {"in the order of a file manager",
          statusOf("file10.txt", "") + statusOf("file2.txt", "") + statusOf("File1.txt", ""),
          u"File1.txt unknown none - -|file2.txt unknown none - -|"
