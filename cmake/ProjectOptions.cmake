@@ -6,11 +6,16 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_AUTOMOC ON)
 
 option(KESTOR_BENCH "Build the benchmark suite" OFF)
+option(KESTOR_FUZZ "Build the fuzz targets" OFF)
 set(KESTOR_SANITIZE "" CACHE STRING "Sanitizers to build with, for example address,undefined")
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   add_compile_options(-fcoroutines)
+  if(CMAKE_UNITY_BUILD)
+    # Joined files are no main file to GCC, which then warns of types of the anonymous namespace in coroutines.
+    add_compile_options(-Wno-subobject-linkage)
+  endif()
 endif()
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT)
 

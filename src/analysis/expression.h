@@ -57,7 +57,7 @@ public:
 
 private:
     struct Release {
-        void operator()(pcre2_code *code) const { pcre2_code_free(code); }
+        void operator()(pcre2_code *compiled) const { pcre2_code_free(compiled); }
     };
     using Code = std::unique_ptr<pcre2_code, Release>;
 

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "fuzz/input_text.h"
+#include "fuzz/property.h"
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+#include <QUtf8StringView>
+
+#include <optional>
+
+namespace kestor::fuzz {
+
+/// `text` so that a reader of XML gets back every character.
+inline QByteArray escaped(const QString &text) {
+    QByteArray result;
+    for (const char byte : text.toUtf8()) {
+        if (QByteArrayView("&<>\"\t\n\r").contains(byte))
+            result += "&#" + QByteArray::number(static_cast<int>(byte)) + ';';
+        else
+            result += byte;
+    }
+    return result;
+}
+
+/// ` name="value"`, or nothing without a value.
+inline QByteArray attribute(const char *name, const std::optional<QString> &value) {
+    return value ? QByteArray(" ") + name + "=\"" + escaped(*value) + '"' : QByteArray();
+}
+
+inline QByteArray element(const QByteArray &name, const std::optional<QString> &text) {
+    return text ? '<' + name + '>' + escaped(*text) + "</" + name + '>' : QByteArray();
+}
+
+/// As the tool prints dates; such years alone can be printed.
+inline bool isPrintable(const std::optional<QDateTime> &date) {
+    return !date || (date->date().year() >= 1 && date->date().year() <= 9999);
+}
+
+inline std::optional<QString> printedDate(const std::optional<QDateTime> &date) {
+    return date ? std::optional(date->toString(Qt::ISODateWithMs)) : std::nullopt;
+}
+
+/// The records of a document. Text must give what its bytes give.
+template <typename Parser>
+auto parsedEitherWay(QByteArrayView document) {
+    auto records = Parser::parse(document);
+    if (QUtf8StringView(document).isValidUtf8())
+        require(Parser::parse(QStringView(exactText(document))) == records, "text and its bytes give the same records");
+    return records;
+}
+
+/// A document that breaks off somewhere, at a place that depends on all of it.
+inline QByteArrayView brokenOff(QByteArrayView document) {
+    return document.isEmpty()
+               ? document
+               : document.first(static_cast<qsizetype>(qHash(document, 0) % static_cast<std::size_t>(document.size())));
+}
+
+} // namespace kestor::fuzz

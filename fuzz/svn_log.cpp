@@ -1,0 +1,42 @@
+#include "fuzz/printed_xml.h"
+#include "fuzz/standard_order.h"
+#include "parsers/svn_xml_parsers.h"
+
+#include <algorithm>
+
+namespace kestor::fuzz {
+
+namespace {
+
+QByteArray printed(const LogEntry &entry) {
+    QByteArray xml = "<logentry revision=\"" + QByteArray::number(entry.revision) + "\">" +
+                     element("author", entry.author) + element("date", printedDate(entry.date)) + "<paths>";
+    for (const SVNPathChange &path : entry.paths)
+        xml += "<path" + attribute("kind", path.kind) + attribute("action", path.action) + '>' + escaped(path.path) +
+               "</path>";
+    return xml + "</paths>" + element("msg", entry.message) + "</logentry>";
+}
+
+QByteArray printed(const QList<LogEntry> &entries) {
+    QByteArray xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<log>\n";
+    for (const LogEntry &entry : entries)
+        xml += printed(entry);
+    return xml + "</log>\n";
+}
+
+bool isLower(const LogEntry &left, const LogEntry &right) {
+    return left.revision < right.revision;
+}
+
+} // namespace
+
+void check(QByteArrayView input) {
+    const QList<LogEntry> entries = parsedEitherWay<LogParser>(input);
+    require(std::adjacent_find(entries.cbegin(), entries.cend(), isLower) == entries.cend(),
+            "the highest revision is first");
+    if (std::all_of(entries.cbegin(), entries.cend(), [](const LogEntry &entry) { return isPrintable(entry.date); }))
+        require(LogParser::parse(printed(entries)) == entries, "printing loses nothing");
+    require(isSubsequence(LogParser::parse(brokenOff(input)), entries), "what precedes an error is kept in its order");
+}
+
+} // namespace kestor::fuzz
