@@ -33,7 +33,8 @@ void checkRule(const QString &path, PathType type) {
         return;
     require(!ignoring.decision(path + u'x', isFolder) && !ignoring.decision(u'x' + path, isFolder),
             "it ignores no neighbour");
-    require(!ignoring.decision(QStringLiteral("x/") + path, isFolder), "it ignores nothing of that name elsewhere");
+    require(!ignoring.decision(path + QStringLiteral("y/") + path, isFolder),
+            "it ignores nothing of that name elsewhere");
 }
 
 } // namespace

@@ -65,7 +65,7 @@ std::optional<QByteArray> fileBytes(const QString &path) {
     const QFileInfo info(path);
     if (!info.isFile() || info.size() > largestFile || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    return file.read(largestFile);
+    return file.read(info.size());
 }
 
 /// As UTF-8, else as Latin-1, which all bytes are.
