@@ -10,11 +10,22 @@ namespace kestor {
 
 namespace {
 
-qsizetype nextPair(QStringView text, qsizetype from) {
-    qsizetype at = text.indexOf(u'\r', from);
-    while (at >= 0 && (at + 1 == text.size() || text[at + 1] != u'\n'))
-        at = text.indexOf(u'\r', at + 1);
-    return at;
+/// All carriage returns before one line feed.
+struct CarriageReturns {
+    qsizetype begin = -1; ///< -1 when there are none
+    qsizetype end = -1;
+};
+
+CarriageReturns nextReturns(QStringView text, qsizetype from) {
+    for (qsizetype begin = text.indexOf(u'\r', from); begin >= 0;) {
+        qsizetype end = begin + 1;
+        while (end < text.size() && text[end] == u'\r')
+            ++end;
+        if (end < text.size() && text[end] == u'\n')
+            return {begin, end};
+        begin = text.indexOf(u'\r', end);
+    }
+    return {};
 }
 
 /// Counts line by line, by the rules of UnifiedDiffParser in their order.
@@ -62,15 +73,15 @@ void addCount(qint64 &total, QStringView text) {
 } // namespace
 
 QString withLineFeeds(QString text) {
-    qsizetype pair = nextPair(text, 0);
-    if (pair < 0)
+    CarriageReturns returns = nextReturns(text, 0);
+    if (returns.begin < 0)
         return text;
     QChar *const data = text.data();
-    QChar *out = data + pair;
-    while (pair >= 0) {
-        const qsizetype next = nextPair(text, pair + 1);
-        out = std::copy(data + pair + 1, data + (next < 0 ? text.size() : next), out);
-        pair = next;
+    QChar *out = data + returns.begin;
+    while (returns.begin >= 0) {
+        const CarriageReturns next = nextReturns(text, returns.end);
+        out = std::copy(data + returns.end, data + (next.begin < 0 ? text.size() : next.begin), out);
+        returns = next;
     }
     text.truncate(out - data);
     return text;

@@ -9,7 +9,8 @@
 
 namespace kestor {
 
-/// `text` with every CR LF turned into LF; the same shared text when there is none.
+/// `text` without the carriage returns before line feeds, of which files converted twice have several; the same shared
+/// text when there is none.
 QString withLineFeeds(QString text);
 
 /// Added and removed lines over all files of `diff`.

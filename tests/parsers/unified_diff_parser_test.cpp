@@ -81,7 +81,8 @@ TEST(LineChangesTest, readsNumericStatistics) {
 TEST(LineChangesTest, turnsPairsIntoLineFeeds) {
     const Rows<QString, QString> rows{
         {"pairs at every place", u"\r\na\r\n\r\nb\r\n"_s, u"\na\n\nb\n"_s},
-        {"single carriage returns stay", u"\ra\r\r\nb\r"_s, u"\ra\r\nb\r"_s},
+        {"other carriage returns stay", u"\ra\r\rb\nc\r"_s, u"\ra\r\rb\nc\r"_s},
+        {"of several before a line feed none is left", u"a\r\r\n+\r\r\r\n\r"_s, u"a\n+\n\r"_s},
         {"nothing to do", u"a\nb"_s, u"a\nb"_s},
     };
     for (const auto &[name, text, expected] : rows) {
