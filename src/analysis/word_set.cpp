@@ -33,12 +33,12 @@ qsizetype wordEnd(QStringView text, qsizetype index) {
     return index;
 }
 
-std::u16string_view unitsOf(QStringView text) {
+std::u16string_view utf16View(QStringView text) {
     return {text.utf16(), static_cast<std::size_t>(text.size())};
 }
 
 bool isAsciiWord(QStringView word) {
-    return !word.isEmpty() && std::ranges::all_of(unitsOf(word), isAsciiWordCharacter);
+    return !word.isEmpty() && std::ranges::all_of(utf16View(word), isAsciiWordCharacter);
 }
 
 constexpr qsizetype longestDistinguished = 31;
@@ -85,12 +85,12 @@ bool WordSet::contains(QStringView word) const {
     const char16_t first = word.front().unicode();
     if (first >= lengths.size() || (lengths[first] & lengthBit(word.size())) == 0)
         return false;
-    return words.contains(unitsOf(word));
+    return words.contains(utf16View(word));
 }
 
 void WordSet::insert(QStringView word) {
     lengths[word.front().unicode()] |= lengthBit(word.size());
-    words.emplace(unitsOf(word));
+    words.emplace(utf16View(word));
 }
 
 } // namespace kestor

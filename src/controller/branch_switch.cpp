@@ -15,15 +15,15 @@ namespace kestor {
 
 namespace {
 
-constexpr QStringView localPrefix = u"refs/heads/";
+constexpr QStringView branchPrefix = u"refs/heads/";
 /// Begins the short name of a remote branch that a local one resembles.
 constexpr QStringView remotePrefix = u"remotes/";
 
 /// A line of the listing with the name of a local branch as it stands in its reference.
 QString lineWithOwnName(QStringView line) {
     QStringList pieces = line.toString().split(u'\t');
-    if (pieces.size() == 3 && pieces[1].startsWith(localPrefix))
-        pieces[2] = pieces[1].mid(localPrefix.size());
+    if (pieces.size() == 3 && pieces[1].startsWith(branchPrefix))
+        pieces[2] = pieces[1].mid(branchPrefix.size());
     return pieces.join(u'\t');
 }
 

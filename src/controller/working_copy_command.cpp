@@ -94,7 +94,7 @@ bool canActOn(WorkingCopyAction action, RepositoryKind kind, const WorkingCopyIt
     return action != WorkingCopyAction::add || !isGone(item);
 }
 
-QStringList pathsOf(const QList<WorkingCopyItem> &items) {
+QStringList rowPaths(const QList<WorkingCopyItem> &items) {
     QStringList paths;
     for (const WorkingCopyItem &item : items)
         paths.append(item.path);
@@ -150,7 +150,7 @@ QStringList pathsFor(WorkingCopyAction action, RepositoryKind kind, const QList<
         if (action == WorkingCopyAction::add && facts.notYetRenamed.contains(item.path))
             paths.append(facts.oldNames.value(item.path));
     }
-    return paths.isEmpty() ? pathsOf(items) : paths;
+    return paths.isEmpty() ? rowPaths(items) : paths;
 }
 
 } // namespace kestor

@@ -17,7 +17,7 @@ QByteArray printedLog(const QByteArray &file, const QList<QByteArray> &hashes) {
     return text;
 }
 
-QStringList diffOf(const QString &hash) {
+QStringList diffVector(const QString &hash) {
     return {u"show"_s, u"--format="_s, u"--patch"_s, u"--find-renames"_s, u"--no-ext-diff"_s, hash, u"--"_s, u"a.c"_s};
 }
 
@@ -134,30 +134,30 @@ TEST_F(OverlappingLoads, AnOlderHistoryNeverReplacesTheNewOne) {
 TEST_F(OverlappingLoads, WalkingThroughRevisionsLoadsTheLastOneAndFewOnTheWay) {
     loadHistoryOf(0);
     finish(log, printedLog("a.c", {"h0", "h1", "h2", "h3", "h4"}));
-    ASSERT_TRUE(waitForRun(diffOf(u"h0"_s)));
+    ASSERT_TRUE(waitForRun(diffVector(u"h0"_s)));
     for (qint64 age = 1; age < 5; ++age) {
         app->selectedRevision = 1000000 - age;
         tasks.push_back(app->selectedHistoryRevisionChanged());
     }
-    finish(diffOf(u"h1"_s), "+1\n");
-    finish(diffOf(u"h4"_s), "+4\n");
+    finish(diffVector(u"h1"_s), "+1\n");
+    finish(diffVector(u"h4"_s), "+4\n");
     ASSERT_TRUE(waitUntil([&] { return app->historyDiffText.value() == u"+4\n"_s; }));
-    finish(diffOf(u"h0"_s), "+0\n");
+    finish(diffVector(u"h0"_s), "+0\n");
     settle();
     EXPECT_EQ(app->historyDiffID.value(), (FileRevisionID{u"a.c"_s, 1000000 - 4}));
-    EXPECT_FALSE(tool->vectors().contains(diffOf(u"h2"_s)) || tool->vectors().contains(diffOf(u"h3"_s)));
+    EXPECT_FALSE(tool->vectors().contains(diffVector(u"h2"_s)) || tool->vectors().contains(diffVector(u"h3"_s)));
 }
 
 TEST_F(OverlappingLoads, ARefreshAsksAgainForTheDiffThatASilentServerHolds) {
     loadHistoryOf(0);
     finish(log, printedLog("a.c", {"h0", "h1"}));
-    ASSERT_TRUE(waitForRun(diffOf(u"h0"_s)));
+    ASSERT_TRUE(waitForRun(diffVector(u"h0"_s)));
     app->selectedRevision = 1000000 - 1;
     tasks.push_back(app->selectedHistoryRevisionChanged());
-    ASSERT_TRUE(waitForRun(diffOf(u"h1"_s)));
+    ASSERT_TRUE(waitForRun(diffVector(u"h1"_s)));
     loadHistoryOf(0);
     finish(log, printedLog("a.c", {"h0", "h1"}));
-    EXPECT_TRUE(waitForRun(diffOf(u"h1"_s), 2));
+    EXPECT_TRUE(waitForRun(diffVector(u"h1"_s), 2));
 }
 
 TEST(Lifetime, AStateThatGoesAwayWhileToolsRunLeavesNothingBehind) {

@@ -23,9 +23,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int dialogWidth = 600;
-constexpr int edge = 20;
+constexpr int dialogEdge = 20;
 constexpr int signSide = 32;
-constexpr int messageWidth = dialogWidth - 3 * edge - signSide;
+constexpr int messageWidth = dialogWidth - 3 * dialogEdge - signSide;
 constexpr int highestMessage = 240;
 /// The output sheet holds the whole text of a tool; a dialog of megabytes would only be slow.
 constexpr int longestMessage = 20000;
@@ -57,8 +57,8 @@ MessageDialog::MessageDialog(Purpose purpose, const QString &title, const QStrin
     heading->setWordWrap(true);
     heading->setFont(headingFont(font()));
     auto *layout = new QGridLayout(this);
-    layout->setContentsMargins(edge, edge, edge, edge);
-    layout->setHorizontalSpacing(edge);
+    layout->setContentsMargins(dialogEdge, dialogEdge, dialogEdge, dialogEdge);
+    layout->setHorizontalSpacing(dialogEdge);
     layout->setVerticalSpacing(gap);
     auto *sign = new IconLabel(Icon::warning, Tone::failure, signSide, this);
     layout->addWidget(sign, 0, 0, 2, 1, Qt::AlignTop);

@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int edge = 20;
+constexpr int promptEdge = 20;
 constexpr int rowsWidth = 520;
 constexpr int promptRowHeight = 28;
 constexpr int rowSpacing = 8;
@@ -69,8 +69,8 @@ void layOutPrompt(QDialog *dialog, const QString &title, PromptRows *rows, const
     heading->setElideMode(Qt::ElideRight);
     heading->setFont(headingFont(dialog->font()));
     auto *layout = new QVBoxLayout(dialog);
-    layout->setContentsMargins(edge, edge, edge, edge);
-    layout->setSpacing(edge);
+    layout->setContentsMargins(promptEdge, promptEdge, promptEdge, promptEdge);
+    layout->setSpacing(promptEdge);
     layout->addWidget(heading);
     layout->addWidget(rows);
     layout->addWidget(buttons(dialog, accepting));

@@ -11,7 +11,7 @@ namespace kestor {
 
 namespace {
 
-constexpr int side = 28;
+constexpr int buttonSide = 28;
 constexpr int iconSide = 16;
 constexpr int chevronSide = 12;
 constexpr int edge = 6;
@@ -21,7 +21,7 @@ class FlatButton final : public QToolButton {
 public:
     FlatButton(QWidget *parent, MenuArrow menuArrow) : QToolButton(parent), arrow(menuArrow) {}
 
-    QSize sizeHint() const override { return {contentWidth() + 2 * edge, side}; }
+    QSize sizeHint() const override { return {contentWidth() + 2 * edge, buttonSide}; }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
@@ -65,7 +65,7 @@ QToolButton *flatButton(Icon shown, const QString &name, QWidget *parent, MenuAr
     button->setIcon(icon(shown));
     button->setIconSize({iconSide, iconSide});
     button->setAutoRaise(true);
-    button->setMinimumSize(side, side);
+    button->setMinimumSize(buttonSide, buttonSide);
     button->setFocusPolicy(Qt::TabFocus);
     button->setToolTip(name);
     button->setAccessibleName(name);

@@ -17,7 +17,7 @@ namespace kestor {
 
 namespace {
 
-constexpr int leastShownRevisions = 3;
+constexpr int leastShownIncoming = 3;
 constexpr int leastShownItems = 3;
 /// The most that the revisions take of the column by themselves.
 constexpr double greatestPart = 0.6;
@@ -37,7 +37,7 @@ IncomingColumn::IncomingColumn(LogRows &revisions, OutdatedRows &outdated, QWidg
     parts->setStretchFactor(1, 1);
     filtered->addAfterFilter(summaryLabel);
     filtered->addHeader(rangeBar);
-    filtered->setMinimumHeight(barHeight + SectionBar::standardHeight + leastShownRevisions * twoLineRowHeight(font()));
+    filtered->setMinimumHeight(barHeight + SectionBar::standardHeight + leastShownIncoming * twoLineRowHeight(font()));
     connect(parts, &QSplitter::splitterMoved, this, [this] { chosenHeight = parts->sizes().first(); });
     summaryLabel->setSummary({});
     setRange({});

@@ -17,13 +17,13 @@ namespace kestor {
 namespace {
 
 /// Shorter work does not draw anything as held back.
-constexpr std::chrono::milliseconds holdTime{400};
+constexpr std::chrono::milliseconds filterHoldTime{400};
 
 } // namespace
 
 ListTab::ListTab(AppState &state, QWidget *parent) : TabPage(parent), app(state) {
     holding.setSingleShot(true);
-    holding.setInterval(holdTime);
+    holding.setInterval(filterHoldTime);
     connect(&holding, &QTimer::timeout, this, [this] { setAccess(TickAccess::held); });
     addKeys();
 }
