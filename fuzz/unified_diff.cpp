@@ -44,9 +44,9 @@ QString withoutSide(const QString &path) {
 QStringList plainLines(const QString &text) {
     QStringList lines;
     QString line;
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (text[i] != u'\n' || line.endsWith(u'\r'))
-            line += text[i];
+    for (const QChar unit : text) {
+        if (unit != u'\n' || line.endsWith(u'\r'))
+            line += unit;
         else
             lines.append(std::exchange(line, QString()));
     }
