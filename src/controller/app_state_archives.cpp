@@ -5,11 +5,10 @@
 #include "controller/written_file.h"
 #include "parsers/svn_xml_parsers.h"
 #include "tools/arguments.h"
+#include "tools/temporary_folder.h"
 
 #include <QCoroFuture>
-#include <QDir>
 #include <QFileInfo>
-#include <QUuid>
 #include <QtConcurrent>
 
 using namespace Qt::StringLiterals;
@@ -167,8 +166,9 @@ QCoro::Task<SVNCommandResult> AppState::archiveFromGit(Project project, LogEntry
 }
 
 QCoro::Task<SVNCommandResult> AppState::archiveFromSubversion(Project project, LogEntry entry, QString path) {
-    const QString folder = QDir::tempPath() + u"/KestorSVN-"_s + QUuid::createUuid().toString(QUuid::WithoutBraces);
-    const QString tree = folder + u'/' + archiveRootName(project, entry);
+    // What is private in the repository stays so while it is zipped.
+    const auto folder = std::make_shared<TemporaryFolder>();
+    const QString tree = folder->path() + u'/' + archiveRootName(project, entry);
     SVNCommandResult result;
     std::optional<SVNClientError> failure;
     try {
@@ -178,7 +178,7 @@ QCoro::Task<SVNCommandResult> AppState::archiveFromSubversion(Project project, L
         failure = error;
     }
     const auto cleanUp = [folder] {
-        QDir(folder).removeRecursively();
+        folder->remove();
     };
     co_await QtConcurrent::run(&workers, cleanUp);
     if (failure)
@@ -188,11 +188,6 @@ QCoro::Task<SVNCommandResult> AppState::archiveFromSubversion(Project project, L
 
 QCoro::Task<> AppState::exportTree(Project project, QString revision, QString tree) {
     const QString source = co_await svnArchiveSource(tools.svn, project, revision);
-    const QString folder = QFileInfo(tree).path();
-    // What is private in the repository stays so while it is zipped.
-    const bool created = QDir().mkdir(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    if (!created)
-        throw SVNClientError::launchFailed(u"Could not create the folder "_s + folder + u'.');
     const QStringList arguments = args(u"export", u"--force", u"-r", revision, source, tree);
     co_await tools.svn->run(arguments, project.path, CheckStatus::yes);
 }

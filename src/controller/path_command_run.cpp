@@ -1,6 +1,8 @@
 #include "controller/path_command_run.h"
 
-#include <QTemporaryFile>
+#include "tools/temporary_folder.h"
+
+#include <QFile>
 
 using namespace Qt::StringLiterals;
 
@@ -8,8 +10,9 @@ namespace kestor {
 
 namespace {
 
-void writePaths(QTemporaryFile &file, const QByteArray &content) {
-    if (!file.open() || file.write(content) != content.size() || !file.flush())
+void writePaths(const QString &path, const QByteArray &content) {
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size() || !file.flush())
         throw SVNClientError::launchFailed(u"Could not write the list of paths: "_s + file.errorString());
 }
 
@@ -21,9 +24,10 @@ QCoro::Task<SVNCommandResult> runPathCommand(std::shared_ptr<Tool> tool, Reposit
         const QStringList arguments = plainArguments(kind, command);
         co_return co_await tool->run(arguments, directory, CheckStatus::yes);
     }
-    QTemporaryFile file;
+    const TemporaryFolder folder;
+    const QString file = folder.path() + u"/paths"_s;
     writePaths(file, pathFileContent(kind, command));
-    const QStringList arguments = argumentsWithPathFile(kind, command, file.fileName());
+    const QStringList arguments = argumentsWithPathFile(kind, command, file);
     co_return co_await tool->run(arguments, directory, CheckStatus::yes);
 }
 

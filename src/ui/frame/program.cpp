@@ -1,5 +1,6 @@
 #include "ui/frame/program.h"
 
+#include "tools/temporary_folder.h"
 #include "ui/start/instance_start.h"
 #include "ui/start/request_server.h"
 
@@ -32,6 +33,7 @@ Program::~Program() = default;
 
 void Program::start() {
     mainWindow.show();
+    appState.workers.start([] { removeAbandonedFolders(); });
     appState.projectSelectionChanged();
     colors.followDesktop();
 }
