@@ -1,10 +1,11 @@
 #include "controller/app_state.h"
+#include "controller/written_file.h"
 #include "rules/ignore_file.h"
 #include "rules/working_copy_paths.h"
 
 #include <QCoroFuture>
 #include <QFile>
-#include <QSaveFile>
+#include <QFileInfo>
 #include <QtConcurrent>
 
 using namespace Qt::StringLiterals;
@@ -18,7 +19,7 @@ enum class EditOutcome : std::uint8_t { written, unchanged, failed };
 struct IgnoreFileEdit {
     EditOutcome outcome = EditOutcome::unchanged;
     QString file{};
-    QString errorDescription{};
+    QString failure{}; ///< in words for the user
 };
 
 PathType typeOf(const QString &path, const QString &root) {
@@ -29,17 +30,18 @@ PathType typeOf(const QString &path, const QString &root) {
 IgnoreFileEdit editIgnoreFile(const QString &root, const QStringList &rules) {
     IgnoreFileEdit edit;
     edit.file = ignoreFileURL(root);
+    // It could lead to any file of the user's.
+    if (QFileInfo(edit.file).isSymLink())
+        return {EditOutcome::failed, edit.file, u"Could not write "_s + edit.file + u": It is a link."_s};
     QFile current(edit.file);
     if (current.exists() && !current.open(QIODevice::ReadOnly))
-        return {EditOutcome::failed, edit.file, current.errorString()};
+        return {EditOutcome::failed, edit.file, u"Could not write "_s + edit.file + u": "_s + current.errorString()};
     const QByteArray content = current.isOpen() ? current.readAll() : QByteArray();
     const QByteArray changed = withRules(content, rules);
     if (changed == content)
         return edit;
-    QSaveFile file(edit.file);
-    if (!file.open(QIODevice::WriteOnly) || file.write(changed) != changed.size() || !file.commit())
-        return {EditOutcome::failed, edit.file, file.errorString()};
-    edit.outcome = EditOutcome::written;
+    edit.failure = writeFile(edit.file, changed);
+    edit.outcome = edit.failure.isEmpty() ? EditOutcome::written : EditOutcome::failed;
     return edit;
 }
 
@@ -85,7 +87,7 @@ QCoro::Task<> AppState::addIgnoreLines(Project project, QStringList lines) {
     const IgnoreFileEdit edit = co_await QtConcurrent::run(&workers, write);
     switch (edit.outcome) {
     case EditOutcome::failed:
-        showAlert(u"Ignore Failed"_s, u"Could not write "_s + edit.file + u": "_s + edit.errorDescription);
+        showAlert(u"Ignore Failed"_s, edit.failure);
         co_return;
     case EditOutcome::unchanged:
         showAlert(u"Ignore Rules Unchanged"_s, u"The selected ignore rule already exists in "_s + edit.file + u'.');

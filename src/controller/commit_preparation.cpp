@@ -3,6 +3,8 @@
 #include "controller/git_reference.h"
 #include "controller/path_command_run.h"
 #include "controller/tool_text.h"
+#include "controller/written_file.h"
+#include "rules/project_bounds.h"
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
@@ -10,7 +12,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QStringTokenizer>
 #include <QtConcurrent>
 
@@ -33,9 +34,7 @@ void writeIndex(const GitIndexCopy &copy) {
         QFile::remove(copy.path);
         return;
     }
-    QSaveFile file(copy.path);
-    if (file.open(QIODevice::WriteOnly) && file.write(*copy.content) == copy.content->size())
-        file.commit();
+    writeFile(copy.path, *copy.content);
 }
 
 std::optional<QByteArray> fileContent(const QString &path) {
@@ -77,6 +76,8 @@ bool holdsConflictMarkers(const QString &path) {
 void removeRestored(const QStringList &paths, const QString &root) {
     for (const QString &path : paths) {
         const QFileInfo info(absolutePath(path, root));
+        if (!liesInside(path, root))
+            continue;
         if (info.isDir() && !info.isSymLink())
             QDir(info.filePath()).removeRecursively();
         else

@@ -3,6 +3,7 @@
 #include "controller/git_status.h"
 #include "controller/tool_text.h"
 #include "parsers/svn_xml_parsers.h"
+#include "rules/project_bounds.h"
 #include "rules/status_filter.h"
 #include "tools/arguments.h"
 
@@ -20,6 +21,8 @@ StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray
         read.items = parsedOutput<StatusParser>(output);
     else
         read = gitStatus(toolText(output));
+    // No tool says such a thing of a project; nothing outside shall be walked, shown or acted on if one does.
+    read.items.removeIf([](const WorkingCopyItem &item) { return leavesRoot(item.path); });
     return {displayedStatusItems(read.items, root, ExpandUnversioned::yes), read.facts};
 }
 

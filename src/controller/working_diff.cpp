@@ -5,6 +5,7 @@
 #include "model/trimmed.h"
 #include "parsers/line_changes.h"
 #include "parsers/unified_diff_parser.h"
+#include "rules/project_bounds.h"
 #include "tools/arguments.h"
 
 #include <QFile>
@@ -22,14 +23,16 @@ namespace {
 // Nobody reads more than this as one diff, and it bounds what a stray core dump costs.
 constexpr qint64 largestShownFile = qint64{256} << 20;
 
-QString fileDiffText(const QString &path, const QFileInfo &info) {
+QString fileDiffText(const QString &path, const QString &root) {
+    const QFileInfo info(root + u'/' + path);
     if (!info.exists())
         return u"(file not found)"_s;
     if (info.isDir())
         return u"(unversioned directory)"_s;
     // Opening a pipe or a device could wait for ever.
     QFile file(info.filePath());
-    const bool readable = info.isFile() && info.size() <= largestShownFile && file.open(QIODevice::ReadOnly);
+    const bool readable =
+        readsInside(path, root) && info.isFile() && info.size() <= largestShownFile && file.open(QIODevice::ReadOnly);
     const QByteArray content = readable ? file.readAll() : QByteArray();
     if (!readable || file.error() != QFileDevice::NoError || !isValidUtf8(content))
         return u"(binary or unreadable file)"_s;
@@ -56,7 +59,7 @@ LoadedDiff loadedDiff(const QString &path, const QByteArray &stdoutData, const Q
 }
 
 LoadedDiff unversionedDiff(const QString &path, const QString &root) {
-    const QString text = fileDiffText(path, QFileInfo(root + u'/' + path));
+    const QString text = fileDiffText(path, root);
     return {text, binaryPreviewIfNeeded(path, text).value_or(DiffPreview())};
 }
 

@@ -1,6 +1,7 @@
 #include "controller/working_preview.h"
 
 #include "controller/media_preview.h"
+#include "rules/project_bounds.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -25,7 +26,7 @@ WorkingMedia workingMedia(const QString &root, const QString &path, PreviewSides
     if (!media.kind || sides == PreviewSides::oldOnly)
         return media;
     const QFileInfo info(root + u'/' + path);
-    if (!info.isFile() || info.isSymLink())
+    if (!info.isFile() || info.isSymLink() || !readsInside(path, root))
         return media;
     media.size = info.size();
     QFile file(info.filePath());

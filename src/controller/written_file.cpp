@@ -22,8 +22,13 @@ QString cannotWrite(const QString &path, const QString &reason) {
 
 QString writeFile(const QString &path, const QByteArray &content) {
     QSaveFile file(path);
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
-    return written ? QString() : cannotWrite(path, file.errorString());
+    if (!file.open(QIODevice::WriteOnly))
+        return cannotWrite(path, file.errorString());
+    // On a full disk commit() alone would put the part that still had room in the place of the whole.
+    const bool whole = file.write(content) == content.size() && file.flush();
+    if (!whole && file.error() == QFileDevice::NoError)
+        return cannotWrite(path, u"There is no room for all of it."_s);
+    return whole && file.commit() ? QString() : cannotWrite(path, file.errorString());
 }
 
 FileBeside createFileBeside(const QString &destination) {

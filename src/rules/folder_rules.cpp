@@ -21,8 +21,8 @@ bool isRegularFile(int descriptor) {
 QString utf8Text(const Directory &directory, const char *name) {
     if (!directory)
         return {};
-    // Opening a pipe of that name would otherwise wait for its other end.
-    const int descriptor = ::openat(::dirfd(directory.get()), name, O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    // Opening a pipe of that name would otherwise wait for its other end. Git follows no link there either.
+    const int descriptor = ::openat(::dirfd(directory.get()), name, O_RDONLY | O_NONBLOCK | O_NOFOLLOW | O_CLOEXEC);
     QFile file;
     if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         return {};
