@@ -61,8 +61,9 @@ void fillLastCommit(RepositoryInfo &info, const QStringList &lines) {
 
 QCoro::Task<RepositoryInfo> gitRepositoryInfo(std::shared_ptr<Tool> git, QString projectPath) {
     RepositoryInfo info;
-    const QStringList folders =
-        co_await printedLines(git, args(u"rev-parse", u"--show-toplevel", u"--git-common-dir"), projectPath);
+    const SVNCommandResult found = co_await git->run(args(u"rev-parse", u"--show-toplevel", u"--git-common-dir"),
+                                                     projectPath, CheckStatus::yes, RunPurpose::backgroundRead);
+    const QStringList folders = toolText(found.stdoutData).split(u'\n', Qt::SkipEmptyParts);
     if (folders.size() == 2) {
         info.workingCopyRoot = folders[0];
         // Printed relative to the working directory inside a main working tree.

@@ -10,8 +10,8 @@
 
 namespace kestor {
 
-/// The repository information of a Git project from a handful of quick commands: what a command does not tell stays
-/// absent. `relativeURL` is always absent. Never throws.
+/// The repository information of a Git project from a handful of quick commands: what a later one does not tell stays
+/// absent. `relativeURL` is always absent. Throws SVNClientError where Git finds no working copy.
 QCoro::Task<RepositoryInfo> gitRepositoryInfo(std::shared_ptr<Tool> git, QString projectPath);
 
 } // namespace kestor

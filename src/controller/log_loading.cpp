@@ -15,6 +15,8 @@ namespace kestor {
 
 namespace {
 
+constexpr qint32 gitFatalStatus = 128;
+
 QCoro::Task<bool> isBeforeFirstCommit(std::shared_ptr<Tool> git, QString directory) {
     const SVNCommandResult head = co_await lookedUpReference(git, u"HEAD"_s, directory);
     // Outside of a repository the status is another one.
@@ -36,7 +38,8 @@ QCoro::Task<QByteArray> printedLog(std::shared_ptr<Tool> tool, Project project) 
     if (result.status == 0)
         co_return result.stdoutData;
     bool isEmpty = false;
-    if (project.kind == RepositoryKind::git)
+    // Only what Git itself gives up is worth a second look: a log that broke off is no empty log.
+    if (project.kind == RepositoryKind::git && result.status == gitFatalStatus)
         isEmpty = co_await isBeforeFirstCommit(tool, project.path);
     if (!isEmpty)
         throw SVNClientError::commandFailed(result);
