@@ -71,18 +71,22 @@ QCoro::Task<> WorkingCopyActions::deleteSelectedPaths() {
         co_return;
     const QList<WorkingCopyItem> items = workspace.actionItems();
     const std::optional<QStringList> paths = requiredPaths(WorkingCopyAction::remove, *project, items);
-    if (!paths)
-        co_return;
-    const DeletionLosses losses = co_await deletionLosses(*project, items);
+    if (paths)
+        co_await workspace.reporting(u"Delete Failed"_s, removeAfterQuestion(*project, items, *paths));
+}
+
+QCoro::Task<> WorkingCopyActions::removeAfterQuestion(Project project, QList<WorkingCopyItem> items,
+                                                      QStringList paths) {
+    const DeletionLosses losses = co_await deletionLosses(project, items);
     if (workspace.closing)
         co_return;
     if (losses.any()) {
-        const QString question = deletionQuestion(paths->size(), losses);
+        const QString question = deletionQuestion(paths.size(), losses);
         const bool confirmed = co_await workspace.user.confirm(u"Delete"_s, question);
         if (!confirmed)
             co_return;
     }
-    co_await run(WorkingCopyAction::remove, *project, Texts(), *paths);
+    co_await run(WorkingCopyAction::remove, project, Texts(), paths);
 }
 
 QCoro::Task<DeletionLosses> WorkingCopyActions::deletionLosses(Project project, QList<WorkingCopyItem> items) {
@@ -97,7 +101,7 @@ QCoro::Task<DeletionLosses> WorkingCopyActions::deletionLosses(Project project, 
         co_return DeletionLosses();
     const QStringList arguments = ignoredFilesArguments(folders);
     const SVNCommandResult result =
-        co_await workspace.tools.svn->run(arguments, project.path, CheckStatus::no, RunPurpose::backgroundRead);
+        co_await workspace.tools.svn->run(arguments, project.path, CheckStatus::yes, RunPurpose::backgroundRead);
     const auto count = [printed = result.stdoutData, folders] {
         return ignoredBelow(folders, printed);
     };

@@ -47,6 +47,7 @@ private:
     using Texts = QMap<QString, QString>; ///< by the key of their field
 
     /// `path` is offered where a path is asked for; "" for selectedActionPath().
+    QCoro::Task<> removeAfterQuestion(Project project, QList<WorkingCopyItem> items, QStringList paths);
     QCoro::Task<> perform(WorkingCopyAction action, QString path = {});
     QCoro::Task<> run(WorkingCopyAction action, Project project, Texts entered, QStringList paths);
     /// The selected project, where its tool has the command; nothing after an alert otherwise.
@@ -54,6 +55,7 @@ private:
     /// The paths acted on; nothing after an alert when there is none.
     std::optional<QStringList> requiredPaths(WorkingCopyAction action, const Project &project,
                                              const QList<WorkingCopyItem> &items);
+    /// Throws SVNClientError: who does not know what would be lost must not delete.
     QCoro::Task<DeletionLosses> deletionLosses(Project project, QList<WorkingCopyItem> items);
     QList<PromptField> promptFields(const WorkingCopyCommand &command, const QString &path) const;
     /// What was entered, with working-copy paths as targets of the tool.
