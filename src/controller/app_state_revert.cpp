@@ -5,6 +5,7 @@
 #include "controller/path_command_run.h"
 #include "controller/revert_plan.h"
 #include "controller/tool_text.h"
+#include "rules/project_bounds.h"
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
@@ -21,7 +22,7 @@ namespace {
 RevertPlan onDisk(RevertPlan plan, const QString &root) {
     plan.overwritten.removeIf([&root](const QString &path) {
         const QString location = absolutePath(path, root);
-        return !isOnDisk(location) || isDirectory(location);
+        return !isOnDisk(location) || isDirectory(location) || !liesInside(path, root);
     });
     return plan;
 }
@@ -100,6 +101,9 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
     }
     const GitRowFacts facts = gitFacts;
     const SVNCommandResult head = co_await lookedUpReference(tools.git, u"HEAD"_s, project.path);
+    // Without an answer nobody knows what a revert would go back to.
+    if (head.status != 0 && head.status != 1)
+        throw SVNClientError::commandFailed(head);
     const GitHead commits = head.status == 0 ? GitHead::exists : GitHead::unborn;
     const auto plan = [items, facts, commits, root = project.path] {
         return onDisk(gitRevertPlan(items, withVacantOldNames(facts, root), commits), root);
