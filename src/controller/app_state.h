@@ -140,6 +140,7 @@ private:
     /// Adds the folder to the list, or gives the project that has it the kind; its id. Changes no selection.
     QUuid registerProject(const QString &folder, RepositoryKind kind);
     void storeProjectKind(const QUuid &id, RepositoryKind kind);
+    void saveProjects(const QList<Project> &list);
     void resetProjectState();
     QCoro::Task<> openTerminalIn(QString directory);
     QCoro::Task<> openFinderIn(QString directory);

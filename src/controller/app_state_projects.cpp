@@ -83,8 +83,7 @@ QUuid AppState::registerProject(const QString &folder, RepositoryKind kind) {
     } else {
         known->kind = kind;
     }
-    projects = list;
-    projectStore.save(list);
+    saveProjects(list);
     return id;
 }
 
@@ -100,8 +99,7 @@ QCoro::Task<> AppState::removeSelectedProject() {
         co_return;
     QList<Project> list = projects;
     list.removeIf([&project](const Project &other) { return other.id == project->id; });
-    projects = list;
-    projectStore.save(list);
+    saveProjects(list);
     selectedProjectID = list.isEmpty() ? std::nullopt : std::optional(list.first().id);
     co_await projectSelectionChanged();
 }
@@ -133,14 +131,19 @@ void AppState::resetProjectState() {
     languageShares.reset();
 }
 
+void AppState::saveProjects(const QList<Project> &list) {
+    projects = list;
+    projectStore.save(list);
+    writePreferences();
+}
+
 void AppState::storeProjectKind(const QUuid &id, RepositoryKind kind) {
     QList<Project> list = projects;
     for (Project &project : list) {
         if (project.id == id)
             project.kind = kind;
     }
-    projects = list;
-    projectStore.save(list);
+    saveProjects(list);
 }
 
 QCoro::Task<> AppState::openFinderIn(QString directory) {

@@ -77,6 +77,7 @@ void LanguageRules::publish(const QList<CustomLanguageRule> &rules) {
         return;
     workspace.customLanguageRules = rules;
     store.save(rules);
+    workspace.writePreferences();
 }
 
 } // namespace kestor

@@ -70,6 +70,7 @@ void SvnProgram::storeExecutable(const QString &path) {
     else
         workspace.preferences.setValue(svnExecutablePathKey, path);
     workspace.svnExecutablePath = path;
+    workspace.writePreferences();
 }
 
 } // namespace kestor

@@ -14,6 +14,7 @@
 #include <QtConcurrent>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +39,9 @@ Workspace::Workspace(QSettings &settings, UserInteraction &interaction, Tools co
     : preferences(settings), user(interaction), tools(std::move(commandLineTools)) {
     workers.setMaxThreadCount(workerThreads);
     svnExecutablePath = preferredSVNPath(preferences);
+    if (preferences.status() == QSettings::AccessError)
+        showAlert(u"Preferences Not Read"_s,
+                  preferences.fileName() + u" could not be read. It is left as it is, and no change is saved."_s);
 }
 
 std::optional<Project> Workspace::selectedProject() const {
@@ -71,18 +75,36 @@ void Workspace::showAlert(const QString &title, const QString &message) {
     alert = AppAlert{QUuid::createUuid(), title, message};
 }
 
+void Workspace::writePreferences() {
+    // An error stays with its object for ever: a new one, for the same file, tells of this write alone.
+    QSettings writing(preferences.fileName(), preferences.format());
+    writing.sync();
+    const bool before = std::exchange(preferencesLost, writing.status() == QSettings::AccessError);
+    if (preferencesLost && !before)
+        showAlert(u"Preferences Not Saved"_s,
+                  writing.fileName() + u" could not be written. What you change is lost when the program ends."_s);
+}
+
 QCoro::Task<> Workspace::showError(QString title, SVNClientError error) {
-    const SVNCommandResult *result = error.failedResult();
-    if (result == nullptr) {
-        showAlert(title, error.errorDescription());
-        co_return;
+    return showError(std::move(title), std::move(error), ToldBefore::again);
+}
+
+QCoro::Task<> Workspace::showError(QString title, SVNClientError error, ToldBefore toldBefore) {
+    std::optional<CommandOutput> output;
+    if (const SVNCommandResult *result = error.failedResult()) {
+        SVNCommandResult printed = *result;
+        error = SVNClientError::launchFailed(QString()); // what was printed goes as soon as it is text
+        output = co_await outputOf(title, std::move(printed));
     }
-    SVNCommandResult printed = *result;
-    error = SVNClientError::launchFailed(QString()); // what was printed goes as soon as it is text
-    const CommandOutput output = co_await outputOf(title, std::move(printed));
-    release(commandOutput.value());
-    commandOutput = output;
-    showAlert(title, failureMessage(output));
+    const QString message = output ? failureMessage(*output) : error.errorDescription();
+    const std::optional<AppAlert> standing = alert;
+    if (toldBefore == ToldBefore::keepQuiet && standing && standing->message == message)
+        co_return;
+    if (output) {
+        release(commandOutput.value());
+        commandOutput = output;
+    }
+    showAlert(title, message);
 }
 
 QCoro::Task<CommandOutput> Workspace::outputOf(QString title, SVNCommandResult result) {
@@ -105,7 +127,7 @@ QCoro::Task<> Workspace::reporting(QString title, QCoro::Task<> work, std::funct
     }
     work = QCoro::Task<>(); // holds the error, too
     if (failure && !closing && (!isRelevant || isRelevant()))
-        co_await showError(title, *std::move(failure));
+        co_await showError(title, *std::move(failure), isRelevant ? ToldBefore::keepQuiet : ToldBefore::again);
 }
 
 std::optional<Project> Workspace::requiredProject() {

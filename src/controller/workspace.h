@@ -86,11 +86,16 @@ public:
     std::shared_ptr<Tool> toolFor(RepositoryKind kind) const;
 
     void showAlert(const QString &title, const QString &message);
+    /// To be called when something was stored in `preferences`: puts it on disk. When that fails an alert says so, once
+    /// until it works again.
+    void writePreferences();
     /// Shows an alert and, where a tool ran, what it printed.
     QCoro::Task<> showError(QString title, SVNClientError error);
     /// The output record of one run. A long output is decoded on a worker.
     QCoro::Task<CommandOutput> outputOf(QString title, SVNCommandResult result);
-    /// Awaits `work` and reports what it throws under `title`, unless `isRelevant` says nobody cares any more.
+    /// Awaits `work` and reports what it throws under `title`. What has an `isRelevant` loads something: its failure is
+    /// kept quiet when that says that nobody cares any more, and when an alert already says the same, so that a tool
+    /// that is gone is told once and not by everything that is loaded again.
     QCoro::Task<> reporting(QString title, QCoro::Task<> work, std::function<bool()> isRelevant = {});
     /// Whether a load of that number for that project is still the one that may publish.
     bool isCurrent(const Project &project, quint64 generation, quint64 latest) const;
@@ -124,6 +129,10 @@ public:
     bool closing = false;
 
 private:
+    /// What becomes of a failure that an alert tells already.
+    enum class ToldBefore : std::uint8_t { again, keepQuiet };
+    QCoro::Task<> showError(QString title, SVNClientError error, ToldBefore toldBefore);
+    bool preferencesLost = false; ///< the last write failed
     QCoro::Task<> runToolCommand(RepositoryKind kind, QString title, PathCommand command, QString workingDirectory,
                                  RefreshAfter refreshAfter, ShowOutput showOutput, BusyKind work = BusyKind::command);
     QCoro::Task<> runInSelectedProject(RepositoryKind kind, QString title, QStringList arguments,
