@@ -10,11 +10,12 @@ namespace kestor::testing {
 struct Family {
     QString name{};
     RepositoryKind kind = RepositoryKind::svn;
-    QString alert{};    ///< the title of its failure
+    QString alert{};    ///< the title of its failure, as an expression
     unsigned needs = 0; ///< what it fails without; it goes on without anything else
     QCoro::Task<> (*start)(Session &session, const World &world) = nullptr;
 };
 
+/// With KESTOR_ALL_FAULTS set all of them, else those that are run most.
 QList<Family> allFamilies();
 
 } // namespace kestor::testing

@@ -127,8 +127,8 @@ void FaultMatrix::check(const Fault &fault, std::optional<int> run) {
     if (!world.live().exists(u"wc"_s))
         return;
     expectNothingLost(filesBefore, good, outcome);
-    EXPECT_TRUE(outcome.rows == rowsBefore || outcome.rows == good.rows || run)
-        << outcome.rows.join(u'\n').toStdString();
+    for (const QString &row : run ? QStringList() : outcome.rows)
+        EXPECT_TRUE(rowsBefore.contains(row) || good.rows.contains(row)) << row.toStdString();
     EXPECT_TRUE(outcome.shown == rowsBefore || outcome.shown == outcome.rows || outcome.shown.isEmpty())
         << outcome.shown.join(u'\n').toStdString();
     EXPECT_TRUE(outcome.files == filesBefore || outcome.asked == good.asked) << "not asked before files went";
@@ -137,7 +137,7 @@ void FaultMatrix::check(const Fault &fault, std::optional<int> run) {
 TEST_P(FaultMatrix, EndsWithOneClearAlertAndNothingLost) {
     for (const Fault &fault : testing::allFaults())
         check(fault, std::nullopt);
-    // The second of these doubles the time and has found nothing that the first had not.
+    // Both double the time.
     const qsizetype faultsOfOneRun = qEnvironmentVariableIsSet("KESTOR_ALL_FAULTS") ? 2 : 1;
     for (const Fault &fault : testing::faultsOfOneRun().first(faultsOfOneRun)) {
         for (int run = 1; run <= good.toolRuns; ++run)

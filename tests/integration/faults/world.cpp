@@ -142,7 +142,7 @@ QMap<QString, QByteArray> World::files() const {
     QMap<QString, QByteArray> all;
     for (const QString &folder : {u"wc/"_s, u"outside/"_s, u"import/"_s, u"out/"_s}) {
         for (const QString &entry : live().entries(folder.chopped(1)))
-            all.insert(folder + entry, live().read(folder + entry));
+            all.insert(folder + entry, entry.endsWith(u".zip"_s) ? "a zip" : live().read(folder + entry));
     }
     return all;
 }
