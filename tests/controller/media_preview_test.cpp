@@ -7,8 +7,8 @@
 namespace kestor {
 namespace {
 
-const QByteArray before("\x89PNG\r\n\x1a\n\0before", 15);
-const QByteArray after("\x89PNG\r\n\x1a\n\0after", 14);
+const QByteArray imageBefore("\x89PNG\r\n\x1a\n\0before", 15);
+const QByteArray imageAfter("\x89PNG\r\n\x1a\n\0after", 14);
 
 /// "image old 15 new -", "binary", ...: kind and bytes of what the pane shows of `path`.
 std::string shown(AppFixture &f, const QString &path) {
@@ -23,7 +23,7 @@ std::string shown(AppFixture &f, const QString &path) {
     const auto name = [](const std::optional<QByteArray> &data) -> std::string {
         if (!data)
             return "-";
-        return *data == before ? "before" : *data == after ? "after" : *data == "" ? "empty" : "other";
+        return *data == imageBefore ? "before" : *data == imageAfter ? "after" : *data == "" ? "empty" : "other";
     };
     return name(preview.oldData) + ' ' + name(preview.newData);
 }
@@ -44,7 +44,7 @@ TEST(MediaPreview, KindsGoByTheExtension) {
 TEST(MediaPreview, TooLargeOrAbsentVersionsAreNotShown) {
     EXPECT_EQ(mediaPreview(DiffPreviewKind::image, u"a.png"_s, std::nullopt, std::nullopt), std::nullopt);
     const QByteArray huge(largestPreviewedFile + 1, '\0');
-    const std::optional<DiffPreview> notice = mediaPreview(DiffPreviewKind::image, u"a.png"_s, huge, after);
+    const std::optional<DiffPreview> notice = mediaPreview(DiffPreviewKind::image, u"a.png"_s, huge, imageAfter);
     ASSERT_TRUE(notice);
     EXPECT_EQ(notice->kind, DiffPreviewKind::binary);
     EXPECT_EQ(notice->message, u"Too large to be shown (268 MB)."_s);
@@ -55,15 +55,15 @@ TEST(MediaPreview, OfASubversionProjectHasTheVersionsThatExist) {
     SvnFixture repository;
     for (const QString &name : u"modified.png|deleted.png|missing.png|icon@2x.png|-dash.png|emptied.png|"
                                "replaced.png|linked.png|data.bin|text.c"_list)
-        repository.write(name, before);
+        repository.write(name, imageBefore);
     repository.commitAll(u"first"_s);
     for (const QString &name : u"modified.png|icon@2x.png|-dash.png|added.png|new.png|data.bin"_list)
-        repository.write(name, after);
+        repository.write(name, imageAfter);
     repository.write(u"emptied.png"_s, "");
     repository.tree.makeDirectory(u"wc/"_s + u"folder.png"_s);
     repository.svn(u"add|added.png"_list);
     repository.svn(u"delete|deleted.png|replaced.png"_list);
-    repository.write(u"replaced.png"_s, after);
+    repository.write(u"replaced.png"_s, imageAfter);
     repository.svn(u"add|replaced.png"_list);
     QFile::remove(repository.path(u"missing.png"_s));
     QFile::remove(repository.path(u"linked.png"_s));
@@ -89,16 +89,17 @@ TEST(MediaPreview, OfASubversionProjectHasTheVersionsThatExist) {
 
 TEST(MediaPreview, OfAGitProjectFollowsRenamesAndDoesWithoutHead) {
     GitFixture repository;
-    repository.writeAll({{u"first.png"_s, after}, {u"logo.svg"_s, "<svg/>\n"}});
+    repository.writeAll({{u"first.png"_s, imageAfter}, {u"logo.svg"_s, "<svg/>\n"}});
     repository.git(u"add|first.png"_list);
     AppFixture f(repository);
     EXPECT_EQ(shown(f, u"first.png"_s), "- after");
     EXPECT_EQ(shown(f, u"logo.svg"_s), "- other");
     EXPECT_TRUE(f.app.diffText.value().endsWith(u"+<svg/>"_s)) << qPrintable(f.app.diffText.value());
 
-    repository.writeAll({{u"sub/größe.png"_s, before}, {u"old.png"_s, before}, {u"deleted.png"_s, after}});
+    repository.writeAll(
+        {{u"sub/größe.png"_s, imageBefore}, {u"old.png"_s, imageBefore}, {u"deleted.png"_s, imageAfter}});
     repository.commitAll(u"first"_s);
-    repository.write(u"sub/größe.png"_s, after);
+    repository.write(u"sub/größe.png"_s, imageAfter);
     repository.git(u"mv|old.png|sub/new.png"_list);
     repository.git(u"rm|-q|deleted.png"_list);
     awaited(f.app.refreshStatus());

@@ -94,11 +94,14 @@ TEST_F(OverlappingLoads, AnOlderDiffNeverReplacesTheNewOne) {
         tasks.push_back(app->selectedChangeChanged());
     }
     ASSERT_TRUE(waitUntil([&] { return tool->runs.size() == 2; }));
-    for (const qsizetype run : {1, 0}) {
-        tool->runs[run].promise->addResult(SVNCommandResult{{}, 0, run == 1 ? "+new\n" : "+old\n", {}});
+    const auto finishRun = [this](qsizetype run, const QByteArray &printed) {
+        tool->runs[run].promise->addResult(SVNCommandResult{{}, 0, printed, {}});
         tool->runs[run].promise->finish();
-        settle();
-    }
+    };
+    finishRun(1, "+new\n");
+    ASSERT_TRUE(waitUntil([&] { return app->diffText.value() == u"+new\n"_s; }));
+    finishRun(0, "+old\n");
+    settle();
     EXPECT_EQ(app->diffPath.value(), u"b.c"_s);
     EXPECT_EQ(app->diffText.value(), u"+new\n"_s);
 }

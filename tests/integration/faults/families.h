@@ -4,6 +4,8 @@
 
 #include <QList>
 
+#include <ostream>
+
 namespace kestor::testing {
 
 /// One operation of the program, for one kind of working copy.
@@ -13,6 +15,9 @@ struct Family {
     QString alert{};    ///< the title of its failure, as an expression
     unsigned needs = 0; ///< what it fails without; it goes on without anything else
     QCoro::Task<> (*start)(Session &session, const World &world) = nullptr;
+
+    /// Keeps addresses out of the names of tests.
+    friend void PrintTo(const Family &family, std::ostream *out) { *out << family.name.toStdString(); }
 };
 
 /// With KESTOR_ALL_FAULTS set all of them, else those that are run most.

@@ -23,13 +23,13 @@ namespace {
 using testing::runTool;
 using testing::TempTree;
 
-/// How often each operation is killed: KESTOR_KILLS where it is set. All of it 23 times is 207 kills.
+/// How often each operation is killed: KESTOR_KILLS where it is set.
 int killsOfEach() {
     const int wanted = qEnvironmentVariableIntValue("KESTOR_KILLS");
-    return wanted > 0 ? wanted : 2;
+    return wanted > 0 ? wanted : 20;
 }
 
-class Kills : public ::testing::TestWithParam<std::tuple<const char *, const char *>> {
+class Kills : public ::testing::TestWithParam<std::tuple<std::string, std::string>> {
 protected:
     void SetUp() override {
         TempTree &tree = root();
@@ -50,8 +50,8 @@ protected:
     void expectSoundState();
     void expectWholeZip();
 
-    const QString operation = QString::fromLatin1(std::get<0>(GetParam()));
-    const QString kind = QString::fromLatin1(std::get<1>(GetParam()));
+    const QString operation = QString::fromStdString(std::get<0>(GetParam()));
+    const QString kind = QString::fromStdString(std::get<1>(GetParam()));
     std::unique_ptr<testing::SvnFixture> svn = kind == u"svn" ? std::make_unique<testing::SvnFixture>() : nullptr;
     std::unique_ptr<testing::GitFixture> git = kind == u"git" ? std::make_unique<testing::GitFixture>() : nullptr;
     qsizetype rules = 0;
@@ -131,11 +131,11 @@ TEST_P(Kills, LeaveEverythingWholeForTheNextStart) {
     }
 }
 
-constexpr const char *operations[] = {"commit", "revert", "delete", "archive", "preferences"};
-constexpr const char *kinds[] = {"svn", "git"};
+const std::string operations[] = {"commit", "revert", "delete", "archive", "preferences"};
+const std::string kinds[] = {"svn", "git"};
 INSTANTIATE_TEST_SUITE_P(Operations, Kills,
                          ::testing::Combine(::testing::ValuesIn(operations), ::testing::ValuesIn(kinds)),
-                         [](const auto &row) { return std::string(std::get<0>(row.param)) + std::get<1>(row.param); });
+                         [](const auto &row) { return std::get<0>(row.param) + std::get<1>(row.param); });
 
 } // namespace
 } // namespace kestor

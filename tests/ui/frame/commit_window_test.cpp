@@ -10,6 +10,7 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QTimer>
 
 #include <functional>
@@ -141,6 +142,7 @@ TEST_F(CommitWindow, TheRowMenuNamesThePathsItActsOn) {
 
 TEST_F(CommitWindow, RevertsTheRowOfTheMenuWhateverIsTicked) {
     tick({u"a.c"_s});
+    ASSERT_EQ(QProcess::execute(u"git"_s, {u"init"_s, u"-q"_s, tree.path()}), 0);
     fixture.user.confirms = false;
     openRowMenu()->actions().at(7)->trigger();
     const QStringList question = u"confirm Revert: Revert this path? Local changes will be discarded."_list;
