@@ -81,7 +81,7 @@ const QList<Fault> &allFaults() {
          [](World &) {
              setToolFault("replaced");
          }},
-        {"the tool is deleted while it runs", 0,
+        {"the tool is deleted while it runs", laterRuns,
          [](World &) {
              setToolFault("gone");
          }},

@@ -13,7 +13,8 @@ enum Need : unsigned {
     writableFolder = 4,
     disk = 8,
     preferencesFile = 16,
-    readablePreferences = 32
+    readablePreferences = 32,
+    laterRuns = 64 ///< runs of the tool that begin after the first; what needs several may fail
 };
 
 struct Fault {
