@@ -6,10 +6,13 @@ namespace {
 
 /// The line with its marks in brackets.
 QString marked(const QString &line, const std::vector<TextRange> &marks) {
-    QString result = line;
-    for (auto mark = marks.rbegin(); mark != marks.rend(); ++mark)
-        result.insert(mark->end(), u']').insert(mark->start, u'[');
-    return result;
+    QString result;
+    qsizetype done = 0;
+    for (const TextRange &mark : marks) {
+        result += line.sliced(done, mark.start - done) + u'[' + line.sliced(mark.start, mark.end() - mark.start) + u']';
+        done = mark.end();
+    }
+    return result + line.sliced(done);
 }
 
 TEST(WordMarks, MarkWhatChanged) {
