@@ -21,7 +21,8 @@ namespace {
 
 constexpr QStringView namePrefix = u"KestorSVN-";
 constexpr mode_t ownerOnly = S_IRWXU;
-constexpr mode_t anyMode = 07777;
+// Without the bit that a folder inherits from a parent that hands its group on.
+constexpr mode_t anyMode = 0777;
 
 enum class LockOutcome : std::uint8_t { locked, heldByAnother, unsupported };
 

@@ -94,9 +94,13 @@ void MainWindow::observeState() {
     observers.watch(state.selectedProjectID, [this] { showTitle(); });
     observers.watch(state.commandOutput, [this] { showOutput(); });
     new AlertPresenter(state, this);
-    // What published the end of the work goes on first: it may report a failure or begin its next step.
-    observers.watch(state.busyMessage,
-                    [this] { QMetaObject::invokeMethod(this, &MainWindow::closeWhenDone, Qt::QueuedConnection); });
+    // What published the end of the work goes on first: it may report a failure or begin its next step. A command may
+    // end under the message of a later load.
+    const auto workEnded = [this] {
+        QMetaObject::invokeMethod(this, &MainWindow::closeWhenDone, Qt::QueuedConnection);
+    };
+    observers.watch(state.busyMessage, workEnded);
+    observers.watch(state.busyKind, workEnded);
     patience->setObjectName(u"patience"_s);
     patience->setSingleShot(true);
     patience->setInterval(patienceTime);

@@ -20,7 +20,6 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 namespace {
 
-using testing::runTool;
 using testing::TempTree;
 
 /// How often each operation is killed: KESTOR_KILLS where it is set.

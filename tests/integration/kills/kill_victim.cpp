@@ -83,7 +83,7 @@ void Victim::perform(const QString &operation) {
 } // namespace
 } // namespace kestor
 
-int main(int argc, char **argv) {
+int main(int argc, char **argv) try {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     kestor::removeAbandonedFolders();
@@ -93,4 +93,6 @@ int main(int argc, char **argv) {
     std::fflush(stdout);
     for (;;)
         victim.perform(arguments[1]);
+} catch (...) {
+    return 1;
 }
