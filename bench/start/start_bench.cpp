@@ -151,7 +151,7 @@ BENCHMARK_CAPTURE(listOfDoubledAgainstSingleProject, svn, RepositoryKind::svn)
 void listOfSize(benchmark::State &state, RepositoryKind kind) {
     const SampleProject project = sampleProject(kind, static_cast<int>(state.range(0)));
     double best = noTime;
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const double seconds = changesList(project);
         best = std::min(best, seconds);
         state.SetIterationTime(seconds);
