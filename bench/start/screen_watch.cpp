@@ -165,11 +165,12 @@ ScreenWatch::Tiles ScreenWatch::currentTiles() const {
     if (!image || image->depth != 24)
         qFatal("no picture of a screen with 24 bits");
     const auto *pixels = reinterpret_cast<const quint32 *>(xcb_get_image_data(image.get()));
-    const int across = (width + tileSize - 1) / tileSize;
-    Tiles tiles(static_cast<std::size_t>(across * ((height + tileSize - 1) / tileSize)), 0);
+    const auto across = static_cast<std::size_t>((width + tileSize - 1) / tileSize);
+    const auto down = static_cast<std::size_t>((height + tileSize - 1) / tileSize);
+    Tiles tiles(across * down, 0);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            quint64 &tile = tiles[static_cast<std::size_t>(y / tileSize * across + x / tileSize)];
+            quint64 &tile = tiles[static_cast<std::size_t>(y / tileSize) * across + static_cast<std::size_t>(x / tileSize)];
             tile = (tile ^ *pixels++) * 0x100000001b3ULL;
         }
     }
