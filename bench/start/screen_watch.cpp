@@ -170,7 +170,8 @@ ScreenWatch::Tiles ScreenWatch::currentTiles() const {
     Tiles tiles(across * down, 0);
     for (int y = 0; y < height; ++y) {
         for (int x = 0; x < width; ++x) {
-            quint64 &tile = tiles[static_cast<std::size_t>(y / tileSize) * across + static_cast<std::size_t>(x / tileSize)];
+            quint64 &tile =
+                tiles[static_cast<std::size_t>(y / tileSize) * across + static_cast<std::size_t>(x / tileSize)];
             tile = (tile ^ *pixels++) * 0x100000001b3ULL;
         }
     }
