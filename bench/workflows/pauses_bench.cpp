@@ -1,7 +1,7 @@
 // The longest turn of the main thread's event loop while the window of a large project is used.
 
 #include "../support/measures.h"
-#include "pause_scenarios.h"
+#include "support/pause_scenarios.h"
 
 #include <QApplication>
 
@@ -12,16 +12,15 @@ namespace {
 
 /// Turns that nobody feels need no report.
 constexpr double shortest = 1;
-constexpr double felt = 16;
 
-void measure(const testing::PauseScenario &scenario) {
+void measure(const char *name, QList<Pause> (*scenario)(double longest)) {
     double longest = 0;
-    for (const Pause &turn : scenario.pauses(shortest)) {
+    for (const Pause &turn : scenario(shortest)) {
         longest = std::max(longest, turn.computed);
-        if (turn.computed > felt)
-            std::fprintf(stderr, "  %.1f ms: %s\n", turn.computed, qPrintable(turn.cause));
+        if (turn.computed > longestTurn)
+            logPause(turn);
     }
-    report(QByteArray("longest turn: ") + scenario.name, longest, "ms");
+    report(QByteArray("longest turn: ") + name, longest, "ms");
 }
 
 } // namespace
@@ -30,7 +29,8 @@ void measure(const testing::PauseScenario &scenario) {
 int main(int argc, char **argv) {
     using namespace kestor;
     const QApplication application(argc, argv);
-    for (const testing::PauseScenario &scenario : testing::pauseScenarios())
-        measure(scenario);
-    return 0;
+    measure("100,000 changed rows", testing::manyChangedRows);
+    measure("1,000,000-line diff", testing::longDiff);
+    measure("20,000 revisions", testing::longHistory);
+    measure("50,000 unversioned files", testing::manyUnversionedFiles);
 }

@@ -1,6 +1,9 @@
 #include "ui/frame/program.h"
 #include "ui/frame/waiting_start.h"
 #include "ui/start/instance_start.h"
+#ifdef KESTOR_WATCH_PAUSES
+#include "ui/watch/pause_watch.h"
+#endif
 
 #include <QApplication>
 #include <QDir>
@@ -41,6 +44,11 @@ int main(int argc, char **argv) {
         return outcome == Outcome::handedOver ? EXIT_SUCCESS : EXIT_FAILURE;
     QSettings settings;
     kestor::Program program(settings);
+#ifdef KESTOR_WATCH_PAUSES
+    const kestor::PauseWatch pauses(
+        kestor::longestTurn, [&program] { return program.state().busyMessage.value().value_or(QString()); },
+        kestor::logPause);
+#endif
     program.start();
     program.serve(start);
     // Behind what shows the window, which needs no icon for that.

@@ -1,4 +1,4 @@
-#include "pause_scenarios.h"
+#include "support/pause_scenarios.h"
 
 #include "support/app_fixture.h"
 #include "tools/svn_preference.h"
@@ -131,12 +131,15 @@ public:
     PauseWatch watch;
 };
 
+} // namespace
+
 QList<Pause> manyChangedRows(double longest) {
     WatchedWindow user(longest);
     user.prints(u"status"_s, printedStatus(changedRows));
     user.open();
     user.walkList();
-    user.does([&user] { user.f.app.setCommitSelection(user.f.app.changes, false); });
+    user.press<RowListView>(Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+    user.press<RowListView>(Qt::Key_A, Qt::ControlModifier);
     user.prints(u"status"_s, printedStatus(changedRows - 1));
     user.refresh();
     return user.pauses;
@@ -175,15 +178,6 @@ QList<Pause> manyUnversionedFiles(double longest) {
     user.walkList();
     user.refresh();
     return user.pauses;
-}
-
-} // namespace
-
-QList<PauseScenario> pauseScenarios() {
-    return {{"100,000 changed rows", manyChangedRows},
-            {"1,000,000-line diff", longDiff},
-            {"20,000 revisions", longHistory},
-            {"50,000 unversioned files", manyUnversionedFiles}};
 }
 
 } // namespace kestor::testing
