@@ -59,6 +59,9 @@ DiffMetrics diffMetrics(const DiffDocument &document, qint64 largestNumber, cons
     metrics.uiFont = uiFont;
     metrics.errorHeading = smallFont(uiFont);
     metrics.advance = columnAdvance(metrics.text);
+    metrics.digitAdvance = columnAdvance(metrics.number);
+    metrics.textGlyphs = {metrics.text, metrics.advance};
+    metrics.numberGlyphs = {metrics.number, metrics.digitAdvance};
     metrics.gutterWidth = document.isPlain() ? 0 : gutterWidth(largestNumber, metrics.number);
     metrics.textLeft = document.isPlain() ? paneEdge : 2 * metrics.gutterWidth + 1 + markerWidth;
     metrics.rows = rowHeights(metrics, uiFont);

@@ -2,6 +2,7 @@
 
 #include "ui/diff/diff_document.h"
 #include "ui/diff/diff_rows.h"
+#include "ui/diff/grid_glyphs.h"
 
 #include <QFont>
 
@@ -17,7 +18,9 @@ struct DiffMetrics {
     QFont text, marker, note, number; ///< fixed pitch
     QFont uiFont;                     ///< of file heads
     QFont errorHeading;
-    double advance = 0; ///< of one column
+    GridGlyphs textGlyphs, numberGlyphs; ///< of `text` and `number`
+    double advance = 0;                  ///< of one column
+    double digitAdvance = 0;             ///< of one digit of a line number
     RowHeights rows{};
     int gutterWidth = 0; ///< of one of the two columns of numbers; 0 in a plain document
     int textLeft = 0;    ///< where column 0 stands while nothing is scrolled

@@ -110,7 +110,8 @@ private:
         const qsizetype rangeEnd = close < 0 ? header.size() : close + 3;
         const int baseline = DiffMetrics::baseline(metrics.text, area.top(), area.height());
         const auto paintPart = [&](qsizetype begin, qsizetype end, const QColor &color) {
-            paintStretch(painter, header, {}, {begin, end, metrics.text, color, theme.muted}, columns, baseline);
+            paintStretch(painter, header, {}, {begin, end, metrics.text, &metrics.textGlyphs, color, theme.muted},
+                         columns, baseline);
         };
         paintPart(0, rangeEnd, theme.hunkText);
         paintPart(rangeEnd, header.size(), theme.text);
@@ -125,8 +126,11 @@ private:
         paintGutters(line, look, area);
         const bool isNote = line.kind == DiffLineKind::note;
         const TextLook textLook{isNote ? metrics.note : metrics.text,
-                                isNote ? mutedOn(look.background, look.mark) : theme.text, scene.looks.find(row.line),
-                                look.background, look.mark};
+                                isNote ? nullptr : &metrics.textGlyphs,
+                                isNote ? mutedOn(look.background, look.mark) : theme.text,
+                                scene.looks.find(row.line),
+                                look.background,
+                                look.mark};
         paintText(row.line, line.text, area, textLook);
     }
 
@@ -157,7 +161,11 @@ private:
             return;
         painter.setFont(metrics.number);
         painter.setPen(theme.gutterText);
-        painter.drawText(area.adjusted(0, 0, -gap, 0), Qt::AlignVCenter | Qt::AlignRight, QString::number(*number));
+        const QString digits = QString::number(*number);
+        const double left = area.right() + 1 - gap - static_cast<double>(digits.size()) * metrics.digitAdvance;
+        const QPointF origin(left, DiffMetrics::baseline(metrics.number, area.top(), area.height()));
+        if (!metrics.numberGlyphs.draw(painter, origin, digits))
+            painter.drawText(origin, digits);
     }
 
     void paintPlainLine(qint64 line, const QRect &area) {
@@ -167,10 +175,12 @@ private:
         if (scene.document.isError(line))
             paintErrorBar(area);
         if (line == scene.document.errorHeading)
-            paintText(line, text, area,
-                      {metrics.errorHeading, mutedOn(background, background), nullptr, background, background});
+            paintText(
+                line, text, area,
+                {metrics.errorHeading, nullptr, mutedOn(background, background), nullptr, background, background});
         else
-            paintText(line, text, area, {metrics.text, theme.text, nullptr, background, background});
+            paintText(line, text, area,
+                      {metrics.text, &metrics.textGlyphs, theme.text, nullptr, background, background});
     }
 
     DiffLineKind signOf(QStringView text) const {
@@ -189,8 +199,9 @@ private:
     /// How the text of a line looks.
     struct TextLook {
         QFont font{};
-        QColor color{};                  ///< outside of its spans
-        const LineLook *parts = nullptr; ///< null for none
+        const GridGlyphs *glyphs = nullptr; ///< as in TextStretch
+        QColor color{};                     ///< outside of its spans
+        const LineLook *parts = nullptr;    ///< null for none
         QColor background{};
         QColor mark{};
     };
@@ -209,8 +220,8 @@ private:
         if (look.parts)
             parts = visibleParts(line, text, columns, look);
         const QColor sign = mutedOn(look.background, look.mark);
-        paintStretch(painter, text, longLines, {0, text.size(), look.font, look.color, sign, parts}, columns,
-                     DiffMetrics::baseline(metrics.text, area.top(), area.height()));
+        paintStretch(painter, text, longLines, {0, text.size(), look.font, look.glyphs, look.color, sign, parts},
+                     columns, DiffMetrics::baseline(metrics.text, area.top(), area.height()));
         painter.restore();
     }
 

@@ -46,7 +46,9 @@ public:
             return;
         if (!QStringView(run).trimmed().isEmpty()) {
             painter.setPen(isSign ? stretch.sign : color);
-            painter.drawText(QPointF(view.xOf(start), baseline), run);
+            const QPointF origin(view.xOf(start), baseline);
+            if (!stretch.glyphs || !stretch.glyphs->draw(painter, origin, run))
+                painter.drawText(origin, run);
         }
         run.clear();
         isSign = false;

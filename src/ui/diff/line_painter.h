@@ -1,6 +1,7 @@
 #pragma once
 
 #include "analysis/text_range.h"
+#include "ui/diff/grid_glyphs.h"
 #include "ui/diff/long_lines.h"
 
 #include <QColor>
@@ -39,6 +40,7 @@ struct TextStretch {
     qsizetype begin = 0;
     qsizetype end = 0;
     QFont font{};
+    const GridGlyphs *glyphs = nullptr; ///< of `font`; null when it is no fixed pitch font
     QColor color{};
     QColor sign{};                        ///< of characters shown as a sign
     std::span<const ColoredPart> parts{}; ///< from left to right; the rest has `color`

@@ -71,11 +71,15 @@ WordClass wordClass(QChar unit) {
                                                                                           : WordClass::sign;
 }
 
+bool isPrintableAscii(char16_t unit) {
+    return unit >= 0x20 && unit < 0x7F;
+}
+
 } // namespace
 
 Cell cellAt(QStringView text, qsizetype index, qint64 column) {
     const char16_t unit = text[index].unicode();
-    if (unit >= 0x20 && unit < 0x7F)
+    if (isPrintableAscii(unit))
         return {unit, 1, 1, false};
     if (unit == u'\t')
         return {unit, 1, static_cast<int>(tabColumns - column % tabColumns), true};
@@ -88,6 +92,11 @@ qint64 columnAfter(QStringView text, qint64 column) {
 
 ColumnPosition positionAtColumn(QStringView text, qint64 column, ColumnPosition from) {
     while (from.index < text.size()) {
+        if (from.column < column && isPrintableAscii(text[from.index].unicode())) {
+            ++from.index;
+            ++from.column;
+            continue;
+        }
         const Cell cell = cellAt(text, from.index, from.column);
         if (from.column + cell.columns > column)
             break;
