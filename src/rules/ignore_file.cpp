@@ -27,16 +27,27 @@ QString escapedPath(QStringView path) {
     return escaped;
 }
 
-/// The lines of the file without their ends.
-QSet<QByteArray> linesOf(const QByteArray &content) {
-    QSet<QByteArray> lines;
-    for (QByteArray line : content.split('\n')) {
-        if (line.endsWith('\r'))
-            line.chop(1);
-        lines.insert(line);
+/// The rules of a file that no later line takes back.
+class StandingRules {
+public:
+    explicit StandingRules(const QByteArray &content) {
+        for (QByteArray line : content.split('\n')) {
+            if (line.endsWith('\r'))
+                line.chop(1);
+            add(line);
+        }
     }
-    return lines;
-}
+
+    void add(const QByteArray &rule) {
+        rules.remove(rule.startsWith('!') ? rule.mid(1) : '!' + rule);
+        rules.insert(rule);
+    }
+
+    bool contains(const QByteArray &rule) const { return rules.contains(rule); }
+
+private:
+    QSet<QByteArray> rules;
+};
 
 QByteArray lineEndOf(const QByteArray &content) {
     const qsizetype lineFeed = content.indexOf('\n');
@@ -55,14 +66,14 @@ QString includeRuleFor(QStringView path, PathType type) {
 }
 
 QByteArray withRules(const QByteArray &content, const QStringList &rules) {
-    QSet<QByteArray> lines = linesOf(content);
+    StandingRules standing(content);
     const QByteArray lineEnd = lineEndOf(content);
     QByteArray result = content;
     for (const QString &rule : rules) {
         const QByteArray line = rule.toUtf8();
-        if (lines.contains(line))
+        if (standing.contains(line))
             continue;
-        lines.insert(line);
+        standing.add(line);
         if (!result.isEmpty() && !result.endsWith('\n'))
             result += lineEnd;
         result += line + lineEnd;

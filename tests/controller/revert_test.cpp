@@ -201,6 +201,9 @@ TEST(Ignore, AddsWhatIsMissingAndReloads) {
     awaited(f.app.includeIgnoredPath());
     EXPECT_EQ(f.alertText(), u"Ignore Rules Unchanged: The selected ignore rule already exists in "_s +
                                  repository.path(u".kestorignore"_s) + u'.');
+    f.app.selectedChangeID = u"build/[x].o"_s;
+    awaited(f.app.ignoreSelectedPaths());
+    EXPECT_EQ(f.rows(), u"? .kestorignore|? keep.c"_list) << "the rule above was taken back by the line below it";
 }
 
 } // namespace
