@@ -72,8 +72,8 @@ QCoro::Task<RepositoryInfo> gitRepositoryInfo(std::shared_ptr<Tool> git, QString
     const QStringList head = co_await printedLines(git, args(u"symbolic-ref", u"--quiet", u"HEAD"), projectPath);
     const std::optional<QString> branch = branchName(head);
     info.workingRevision = branch.value_or(u"(detached)"_s);
-    const QStringList commit = co_await printedLines(
-        git, args(u"log", u"-1", u"--no-show-signature", u"--format=%H%n%h%n%aI%n%an"), projectPath);
+    const QStringList commit =
+        co_await printedLines(git, args(u"log", u"-1", u"--format=%H%n%h%n%aI%n%an"), projectPath);
     fillLastCommit(info, commit);
     const std::optional<QString> url = co_await remoteURL(git, branch.value_or(QString()), projectPath);
     info.url = url;

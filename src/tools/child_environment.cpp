@@ -18,7 +18,23 @@ constexpr QStringView untranslatedLocale = u"C.UTF-8";
 constexpr std::pair<QStringView, QStringView> gitConfiguration[] = {
     {u"core.quotePath", u"false"},    {u"color.ui", u"false"},      {u"color.diff", u"false"},
     {u"color.status", u"false"},      {u"diff.noprefix", u"false"}, {u"diff.mnemonicPrefix", u"false"},
-    {u"commit.cleanup", u"verbatim"},
+    {u"commit.cleanup", u"verbatim"}, {u"log.showRoot", u"true"},   {u"log.showSignature", u"false"},
+};
+
+// Each project is the repository that its folder says, also where the program was started by a hook or an alias of Git.
+constexpr QStringView repositoryVariables[] = {
+    u"GIT_DIR",        u"GIT_WORK_TREE",        u"GIT_INDEX_FILE",
+    u"GIT_COMMON_DIR", u"GIT_OBJECT_DIRECTORY", u"GIT_ALTERNATE_OBJECT_DIRECTORIES",
+    u"GIT_PREFIX",     u"GIT_NAMESPACE",        u"GIT_SHALLOW_FILE",
+    u"GIT_GRAFT_FILE",
+};
+
+// Each path says for itself that it is a name and no pattern. For hooks the variables would hold as well.
+constexpr QStringView pathspecVariables[] = {
+    u"GIT_LITERAL_PATHSPECS",
+    u"GIT_GLOB_PATHSPECS",
+    u"GIT_NOGLOB_PATHSPECS",
+    u"GIT_ICASE_PATHSPECS",
 };
 
 void appendGitConfiguration(QProcessEnvironment &environment, const QString &key, const QString &value) {
@@ -48,10 +64,10 @@ QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, Ru
     QProcessEnvironment environment = childEnvironment(inherited);
     for (const auto &[key, value] : gitConfiguration)
         appendGitConfiguration(environment, key.toString(), value.toString());
-    // Each path says for itself that it is a name and no pattern. For hooks the variables would hold as well.
-    for (const QString &name :
-         {u"GIT_LITERAL_PATHSPECS"_s, u"GIT_GLOB_PATHSPECS"_s, u"GIT_NOGLOB_PATHSPECS"_s, u"GIT_ICASE_PATHSPECS"_s})
-        environment.remove(name);
+    for (const QStringView name : repositoryVariables)
+        environment.remove(name.toString());
+    for (const QStringView name : pathspecVariables)
+        environment.remove(name.toString());
     if (purpose == RunPurpose::backgroundRead)
         environment.insert(u"GIT_OPTIONAL_LOCKS"_s, u"0"_s);
     return environment;

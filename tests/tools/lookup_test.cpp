@@ -85,6 +85,14 @@ TEST(ChildEnvironment, GitGetsItsConfigurationAfterWhatIsThere) {
     }
 }
 
+TEST(ChildEnvironment, GitLooksForTheRepositoryInItsFolder) {
+    const QProcessEnvironment inherited =
+        environmentOf(args("GIT_DIR=/a/.git", "GIT_INDEX_FILE=/a/index", "GIT_AUTHOR_NAME=me"));
+    QStringList left = gitChildEnvironment(inherited, RunPurpose::userCommand).keys();
+    left.removeIf([](const QString &key) { return key.startsWith(u"GIT_CONFIG_"); });
+    EXPECT_EQ(left, u"GIT_AUTHOR_NAME|LC_ALL"_list);
+}
+
 TEST(ChildEnvironment, OnlyABackgroundReadOfGitForgoesLocks) {
     const QString key = u"GIT_OPTIONAL_LOCKS"_s;
     EXPECT_EQ(gitChildEnvironment({}, RunPurpose::backgroundRead).value(key), u"0"_s);
