@@ -3,6 +3,7 @@
 #include "controller/path_targets.h"
 #include "controller/repository_paths.h"
 #include "controller/tool_text.h"
+#include "controller/working_diff.h"
 #include "parsers/line_changes.h"
 #include "tools/arguments.h"
 
@@ -68,7 +69,8 @@ GitVersions gitVersions(const FileHistoryRevision &revision) {
 QStringList historyDiffArguments(const Project &project, const RepositoryInfo &info, const QString &path,
                                  const FileHistoryRevision &revision) {
     if (project.kind == RepositoryKind::svn)
-        return args(u"diff", u"-c", QString::number(revision.revision), svnHistoryTarget(info, path, revision));
+        return readableSvnDiff() +
+               args(u"-c", QString::number(revision.revision), svnHistoryTarget(info, path, revision));
     return args(u"show", u"--format=", u"--patch", u"--find-renames", u"--no-ext-diff",
                 revision.commitHash.value_or(QString()), u"--", gitTarget(path));
 }
@@ -79,7 +81,7 @@ QStringList historySummaryArguments(RepositoryKind kind, const RepositoryInfo &i
     const qint64 newest = entries.first().revision;
     const QString range = QString::number(entries.last().revision - 1) + u':' + QString::number(newest);
     const QString target = repositoryURLForWorkingCopyPath(info, QString(), newest).value_or(u"."_s);
-    return args(u"diff", u"-r", range, target);
+    return readableSvnDiff() + args(u"-r", range, target);
 }
 
 LineChangeSummary historyLineChanges(RepositoryKind kind, const QByteArray &output) {

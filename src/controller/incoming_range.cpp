@@ -2,6 +2,7 @@
 
 #include "controller/repository_paths.h"
 #include "controller/tool_text.h"
+#include "controller/working_diff.h"
 #include "parsers/decimal_integer.h"
 #include "parsers/svn_xml_parsers.h"
 #include "tools/arguments.h"
@@ -92,11 +93,11 @@ QList<LogEntry> incomingEntriesOf(const QByteArray &printedLog, const IncomingRa
 
 QStringList incomingSummaryArguments(const RepositoryInfo &info, const IncomingRange &range) {
     const QString target = repositoryURLForWorkingCopyPath(info, QString(), *range.head).value_or(u"."_s);
-    return args(u"diff", u"-r", revisionPair(*range.base, *range.head), target);
+    return readableSvnDiff() + args(u"-r", revisionPair(*range.base, *range.head), target);
 }
 
 QStringList incomingDiffArguments(qint64 revision) {
-    return args(u"diff", u"-c", QString::number(revision), u".");
+    return readableSvnDiff() + args(u"-c", QString::number(revision), u".");
 }
 
 std::optional<ChangedFile> onlyChangedFile(const LogEntry &entry, const RepositoryInfo &info) {

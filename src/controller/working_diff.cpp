@@ -41,9 +41,13 @@ QString fileDiffText(const QString &path, const QString &root) {
 
 } // namespace
 
+QStringList readableSvnDiff() {
+    return args(u"diff", u"--internal-diff", u"-x", u"-u");
+}
+
 QStringList workingDiffArguments(RepositoryKind kind, const std::optional<QString> &path, const QString &gitBase) {
     QStringList arguments =
-        kind == RepositoryKind::svn ? args(u"diff") : args(u"diff", u"--no-ext-diff", gitBase, u"--");
+        kind == RepositoryKind::svn ? readableSvnDiff() : args(u"diff", u"--no-ext-diff", gitBase, u"--");
     if (path)
         arguments.append(kind == RepositoryKind::svn ? svnDiffTarget(*path) : gitTarget(*path));
     return arguments;

@@ -19,6 +19,10 @@ struct LoadedDiff {
     friend bool operator==(const LoadedDiff &, const LoadedDiff &) = default;
 };
 
+/// The beginning of a vector with which `svn` prints a diff that can be read here, whatever diff program or options the
+/// user's own configuration names; a program of the user's would open windows in the background.
+QStringList readableSvnDiff();
+
 /// The vector that prints the diff of the working change at `path`, or of all of them. `gitBase` is the tree Git
 /// compares with: "HEAD", or the empty tree before the first commit.
 QStringList workingDiffArguments(RepositoryKind kind, const std::optional<QString> &path, const QString &gitBase);

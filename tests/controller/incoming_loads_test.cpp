@@ -23,10 +23,10 @@ QByteArray printedLog(const QList<QByteArray> &revisions) {
 }
 
 QStringList diffOf(const QString &revision) {
-    return {u"diff"_s, u"-c"_s, revision, u"."_s};
+    return readableSvnDiff() + QStringList{u"-c"_s, revision, u"."_s};
 }
 
-const QStringList summaryTo12 = u"diff|-r|10:12|file:///r@12"_list;
+const QStringList summaryTo12 = readableSvnDiff() + u"-r|10:12|file:///r@12"_list;
 
 /// Two Subversion projects and tools that end when told.
 class IncomingLoads : public ::testing::Test, public HeldApp {

@@ -1,5 +1,5 @@
 #include "controller/working_diff.h"
-#include "support/temp_tree.h"
+#include "support/repositories.h"
 #include "support/test.h"
 
 #include <sys/stat.h>
@@ -41,6 +41,18 @@ TEST(WorkingDiff, BelievesTheToolsWordsAboutBinaryFiles) {
     EXPECT_EQ(loadedDiff(u"a.bin"_s, "", "svn: Cannot display it\n").preview, notice);
     EXPECT_EQ(loadedDiff(u"a.c"_s, "\r\n\n", "svn: not a working copy\n"),
               (LoadedDiff{u"(no text diff)"_s, DiffPreview()}));
+}
+
+TEST(WorkingDiff, IsSvnsOwnWhateverTheUsersConfigurationNames) {
+    SvnFixture repository;
+    repository.write(u"a.c"_s, "a\n");
+    repository.commitAll(u"a"_s);
+    repository.write(u"a.c"_s, "a \n");
+    repository.tree.write(u"settings/config"_s, "[helpers]\ndiff-cmd = false\ndiff-extensions = -w\n");
+    const QStringList settings{u"--config-dir"_s, repository.tree.path(u"settings"_s)};
+    const QByteArray printed =
+        repository.svn(settings + workingDiffArguments(RepositoryKind::svn, std::nullopt, QString()));
+    EXPECT_TRUE(printed.contains("\n+a \n")) << printed.toStdString();
 }
 
 } // namespace
