@@ -53,7 +53,7 @@ private:
 void loadRows(benchmark::State &state, const WorkingCopy &copy) {
     qsizetype rows = 0;
     while (state.KeepRunning())
-        rows = displayedStatusItems(copy.items(), copy.root(), ExpandUnversioned::yes).size();
+        rows = displayedStatusItems(copy.items(), copy.root(), RepositoryKind::svn).size();
     state.counters["rows"] = static_cast<double>(rows);
 }
 

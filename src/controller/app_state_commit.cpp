@@ -58,8 +58,8 @@ QCoro::Task<> AppState::commit(Project project, CommitRequest ticked) {
 }
 
 QCoro::Task<CommitRequest> AppState::lookedAt(Project project, CommitRequest ticked) {
-    const auto look = [ticked, root = project.path] {
-        return lookAtTickedPaths(ticked, root);
+    const auto look = [ticked, project] {
+        return lookAtTickedPaths(ticked, project);
     };
     const CommitLook seen = co_await QtConcurrent::run(&workers, look);
     if (seen.obstacle)

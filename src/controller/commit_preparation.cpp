@@ -73,6 +73,31 @@ bool holdsConflictMarkers(const QString &path) {
     return false;
 }
 
+/// The repository of its own that an unversioned row is or lies in.
+std::optional<QString> nestedRepository(const WorkingCopyItem &item, const Project &project) {
+    if (item.kind != SVNStatusKind::unversioned)
+        return std::nullopt;
+    const QString topmost = item.unversionedRoot.value_or(item.path);
+    for (const QString &folder : foldersAbove(item.path + u'/')) {
+        const QString location = absolutePath(folder, project.path);
+        if (isAtOrBelow(folder, topmost) && !QFileInfo(location).isSymLink() &&
+            isOnDisk(absolutePath(metadataName(project.kind), location)))
+            return folder;
+    }
+    return std::nullopt;
+}
+
+/// Why a ticked row must not be committed, in words for the user. `info` is what is at its path.
+std::optional<QString> obstacleOf(const WorkingCopyItem &item, const QFileInfo &info, const Project &project) {
+    if (item.kind == SVNStatusKind::missing && isOnDisk(info.filePath()))
+        return item.path + u" is on disk again. Refresh before committing it."_s;
+    if (item.kind == SVNStatusKind::conflicted && info.isFile() && holdsConflictMarkers(info.filePath()))
+        return item.path + u" still holds conflict markers. Resolve the conflict before committing it."_s;
+    if (const std::optional<QString> nested = nestedRepository(item, project))
+        return *nested + u" is a repository of its own. Untick it and what is in it, then commit again."_s;
+    return std::nullopt;
+}
+
 void removeRestored(const QStringList &paths, const QString &root) {
     for (const QString &path : paths) {
         const QFileInfo info(absolutePath(path, root));
@@ -120,17 +145,14 @@ QCoro::Task<> restoreGitIndex(std::shared_ptr<Tool> git, QString directory, GitI
     }
 }
 
-CommitLook lookAtTickedPaths(const CommitRequest &ticked, const QString &root) {
+CommitLook lookAtTickedPaths(const CommitRequest &ticked, const Project &project) {
     CommitLook look{ticked, std::nullopt};
-    look.request.git = withVacantOldNames(ticked.git, root);
+    look.request.git = withVacantOldNames(ticked.git, project.path);
     for (const WorkingCopyItem &item : ticked.items()) {
-        const QFileInfo info(absolutePath(item.path, root));
+        const QFileInfo info(absolutePath(item.path, project.path));
         if (info.isDir() && !info.isSymLink())
             look.request.folders.insert(item.path);
-        if (item.kind == SVNStatusKind::missing && isOnDisk(info.filePath()))
-            look.obstacle = item.path + u" is on disk again. Refresh before committing it."_s;
-        else if (item.kind == SVNStatusKind::conflicted && info.isFile() && holdsConflictMarkers(info.filePath()))
-            look.obstacle = item.path + u" still holds conflict markers. Resolve the conflict before committing it."_s;
+        look.obstacle = obstacleOf(item, info, project);
         if (look.obstacle)
             break;
     }

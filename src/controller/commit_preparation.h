@@ -32,9 +32,10 @@ struct CommitLook {
     std::optional<QString> obstacle{}; ///< why the commit must not run, in words for the user
 };
 
-/// Looks at the ticked paths below `root`. In the way of a commit are a missing row that is on disk again, since it
-/// would be deleted, and a conflict of Git's whose markers are still in the file. Reads the disk; workers.
-CommitLook lookAtTickedPaths(const CommitRequest &ticked, const QString &root);
+/// Looks at the ticked paths of a project. In the way of a commit are a missing row that is on disk again, since it
+/// would be deleted, a conflict of Git's whose markers are still in the file, and what lies in a repository of its own,
+/// since the tools would take it for that one's. Reads the disk; workers.
+CommitLook lookAtTickedPaths(const CommitRequest &ticked, const Project &project);
 
 /// What svn scheduled while a commit was prepared, as it printed it.
 struct SvnScheduled {

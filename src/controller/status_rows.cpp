@@ -23,7 +23,7 @@ StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray
         read = gitStatus(toolText(output));
     // No tool says such a thing of a project; nothing outside shall be walked, shown or acted on if one does.
     read.items.removeIf([](const WorkingCopyItem &item) { return leavesRoot(item.path); });
-    return {displayedStatusItems(read.items, root, ExpandUnversioned::yes), read.facts};
+    return {displayedStatusItems(read.items, root, kind), read.facts};
 }
 
 } // namespace kestor

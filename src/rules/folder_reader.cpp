@@ -14,7 +14,7 @@ QString pathPrefix(const QString &folder) {
     return folder.isEmpty() ? QString() : folder + u'/';
 }
 
-std::vector<FolderEntry> readEntries(const QString &absoluteFolder, const QString &folder) {
+std::vector<FolderEntry> readEntries(const QString &absoluteFolder, const QString &folder, const QString &closing) {
     std::vector<FolderEntry> entries;
     const Directory directory = openedDirectory(QFile::encodeName(absoluteFolder));
     if (!directory)
@@ -22,6 +22,8 @@ std::vector<FolderEntry> readEntries(const QString &absoluteFolder, const QStrin
     const QString prefix = pathPrefix(folder);
     while (const dirent *entry = ::readdir(directory.get())) {
         const QString name = QFile::decodeName(entry->d_name);
+        if (!folder.isEmpty() && name == closing)
+            return {};
         if (name != u"." && name != u".." && !isRepositoryMetadataName(name))
             entries.push_back({prefix + name, entryKind(directory.get(), *entry) == DT_DIR});
     }
@@ -30,13 +32,14 @@ std::vector<FolderEntry> readEntries(const QString &absoluteFolder, const QStrin
 
 } // namespace
 
-FolderReader::FolderReader(const QString &rootPath) : root(rootPath) {}
+FolderReader::FolderReader(const QString &rootPath, const QString &closingName)
+    : root(rootPath), closing(closingName) {}
 
 const std::vector<FolderEntry> &FolderReader::entries(const QString &folder) {
     const auto [listing, isNew] = listings.try_emplace(folder);
     // The root may be given through a link; the "/" behind it makes the system follow that one.
     if (isNew)
-        listing->second = readEntries(absolutePath(folder, root), folder);
+        listing->second = readEntries(absolutePath(folder, root), folder, closing);
     return listing->second;
 }
 

@@ -20,10 +20,11 @@ struct FolderEntry {
 /// and see the same state. Paths are normalised; one thread.
 class FolderReader {
 public:
-    explicit FolderReader(const QString &rootPath);
+    /// Folders below the root that hold an entry of the name `closingName` count as empty; "" closes none.
+    explicit FolderReader(const QString &rootPath, const QString &closingName = {});
 
     /// What the folder holds, in the order of the disk, without ".svn" and ".git". Nothing for folders that cannot be
-    /// read and for links.
+    /// read, for closed ones and for links.
     const std::vector<FolderEntry> &entries(const QString &folder);
     /// The rules of the folder's ignore files in the order in which they decide. Files that cannot be read or are not
     /// UTF-8 give none.
@@ -31,6 +32,7 @@ public:
 
 private:
     const QString root;
+    const QString closing;
     std::unordered_map<QString, std::vector<FolderEntry>> listings;
     std::unordered_map<QString, QList<IgnoreRule>> ruleLists;
 };

@@ -119,11 +119,11 @@ QList<WorkingCopyItem> filteredItems(FolderReader &reader, std::vector<LocatedIt
 } // namespace
 
 QList<WorkingCopyItem> displayedStatusItems(const QList<WorkingCopyItem> &items, const QString &root,
-                                            ExpandUnversioned expand) {
-    FolderReader reader(root);
+                                            RepositoryKind kind) {
+    FolderReader reader(root, metadataName(kind));
     std::vector<LocatedItem> located = locatedItems(items, root);
-    const IgnoreRules rules = rulesForItems(reader, located, expand);
-    return filteredItems(reader, std::move(located), rules, expand);
+    const IgnoreRules rules = rulesForItems(reader, located, ExpandUnversioned::yes);
+    return filteredItems(reader, std::move(located), rules, ExpandUnversioned::yes);
 }
 
 IgnoreRules ignoreRulesForStatusItems(const QList<WorkingCopyItem> &items, const QString &root,

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <sys/stat.h>
 
+using namespace Qt::StringLiterals;
+
 namespace kestor {
 
 namespace {
@@ -94,6 +96,10 @@ bool workingCopyPathIsDirectory(QStringView path, const QString &root) {
 
 bool isRepositoryMetadataName(QStringView name) {
     return name == u".svn" || name == u".git";
+}
+
+QString metadataName(RepositoryKind kind) {
+    return kind == RepositoryKind::svn ? u".svn"_s : u".git"_s;
 }
 
 QString ignoreFileURL(const QString &root) {

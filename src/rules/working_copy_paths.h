@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/project.h"
+
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -49,6 +51,9 @@ bool workingCopyPathIsDirectory(QStringView path, const QString &root);
 
 /// True for ".svn" and ".git", which no walk lists or enters.
 bool isRepositoryMetadataName(QStringView name);
+
+/// The one of the two that makes a folder a repository of that kind.
+QString metadataName(RepositoryKind kind);
 
 /// The ignore file that the ignore command writes for the project at `root` (absolute): ".gitignore" when it exists
 /// there, else ".kestorignore", which need not exist.

@@ -1,3 +1,4 @@
+#include "rules/working_copy_paths.h"
 #include "support/app_test.h"
 
 namespace kestor {
@@ -231,6 +232,42 @@ TEST(Commit, OfAFileThatCameBackDoesNotDeleteIt) {
     awaited(f.app.commitSelected());
     EXPECT_EQ(f.alertText(), u"Commit Failed: gone.c is on disk again. Refresh before committing it."_s);
     EXPECT_EQ(repository.tree.read(u"wc/gone.c"_s), "precious\n");
+}
+
+TEST(Commit, StaysOutOfRepositoriesInUnversionedFolders) {
+    SvnFixture svn;
+    svn.write(u"f.c"_s, "one\n");
+    svn.commitAll(u"first"_s);
+    svn.write(u"deep/own.c"_s);
+    svn.svn({u"checkout"_s, u"-q"_s, u"file://"_s + svn.tree.path(u"repo/trunk"_s), u"deep/other"_s});
+    svn.write(u"deep/other/f.c"_s, "two\n");
+    GitFixture git;
+    git.write(u"f.c"_s, "one\n");
+    git.commitAll(u"first"_s);
+    git.write(u"deep/own.c"_s);
+    git.git(u"worktree|add|-q|deep/other"_list);
+    git.git(u"clone|-q|.|top"_list);
+    const Rows<QString, RepositoryKind, QStringList> rows{
+        {"svn", svn.path(), RepositoryKind::svn, u"? deep/other|? deep/own.c"_list},
+        {"git", git.path(), RepositoryKind::git, u"? deep/other|? deep/own.c|? top"_list},
+    };
+    AppFixture f;
+    for (const auto &[name, path, kind, shown] : rows) {
+        f.open(path, kind);
+        EXPECT_EQ(f.rows(), shown);
+        f.app.setCommitSelection(f.app.changes, true);
+        f.app.commitMessage = u"all"_s;
+        awaited(f.app.commitSelected());
+        EXPECT_EQ(f.alertText(), u"Commit Failed: deep/other is a repository of its own. Untick it and what is in it, "
+                                 "then commit again."_s);
+        // A row that is older than the repository around it.
+        tickOnly(f, {u"deep/own.c"_s});
+        const QString metadata = metadataName(kind);
+        QFile::link(path + u"/deep/other/"_s + metadata, path + u"/deep/"_s + metadata);
+        awaited(f.app.commitSelected());
+        EXPECT_TRUE(contains(f.alertText(), u"deep is a repository of its own."_s));
+    }
+    EXPECT_TRUE(svn.svn(u"status|deep/other"_list).startsWith("M "));
 }
 
 TEST(Commit, OfManyFilesFitsIntoTheCommandLine) {

@@ -35,11 +35,12 @@ protected:
         QFile::link(tree.path(u"dir"_s), tree.path(u"link"_s));
     }
 
-    void check(const FilterRow &row, ExpandUnversioned expand) {
+    void check(const FilterRow &row) {
         SCOPED_TRACE(row.name);
         tree.write(u".gitignore"_s, row.rules);
-        const QList<WorkingCopyItem> rows = displayedStatusItems(row.items, tree.path(), expand);
+        const QList<WorkingCopyItem> rows = displayedStatusItems(row.items, tree.path(), RepositoryKind::svn);
         EXPECT_EQ(pathsOf(rows), row.expected);
+        constexpr ExpandUnversioned expand = ExpandUnversioned::yes;
         const IgnoreRules rules = ignoreRulesForStatusItems(row.items, tree.path(), expand);
         EXPECT_EQ(statusItemsByApplyingIgnoreRules(row.items, tree.path(), rules, expand), rows);
     }
@@ -89,8 +90,9 @@ TEST_F(StatusFilter, HidesAndExpands) {
          u"-x \"y\"|a\nb -> c"_list},
     };
     for (const FilterRow &row : rows)
-        check(row, ExpandUnversioned::yes);
-    check({"without expansion a folder stays", "", {newFolder}, u"new"_list}, ExpandUnversioned::no);
+        check(row);
+    EXPECT_EQ(pathsOf(statusItemsByApplyingIgnoreRules({newFolder}, tree.path(), {}, ExpandUnversioned::no)),
+              u"new"_list);
 }
 
 TEST_F(StatusFilter, KeepsWhatTheToolSaidAndTellsWhereAFileWasFound) {
@@ -100,7 +102,7 @@ TEST_F(StatusFilter, KeepsWhatTheToolSaidAndTellsWhereAFileWasFound) {
     const QList<WorkingCopyItem> expected{
         {.path = u"dir/f9"_s, .kind = modified, .revision = u"7"_s, .unversionedRoot = u"dir"_s},
         {.path = u"objects/sub/b.o"_s, .kind = unversioned, .unversionedRoot = u"objects/sub"_s}};
-    EXPECT_EQ(displayedStatusItems(items, tree.path(), ExpandUnversioned::yes), expected);
+    EXPECT_EQ(displayedStatusItems(items, tree.path(), RepositoryKind::git), expected);
 }
 
 } // namespace
