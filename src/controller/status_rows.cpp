@@ -5,9 +5,20 @@
 #include "parsers/svn_xml_parsers.h"
 #include "rules/project_bounds.h"
 #include "rules/status_filter.h"
+#include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
 namespace kestor {
+
+namespace {
+
+/// Each tool calls the other one's metadata unversioned.
+bool isMetadataOfTheOtherTool(const WorkingCopyItem &item) {
+    const QStringView path = item.path.endsWith(u'/') ? QStringView(item.path).chopped(1) : item.path;
+    return item.kind == SVNStatusKind::unversioned && isRepositoryMetadataName(path.sliced(path.lastIndexOf(u'/') + 1));
+}
+
+} // namespace
 
 QStringList statusArguments(RepositoryKind kind) {
     if (kind == RepositoryKind::svn)
@@ -21,8 +32,9 @@ StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray
         read.items = parsedOutput<StatusParser>(output);
     else
         read = gitStatus(toolText(output));
-    // No tool says such a thing of a project; nothing outside shall be walked, shown or acted on if one does.
-    read.items.removeIf([](const WorkingCopyItem &item) { return leavesRoot(item.path); });
+    // No tool says of a project what leaves it; nothing outside shall be walked, shown or acted on if one does.
+    read.items.removeIf(
+        [](const WorkingCopyItem &item) { return leavesRoot(item.path) || isMetadataOfTheOtherTool(item); });
     return {displayedStatusItems(read.items, root, kind), read.facts};
 }
 

@@ -238,13 +238,13 @@ TEST(Commit, StaysOutOfRepositoriesInUnversionedFolders) {
     SvnFixture svn;
     svn.write(u"f.c"_s, "one\n");
     svn.commitAll(u"first"_s);
-    svn.write(u"deep/own.c"_s);
+    svn.writeAll({{u"deep/own.c"_s}, {u".git/HEAD"_s}});
     svn.svn({u"checkout"_s, u"-q"_s, u"file://"_s + svn.tree.path(u"repo/trunk"_s), u"deep/other"_s});
     svn.write(u"deep/other/f.c"_s, "two\n");
     GitFixture git;
     git.write(u"f.c"_s, "one\n");
     git.commitAll(u"first"_s);
-    git.write(u"deep/own.c"_s);
+    git.writeAll({{u"deep/own.c"_s}, {u".svn/wc.db"_s}});
     git.git(u"worktree|add|-q|deep/other"_list);
     git.git(u"clone|-q|.|top"_list);
     const Rows<QString, RepositoryKind, QStringList> rows{
