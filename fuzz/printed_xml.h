@@ -9,18 +9,18 @@
 #include <QUtf8StringView>
 
 #include <optional>
+#include <utility>
 
 namespace kestor::fuzz {
 
-/// `text` so that a reader of XML gets back every character.
+/// `text` as svn prints it, so that a reader gets back every character.
 inline QByteArray escaped(const QString &text) {
-    QByteArray result;
-    for (const char byte : text.toUtf8()) {
-        if (QByteArrayView("&<>\"\t\n\r").contains(byte))
-            result += "&#" + QByteArray::number(static_cast<int>(byte)) + ';';
-        else
-            result += byte;
-    }
+    constexpr std::pair<char, const char *> references[] = {{'&', "&amp;"},  {'<', "&lt;"},  {'>', "&gt;"},
+                                                            {'"', "&quot;"}, {'\t', "&#9;"}, {'\n', "&#10;"},
+                                                            {'\r', "&#13;"}};
+    QByteArray result = text.toUtf8();
+    for (const auto &[character, reference] : references)
+        result.replace(character, reference);
     return result;
 }
 

@@ -15,6 +15,7 @@
 #include "controller/working_copy_actions.h"
 #include "controller/working_diff.h"
 #include "controller/workspace.h"
+#include "controller/written_file.h"
 #include "model/project_store.h"
 #include "tools/archive_zip_client.h"
 
@@ -149,8 +150,10 @@ private:
     /// loadInfo that throws.
     QCoro::Task<> updateInfo();
     QCoro::Task<> showInfo(Project project);
-    QCoro::Task<> refreshSelectedProjectKind() override;
-    QCoro::Task<> verifyKind(Project project);
+    QCoro::Task<bool> refreshSelectedProjectKind() override;
+    QCoro::Task<bool> verifyKind(Project project);
+    /// What is shown is that of the repository around the project, which nothing may act on.
+    void withdrawRowsOf(const Project &project, const QString &surroundingRoot);
     QCoro::Task<> loadStatus(RunPurpose purpose);
     QCoro::Task<> loadChanges(Project project, quint64 generation, RunPurpose purpose);
     void publishChanges(const LoadedChanges &loaded, const TickDecisions &decisionsBefore);
@@ -196,8 +199,8 @@ private:
     static std::shared_ptr<LatestTurn> newHistoryDiffTurn();
     void publishArchives(const QList<LogEntry> &entries);
     QCoro::Task<> writeArchive(Project project, LogEntry entry, QString chosenPath);
-    /// Writes the zip to `path`, then gives it its name.
-    QCoro::Task<SVNCommandResult> writeArchiveBeside(Project project, LogEntry entry, QString path,
+    /// Writes the zip to the place, then gives it its name.
+    QCoro::Task<SVNCommandResult> writeArchiveBeside(Project project, LogEntry entry, FileBeside file,
                                                      QString destination);
     QCoro::Task<> exportTree(Project project, QString revision, QString tree);
     QCoro::Task<SVNCommandResult> archiveFromGit(Project project, LogEntry entry, QString path);

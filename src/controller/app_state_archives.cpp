@@ -18,10 +18,10 @@ namespace kestor {
 namespace {
 
 /// Leaves a file alone that the user was not asked about, because its name was completed afterwards.
-FileBeside createFileFor(const QString &chosenPath, const QString &destination) {
+FileBeside placeFor(const QString &chosenPath, const QString &destination) {
     if (destination != chosenPath && QFileInfo::exists(destination))
-        return {QString(), destination + u" already exists."_s};
-    return createFileBeside(destination);
+        return {nullptr, {}, destination + u" already exists."_s};
+    return placeBeside(destination);
 }
 
 /// The URL of the working copy with the revision as its peg. Throws SVNClientError.
@@ -39,7 +39,9 @@ QCoro::Task<QString> svnArchiveSource(std::shared_ptr<Tool> svn, Project project
 
 QCoro::Task<> AppState::refreshArchives() {
     const RunningOperations::Scope running(operations);
-    co_await refreshSelectedProjectKind();
+    const bool isLoadable = co_await refreshSelectedProjectKind();
+    if (!isLoadable)
+        co_return;
     co_await loadInfo();
     co_await loadArchives();
 }
@@ -123,32 +125,35 @@ QCoro::Task<> AppState::writeArchive(Project project, LogEntry entry, QString ch
     {
         const BusyScope creating(busy, u"Creating archive"_s, BusyKind::interruptible);
         const auto create = [chosenPath, destination] {
-            return createFileFor(chosenPath, destination);
+            return placeFor(chosenPath, destination);
         };
         const FileBeside file = co_await QtConcurrent::run(&workers, create);
         if (!file.failure.isEmpty())
             throw SVNClientError::launchFailed(file.failure);
-        result = co_await writeArchiveBeside(project, entry, file.path, destination);
+        result = co_await writeArchiveBeside(project, entry, file, destination);
         result.commandLine.replace(file.path, destination);
     }
     commandOutput = combinedOutput(u"Create Archive Zip"_s, result.commandLine, result.status,
                                    QStringList(u"Created "_s + destination), QStringList());
 }
 
-QCoro::Task<SVNCommandResult> AppState::writeArchiveBeside(Project project, LogEntry entry, QString path,
+QCoro::Task<SVNCommandResult> AppState::writeArchiveBeside(Project project, LogEntry entry, FileBeside file,
                                                            QString destination) {
     SVNCommandResult result;
     std::optional<SVNClientError> failure;
     try {
         if (project.kind == RepositoryKind::git)
-            result = co_await archiveFromGit(project, entry, path);
+            result = co_await archiveFromGit(project, entry, file.path);
         else
-            result = co_await archiveFromSubversion(project, entry, path);
+            result = co_await archiveFromSubversion(project, entry, file.path);
     } catch (const SVNClientError &error) {
         failure = error;
     }
-    const auto finish = [path, destination, isWritten = !failure] {
-        return isWritten ? moveIntoPlace(path, destination) : removedFile(path);
+    const auto finish = [file, destination, isWritten = !failure] {
+        if (isWritten)
+            return moveIntoPlace(file, destination);
+        file.folder->remove();
+        return QString();
     };
     const QString notMoved = co_await QtConcurrent::run(&workers, finish);
     if (failure)

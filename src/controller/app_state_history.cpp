@@ -10,7 +10,9 @@ namespace kestor {
 
 QCoro::Task<> AppState::refreshHistory() {
     const RunningOperations::Scope running(operations);
-    co_await refreshSelectedProjectKind();
+    const bool isLoadable = co_await refreshSelectedProjectKind();
+    if (!isLoadable)
+        co_return;
     co_await loadInfo();
     co_await loadHistory();
 }

@@ -58,13 +58,15 @@ QCoro::Task<> AppState::refresh(RunPurpose purpose) {
     // A tab that is shown meanwhile loads what it lacks by itself.
     const WorkflowTab tab = selectedTab;
     // The probe nearly always finds what is known already, so the loads do not wait for it.
-    const QCoro::Task<> verifying = refreshSelectedProjectKind();
+    const QCoro::Task<bool> verifying = refreshSelectedProjectKind();
     const QCoro::Task<> status = loadStatus(purpose);
     const QCoro::Task<> shares = languageShares.reload();
-    co_await verifying;
+    const bool isLoadable = co_await verifying;
     const std::optional<Project> verified = selectedProject();
     if (!verified || verified->id != project->id)
         co_return; // its own refresh is under way
+    if (!isLoadable)
+        co_return co_await status;
     if (verified->kind != project->kind)
         co_return co_await reloadEverything(purpose, tab);
     if (verified->kind == RepositoryKind::git)
@@ -102,37 +104,55 @@ QCoro::Task<> AppState::loadLogOf(WorkflowTab tab) {
     return nothing();
 }
 
-QCoro::Task<> AppState::refreshSelectedProjectKind() {
+QCoro::Task<bool> AppState::refreshSelectedProjectKind() {
     const std::optional<Project> project = selectedProject();
     if (!project)
-        co_return;
+        co_return true;
     try {
-        co_await verifyKind(*project);
+        co_return co_await verifyKind(*project);
     } catch (const SVNClientError &) {
         // The status load that follows tells the user what is wrong with the folder.
     }
+    co_return true;
 }
 
-QCoro::Task<> AppState::verifyKind(Project project) {
+QCoro::Task<bool> AppState::verifyKind(Project project) {
     bool asStored = true;
     try {
-        if (project.kind == RepositoryKind::svn)
+        if (project.kind == RepositoryKind::svn) {
             co_await updateInfo(); // svn asks for nothing else
-        else
-            co_await probeGit(toolFor(RepositoryKind::git), project.path);
+        } else {
+            const std::shared_ptr<Tool> git = toolFor(RepositoryKind::git);
+            const DetectedRepository own = co_await probeGit(git, project.path, RunPurpose::backgroundRead);
+            asStored = isSameFolder(own.root, project.path);
+        }
     } catch (const SVNClientError &) {
         asStored = false;
     }
     if (asStored)
-        co_return;
+        co_return true;
     const DetectedRepository found = co_await detectRepository(project.path);
-    // A folder inside a repository of the other kind is not that repository.
-    const bool isItsRoot = QFileInfo(found.root).canonicalFilePath() == QFileInfo(project.path).canonicalFilePath();
-    if (found.kind != project.kind && isItsRoot)
+    // A folder inside a repository is not that repository.
+    const bool isItsRoot = isSameFolder(found.root, project.path);
+    if (isItsRoot && found.kind != project.kind)
         storeProjectKind(project.id, found.kind);
+    const bool isForeign = !isItsRoot && found.kind == RepositoryKind::git && project.kind == RepositoryKind::git;
+    if (isForeign && selectedProjectID.value() == project.id)
+        withdrawRowsOf(project, found.root);
+    co_return !isForeign;
+}
+
+void AppState::withdrawRowsOf(const Project &project, const QString &surroundingRoot) {
+    const QString message = project.path + u" is no Git repository of its own any more. It lies inside the one at "_s +
+                            surroundingRoot + u", of which nothing is shown or changed here."_s;
+    resetProjectState();
+    const std::optional<AppAlert> standing = alert;
+    if (!standing || standing->message != message)
+        showAlert(u"Status Failed"_s, message);
 }
 
 QCoro::Task<> AppState::loadStatus(RunPurpose purpose) {
+    const RunningOperations::Scope running(operations);
     const std::optional<Project> project = selectedProject();
     if (!project)
         co_return;
@@ -142,6 +162,10 @@ QCoro::Task<> AppState::loadStatus(RunPurpose purpose) {
         return isCurrent(*project, generation, statusGeneration) && shown && shown->kind == project->kind;
     };
     co_await reporting(u"Status Failed"_s, loadChanges(*project, generation, purpose), isRelevant);
+    const std::optional<Project> now = selectedProject();
+    // It failed because the folder is of the other kind by now.
+    if (isCurrent(*project, generation, statusGeneration) && now && now->kind != project->kind)
+        co_await reloadEverything(purpose, selectedTab);
 }
 
 QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurpose purpose) {
@@ -152,6 +176,8 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
         std::optional<SVNClientError> failure;
         try {
             result = co_await tool->run(statusArguments(project.kind), project.path, CheckStatus::yes, purpose);
+            if (deniesWorkingCopy(result, project.path))
+                failure = SVNClientError::commandFailed(result);
         } catch (const SVNClientError &error) {
             failure = error;
         }
@@ -166,6 +192,8 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
         const LoadedChanges loaded = co_await QtConcurrent::run(&workers, read);
         if (!isCurrent(project, generation, statusGeneration))
             co_return;
+        if (!loaded.rows.isWhole)
+            throw SVNClientError::launchFailed(u"What svn printed could not be read to its end."_s);
         publishChanges(loaded, before);
     }
     const QCoro::Task<> summary = loadLineSummary(project, generation);

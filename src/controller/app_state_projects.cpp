@@ -60,7 +60,7 @@ QCoro::Task<DetectedRepository> AppState::detectRepository(QString folder) {
         // Not a working copy, or no svn: ask Git.
     }
     try {
-        co_return co_await probeGit(toolFor(RepositoryKind::git), folder);
+        co_return co_await probeGit(toolFor(RepositoryKind::git), folder, RunPurpose::repositorySearch);
     } catch (const SVNClientError &) {
         // Neither: told below in one sentence.
     }

@@ -4,6 +4,11 @@
 #include "parsers/svn_xml_parsers.h"
 #include "tools/arguments.h"
 
+#include <QFile>
+
+#include <filesystem>
+#include <system_error>
+
 namespace kestor {
 
 namespace {
@@ -16,9 +21,9 @@ QCoro::Task<QString> svnRoot(std::shared_ptr<Tool> svn, QString folder) {
     co_return info.workingCopyRoot.value_or(QString());
 }
 
-QCoro::Task<QString> gitRoot(std::shared_ptr<Tool> git, QString folder) {
+QCoro::Task<QString> gitRoot(std::shared_ptr<Tool> git, QString folder, RunPurpose purpose) {
     const SVNCommandResult result =
-        co_await git->run(args(u"rev-parse", u"--show-toplevel"), folder, CheckStatus::yes, RunPurpose::backgroundRead);
+        co_await git->run(args(u"rev-parse", u"--show-toplevel"), folder, CheckStatus::yes, purpose);
     co_return toolText(result.stdoutData).trimmed();
 }
 
@@ -40,9 +45,15 @@ QCoro::Task<DetectedRepository> probeSubversion(std::shared_ptr<Tool> svn, QStri
     co_return DetectedRepository{root.isEmpty() ? folder : root, RepositoryKind::svn};
 }
 
-QCoro::Task<DetectedRepository> probeGit(std::shared_ptr<Tool> git, QString folder) {
-    const QString root = co_await gitRoot(git, folder);
+QCoro::Task<DetectedRepository> probeGit(std::shared_ptr<Tool> git, QString folder, RunPurpose purpose) {
+    const QString root = co_await gitRoot(git, folder, purpose);
     co_return DetectedRepository{root.isEmpty() ? folder : root, RepositoryKind::git};
+}
+
+bool isSameFolder(const QString &one, const QString &other) {
+    std::error_code missing;
+    return one == other || std::filesystem::equivalent(QFile::encodeName(one).toStdString(),
+                                                       QFile::encodeName(other).toStdString(), missing);
 }
 
 QCoro::Task<std::optional<QString>> svnWorkingCopyRoot(std::shared_ptr<Tool> svn, QString folder) {
@@ -50,7 +61,7 @@ QCoro::Task<std::optional<QString>> svnWorkingCopyRoot(std::shared_ptr<Tool> svn
 }
 
 QCoro::Task<std::optional<QString>> gitWorkingCopyRoot(std::shared_ptr<Tool> git, QString folder) {
-    return foundRoot(gitRoot(git, folder));
+    return foundRoot(gitRoot(git, folder, RunPurpose::backgroundRead));
 }
 
 } // namespace kestor

@@ -186,8 +186,7 @@ QCoro::Task<bool> RepositorySetup::isWorkingCopy(Checkout checkout) {
         root = co_await gitWorkingCopyRoot(tool, checkout.destination);
     else
         root = co_await svnWorkingCopyRoot(tool, checkout.destination);
-    co_return root.has_value() &&
-        QFileInfo(*root).canonicalFilePath() == QFileInfo(checkout.destination).canonicalFilePath();
+    co_return root &&isSameFolder(*root, checkout.destination);
 }
 
 QCoro::Task<> RepositorySetup::importDirectory() {

@@ -8,6 +8,12 @@
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
+#include <QFileInfo>
+
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
 namespace kestor {
 
 namespace {
@@ -26,16 +32,28 @@ QStringList statusArguments(RepositoryKind kind) {
     return args(u"status", u"--porcelain=v1", u"--untracked-files=normal");
 }
 
+bool deniesWorkingCopy(const SVNCommandResult &status, const QString &root) {
+    if (!status.stderrData.contains("W155007"))
+        return false;
+    // It says the same of folders below that are no working copies where one is expected.
+    const QString folder = QFileInfo(root).canonicalFilePath();
+    return toolText(status.stderrData).contains(u"W155007: '"_s + folder + u"' is not a working copy"_s);
+}
+
 StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray &output) {
     GitStatus read;
-    if (kind == RepositoryKind::svn)
-        read.items = parsedOutput<StatusParser>(output);
-    else
+    std::optional<QList<WorkingCopyItem>> listed;
+    if (kind == RepositoryKind::git)
         read = gitStatus(toolText(output));
+    else
+        listed = StatusParser::parseWhole(isValidUtf8(output) ? output : toolText(output).toUtf8());
+    if (listed)
+        read.items = *std::move(listed);
     // No tool says of a project what leaves it; nothing outside shall be walked, shown or acted on if one does.
     read.items.removeIf(
         [](const WorkingCopyItem &item) { return leavesRoot(item.path) || isMetadataOfTheOtherTool(item); });
-    return {displayedStatusItems(read.items, root, kind), read.facts};
+    return {displayedStatusItems(read.items, root, kind), read.facts,
+            kind == RepositoryKind::git || listed.has_value()};
 }
 
 } // namespace kestor

@@ -4,6 +4,7 @@
 #include "controller/git_status.h"
 #include "model/project.h"
 #include "model/working_copy_item.h"
+#include "tools/command_result.h"
 
 #include <QByteArray>
 #include <QList>
@@ -16,10 +17,15 @@ namespace kestor {
 /// The vector that lists the local changes of a project.
 QStringList statusArguments(RepositoryKind kind);
 
+/// Whether `svn status` in the project at `root` (absolute) found no working copy there, which it calls a warning and
+/// success. Reads the disk then.
+bool deniesWorkingCopy(const SVNCommandResult &status, const QString &root);
+
 /// The rows of the Changes list and what belongs to them.
 struct StatusRows {
     QList<WorkingCopyItem> items{}; ///< filtered by the ignore rules, expanded and sorted
     GitRowFacts git{};
+    bool isWhole = true; ///< false when the output breaks off or is no XML, so that rows may be missing
 };
 
 /// New rows with the ticks they get.

@@ -112,8 +112,9 @@ public:
     virtual QCoro::Task<> addProject(QString folder, RepositoryKind kind) = 0;
     /// Loads `repositoryInfo` for the selected project. Silent: on failure it keeps its value.
     virtual QCoro::Task<> loadInfo() = 0;
-    /// Finds out whether the selected project is still of its kind.
-    virtual QCoro::Task<> refreshSelectedProjectKind() = 0;
+    /// Finds out whether the selected project is still of its kind. False when nothing is to be loaded, because it is
+    /// no repository of its own any more and lies inside another; the user has been told then.
+    virtual QCoro::Task<bool> refreshSelectedProjectKind() = 0;
     /// To be called when a command may have changed the repository: loads everything that is shown and remembers to
     /// load the rest when it is.
     virtual QCoro::Task<> reloadAfterChange() = 0;

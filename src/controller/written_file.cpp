@@ -1,12 +1,15 @@
 #include "controller/written_file.h"
 
+#include "tools/command_result.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
-#include <QUuid>
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -31,29 +34,28 @@ QString writeFile(const QString &path, const QByteArray &content) {
     return whole && file.commit() ? QString() : cannotWrite(path, file.errorString());
 }
 
-FileBeside createFileBeside(const QString &destination) {
+FileBeside placeBeside(const QString &destination) {
     const QFileInfo info(destination);
     if (info.isDir())
-        return {QString(), cannotWrite(destination, u"It is a folder."_s)};
-    const QString name = u".KestorSVN-%1.%2"_s.arg(QUuid::createUuid().toString(QUuid::WithoutBraces), info.suffix());
-    QFile file(info.absolutePath() + u'/' + name);
-    if (!file.open(QIODevice::NewOnly))
-        return {QString(), cannotWrite(destination, file.errorString())};
-    return {file.fileName(), QString()};
+        return {nullptr, {}, cannotWrite(destination, u"It is a folder."_s)};
+    const QString parent = info.absolutePath();
+    removeAbandonedHiddenFolders(parent);
+    if (::access(QFile::encodeName(parent).constData(), W_OK | X_OK) != 0)
+        return {nullptr, {}, cannotWrite(destination, qt_error_string(errno))};
+    try {
+        const auto folder = std::make_shared<TemporaryFolder>(parent);
+        return {folder, folder->path() + u'/' + info.fileName(), {}};
+    } catch (const SVNClientError &error) {
+        return {nullptr, {}, error.errorDescription()};
+    }
 }
 
-QString moveIntoPlace(const QString &path, const QString &destination) {
+QString moveIntoPlace(const FileBeside &file, const QString &destination) {
     std::error_code error;
-    std::filesystem::rename(QFile::encodeName(path).toStdString(), QFile::encodeName(destination).toStdString(), error);
-    if (!error)
-        return QString();
-    QFile::remove(path);
-    return cannotWrite(destination, QString::fromLocal8Bit(error.message()));
-}
-
-QString removedFile(const QString &path) {
-    QFile::remove(path);
-    return QString();
+    std::filesystem::rename(QFile::encodeName(file.path).toStdString(), QFile::encodeName(destination).toStdString(),
+                            error);
+    file.folder->remove();
+    return error ? cannotWrite(destination, QString::fromLocal8Bit(error.message())) : QString();
 }
 
 } // namespace kestor

@@ -1,7 +1,11 @@
 #pragma once
 
+#include "tools/temporary_folder.h"
+
 #include <QByteArray>
 #include <QString>
+
+#include <memory>
 
 namespace kestor {
 
@@ -11,19 +15,18 @@ namespace kestor {
 /// Writes `content` to `path`, replacing an older file at the very end.
 QString writeFile(const QString &path, const QByteArray &content);
 
-/// An empty file in the folder of the one that a tool shall write, under a name of its own.
+/// Where a tool shall write a file, on the disk of its destination.
 struct FileBeside {
-    QString path{};
+    std::shared_ptr<TemporaryFolder> folder{}; ///< of this file alone
+    QString path{};                            ///< in the folder; nothing is there yet
     QString failure{};
 };
 
-/// Creates it for `destination`. Fails where no file can be written.
-FileBeside createFileBeside(const QString &destination);
+/// Makes the place for `destination`, and removes those that runs which died left in the same folder. Fails where no
+/// file can be written.
+FileBeside placeBeside(const QString &destination);
 
-/// Gives the file at `path` the name `destination`, replacing an older one. On failure the file is removed.
-QString moveIntoPlace(const QString &path, const QString &destination);
-
-/// Removes what createFileBeside created; always "".
-QString removedFile(const QString &path);
+/// Gives the file that was written there the name `destination`, replacing an older one, and removes the place.
+QString moveIntoPlace(const FileBeside &file, const QString &destination);
 
 } // namespace kestor

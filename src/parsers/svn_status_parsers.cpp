@@ -139,6 +139,11 @@ QList<WorkingCopyItem> StatusParser::parse(QStringView text) {
     return parse(utf8OrEmpty(text));
 }
 
+std::optional<QList<WorkingCopyItem>> StatusParser::parseWhole(QByteArrayView utf8) {
+    LocalStatusHandler handler;
+    return readXml(utf8, handler) == XmlEnd::reached ? std::optional(handler.takeSortedItems()) : std::nullopt;
+}
+
 RemoteStatus RemoteStatusParser::parse(QByteArrayView utf8) {
     RemoteStatusHandler handler;
     readXml(utf8, handler);

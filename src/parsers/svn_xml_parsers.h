@@ -29,6 +29,8 @@ struct StatusParser {
     /// The entries that are changes, in the localised standard order of their paths.
     static QList<WorkingCopyItem> parse(QByteArrayView utf8);
     static QList<WorkingCopyItem> parse(QStringView text);
+    /// The same entries; nothing when the document breaks off or cannot be read to its end.
+    static std::optional<QList<WorkingCopyItem>> parseWhole(QByteArrayView utf8);
 };
 
 /// Reads `svn status --xml --show-updates`.

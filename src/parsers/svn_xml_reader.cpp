@@ -59,9 +59,9 @@ bool parsePiece(XML_Parser parser, std::string_view piece, int isLast) {
 }
 
 /// Reads what follows the start tags of `openElements`.
-void readWithExpat(std::string_view utf8, const std::vector<std::string_view> &openElements, XmlHandler &handler) {
+XmlEnd readWithExpat(std::string_view utf8, const std::vector<std::string_view> &openElements, XmlHandler &handler) {
     const std::unique_ptr<std::remove_pointer_t<XML_Parser>, ParserDeleter> parser(XML_ParserCreate("UTF-8"));
-    bool ok = true;
+    bool ok = !utf8.empty();
     for (const std::string_view name : openElements)
         ok = ok && parsePiece(parser.get(), '<' + std::string(name) + '>', 0);
     Reading reading{parser.get(), handler};
@@ -75,6 +75,7 @@ void readWithExpat(std::string_view utf8, const std::vector<std::string_view> &o
         utf8.remove_prefix(piece.size());
         ok = parsePiece(parser.get(), piece, utf8.empty() ? 1 : 0);
     }
+    return ok ? XmlEnd::reached : XmlEnd::missed;
 }
 
 } // namespace
@@ -123,15 +124,12 @@ std::optional<qint64> XmlAttributes::integer(std::string_view name) const {
     return utf8 ? decimalInteger(QUtf8StringView(utf8->data(), static_cast<qsizetype>(utf8->size()))) : std::nullopt;
 }
 
-void readXml(QByteArrayView utf8, XmlHandler &handler) {
+XmlEnd readXml(QByteArrayView utf8, XmlHandler &handler) {
     const std::string_view document(utf8.data(), static_cast<std::size_t>(utf8.size()));
-    if (!utf8.isValidUtf8()) {
-        readWithExpat(document, {}, handler);
-        return;
-    }
+    if (!utf8.isValidUtf8())
+        return readWithExpat(document, {}, handler);
     SvnXmlScanner scanner(document, handler);
-    if (!scanner.scan())
-        readWithExpat(scanner.rest(), scanner.openElements(), handler);
+    return scanner.scan() ? XmlEnd::reached : readWithExpat(scanner.rest(), scanner.openElements(), handler);
 }
 
 QByteArray utf8OrEmpty(QStringView text) {

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <span>
@@ -78,9 +79,13 @@ public:
     virtual void endElement(std::string_view name, std::string_view text) = 0;
 };
 
+/// How far a document was read.
+enum class XmlEnd : std::uint8_t { reached, missed };
+
 /// Reads a document to its end, to the first error or to a document type declaration, which no `svn` prints and which
-/// could declare entities that expand without bound.
-void readXml(QByteArrayView utf8, XmlHandler &handler);
+/// could declare entities that expand without bound. Control characters, which XML forbids, are read as they stand:
+/// `svn` prints those of file names so.
+XmlEnd readXml(QByteArrayView utf8, XmlHandler &handler);
 
 /// The UTF-8 form of `text`; empty when it has none because of a lone surrogate.
 QByteArray utf8OrEmpty(QStringView text);

@@ -12,19 +12,19 @@ constexpr std::uint8_t nameRest = 4;
 constexpr std::uint8_t textCharacter = 8;    ///< of text, as it stands
 constexpr std::uint8_t quotedCharacter = 16; ///< of an attribute value, as it stands
 
-/// The classes of each byte. Left out are those that XML forbids or changes, and U+F000 to U+FFFF, which begin with
-/// 0xEF and of which it forbids two.
+/// The classes of each byte. Left out are those that XML or svn writes as references or that XML changes. What it
+/// forbids stands there as it is: svn prints the control characters of a file name so, and one name must not hide all
+/// others.
 constexpr std::array<std::uint8_t, 256> classes = [] {
     std::array<std::uint8_t, 256> table{};
     const auto add = [&table](std::string_view characters, std::uint8_t classOfAll) {
         for (const char character : characters)
             table[static_cast<unsigned char>(character)] |= classOfAll;
     };
-    for (std::size_t byte = ' '; byte < table.size(); ++byte)
+    for (std::size_t byte = 1; byte < table.size(); ++byte)
         table[byte] = textCharacter | quotedCharacter;
-    for (const std::size_t byte :
-         {std::size_t{'&'}, std::size_t{'<'}, std::size_t{'>'}, std::size_t{0x7F}, std::size_t{0xEF}})
-        table[byte] = 0;
+    for (const char byte : {'&', '<', '>', '\t', '\n', '\r'})
+        table[static_cast<unsigned char>(byte)] = 0;
     for (const std::size_t byte : {std::size_t{'"'}, std::size_t{'\''}})
         table[byte] = textCharacter;
     add(" \t\n", blank | textCharacter);

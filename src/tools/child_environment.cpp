@@ -45,6 +45,13 @@ void appendGitConfiguration(QProcessEnvironment &environment, const QString &key
     environment.insert(u"GIT_CONFIG_COUNT"_s, QString::number(count + 1));
 }
 
+/// Git then does not go on to the folders above. It follows the links in what it is told itself.
+void keepInFolder(QProcessEnvironment &environment, const QString &directory) {
+    const QString key = u"GIT_CEILING_DIRECTORIES"_s;
+    const QString others = environment.value(key);
+    environment.insert(key, directory + u"/.."_s + (others.isEmpty() ? others : u':' + others));
+}
+
 } // namespace
 
 QProcessEnvironment childEnvironment(QProcessEnvironment inherited) {
@@ -60,7 +67,8 @@ QProcessEnvironment svnChildEnvironment(const QProcessEnvironment &inherited) {
     return environment;
 }
 
-QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, RunPurpose purpose) {
+QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, RunPurpose purpose,
+                                        const QString &directory) {
     QProcessEnvironment environment = childEnvironment(inherited);
     for (const auto &[key, value] : gitConfiguration)
         appendGitConfiguration(environment, key.toString(), value.toString());
@@ -68,7 +76,9 @@ QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, Ru
         environment.remove(name.toString());
     for (const QStringView name : pathspecVariables)
         environment.remove(name.toString());
-    if (purpose == RunPurpose::backgroundRead)
+    if (purpose != RunPurpose::repositorySearch && !directory.isEmpty())
+        keepInFolder(environment, directory);
+    if (purpose != RunPurpose::userCommand)
         environment.insert(u"GIT_OPTIONAL_LOCKS"_s, u"0"_s);
     return environment;
 }

@@ -14,8 +14,10 @@ QProcessEnvironment childEnvironment(QProcessEnvironment inherited);
 /// for keys for ever, where nobody sees it.
 QProcessEnvironment svnChildEnvironment(const QProcessEnvironment &inherited);
 
-/// The same for `git`, which then prints file names as they are instead of quoting them, and in a background read takes
-/// no lock that it could do without.
-QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, RunPurpose purpose);
+/// The same for `git` in `directory` (absolute, or "" for this process's own), which then prints file names as they are
+/// instead of quoting them, takes no lock that it could do without unless the user asked for the run, and looks for its
+/// repository in that folder alone unless it is a search.
+QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, RunPurpose purpose,
+                                        const QString &directory = {});
 
 } // namespace kestor

@@ -1,25 +1,21 @@
 #pragma once
 
-#include "tools/child_process.h"
-#include "tools/tool.h"
+#include "tools/searched_tool.h"
 
 #include <QSettings>
 
 namespace kestor {
 
 /// Runs `svnadmin`: the one beside a chosen `svn` first, else PATH, else the usual folders.
-class SVNAdminClient final : public Tool {
+class SVNAdminClient final : public SearchedTool {
 public:
     /// `settings` must outlive the client.
-    explicit SVNAdminClient(QSettings &settings);
-
-    QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
-                                      RunPurpose purpose = RunPurpose::userCommand) override;
-    void stop() override { children.stop(); }
+    explicit SVNAdminClient(QSettings &settings) : defaults(settings) {}
 
 private:
+    Search search(const QString &directory, RunPurpose purpose) const override;
+
     QSettings &defaults;
-    ChildProcesses children;
 };
 
 } // namespace kestor

@@ -8,20 +8,14 @@ namespace kestor {
 
 using namespace Qt::StringLiterals;
 
-SVNClient::SVNClient(QSettings &settings) : defaults(settings) {}
-
-QCoro::Task<SVNCommandResult> SVNClient::run(QStringList arguments, QString directory, CheckStatus check,
-                                             RunPurpose /*purpose*/) {
+SearchedTool::Search SVNClient::search(const QString & /*directory*/, RunPurpose /*purpose*/) const {
     const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     const std::optional<QString> executable =
         resolvedSVNPath(preferredSVNPath(defaults), environment, isExecutableFile);
-    if (!executable) {
-        throw SVNClientError::launchFailed(u"Could not find svn. Choose an executable from SVN > Set svn "
-                                           "Executable..., or make svn available in PATH."_s);
-    }
-    const ChildCommand command{*executable, displayExecutable(), arguments, directory,
-                               svnChildEnvironment(environment)};
-    co_return co_await children.run(command, check);
+    return {executable, displayExecutable(),
+            u"Could not find svn. Choose an executable from SVN > Set svn "
+            "Executable..., or make svn available in PATH."_s,
+            svnChildEnvironment(environment)};
 }
 
 QString SVNClient::displayExecutable() const {

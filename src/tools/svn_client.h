@@ -1,7 +1,6 @@
 #pragma once
 
-#include "tools/child_process.h"
-#include "tools/tool.h"
+#include "tools/searched_tool.h"
 
 #include <QSettings>
 
@@ -9,20 +8,18 @@ namespace kestor {
 
 /// Runs `svn`. The executable is looked up afresh on every run: the preference "KestorSVN.svnExecutablePath" as it
 /// stands, else PATH, else the usual folders.
-class SVNClient final : public Tool {
+class SVNClient final : public SearchedTool {
 public:
     /// `settings` must outlive the client.
-    explicit SVNClient(QSettings &settings);
+    explicit SVNClient(QSettings &settings) : defaults(settings) {}
 
-    QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
-                                      RunPurpose purpose = RunPurpose::userCommand) override;
-    void stop() override { children.stop(); }
     /// How the executable is named to the user: the preference, else the path found, else "svn from PATH".
     QString displayExecutable() const;
 
 private:
+    Search search(const QString &directory, RunPurpose purpose) const override;
+
     QSettings &defaults;
-    ChildProcesses children;
 };
 
 } // namespace kestor

@@ -15,9 +15,10 @@ namespace kestor {
 /// Whether a non-zero exit status is an error.
 enum class CheckStatus : std::uint8_t { no, yes };
 
-/// Who asked for the run. A background read must not get into the way of the user's own commands in a terminal: Git
-/// then takes no optional locks.
-enum class RunPurpose : std::uint8_t { userCommand, backgroundRead };
+/// Who asked for the run, and of what. A background read must not get into the way of the user's own commands in a
+/// terminal: Git then takes no optional locks. Only a repository search finds a Git repository that begins in a folder
+/// above the working directory; every other run would act on what is not the project's.
+enum class RunPurpose : std::uint8_t { userCommand, backgroundRead, repositorySearch };
 
 /// A command-line tool that runs as a child process. Main thread only; runs are independent and may overlap.
 class Tool {

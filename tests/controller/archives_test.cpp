@@ -175,9 +175,15 @@ TEST(Archives, ReplaceAFileAndTakeTheHistorysSelection) {
     f.app.selectedTab = WorkflowTab::history;
     f.open(repository.path(), RepositoryKind::git);
     f.user.chosenSaveFile = repository.tree.path(u"out/old.zip"_s);
+    // Of a run that was killed, and of one that goes on.
+    const QString left = u"out/.KestorSVN-7d2f1c54-0d4b-4b8e-9f7a-0123456789ab"_s;
+    repository.tree.write(left + u"/old.zip"_s);
+    QFile::setPermissions(repository.tree.path(left), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const TemporaryFolder living(repository.tree.path(u"out"_s));
     awaited(f.app.createArchiveZip());
     EXPECT_TRUE(repository.tree.read(u"out/old.zip"_s).startsWith("PK"));
-    EXPECT_EQ(repository.tree.entries(u"out"_s), u"old.zip"_list);
+    EXPECT_EQ(repository.tree.entries(u"out"_s),
+              QStringList({QFileInfo(living.path()).fileName() + u'/', u"old.zip"_s}));
 }
 
 TEST(Archives, KeepTheSelectedCommitWhenNumbersMoveAndForgetOneThatIsGone) {

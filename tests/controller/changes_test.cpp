@@ -36,6 +36,23 @@ TEST(Changes, OfASubversionProjectAreRealFilesWithDiffs) {
     EXPECT_TRUE(f.app.diffText.value().endsWith(u"@@ -0,0 +1,1 @@\n+fresh"_s));
 }
 
+TEST(Changes, WithControlCharactersInTheirNamesHideNothingAndAreActedOn) {
+    const auto act = [](auto &repository) {
+        repository.writeAll({{u"a.c"_s}, {u"b\x01.c"_s}, {u"c\x1b[31m.c"_s}, {u"z.c"_s}});
+        AppFixture f(repository);
+        EXPECT_EQ(f.rows(), u"? a.c|? b\x01.c|? c\x1b[31m.c|? z.c"_list);
+        awaited(f.app.revertPath(u"b\x01.c"_s));
+        EXPECT_EQ(f.rows(), u"? a.c|? c\x1b[31m.c|? z.c"_list);
+        f.app.selectedChangeID = u"c\x1b[31m.c"_s;
+        awaited(f.app.ignoreSelectedPaths());
+        EXPECT_EQ(f.rows(), u"? .kestorignore|? a.c|? z.c"_list);
+    };
+    SvnFixture svn;
+    act(svn);
+    GitFixture git;
+    act(git);
+}
+
 TEST(Changes, OfAGitProjectBeforeItsFirstCommitHaveDiffsToo) {
     GitFixture repository;
     repository.writeAll({{u"größe.txt"_s, "one\ntwo\n"}, {u"a[1].txt"_s, "bracket\n"}, {u"a1.txt"_s, "digit\n"}});

@@ -78,15 +78,93 @@ TEST(Projects, AddingAKnownFolderSelectsItAndUpdatesItsKind) {
 }
 
 TEST(Projects, AFolderThatChangedItsKindIsFollowedQuietly) {
+    const Rows<QCoro::Task<> (AppState::*)()> rows{{"all", &AppState::refreshAll},
+                                                   {"the list alone", &AppState::refreshStatus}};
+    for (const auto &[name, load] : rows) {
+        SvnFixture repository;
+        AppFixture f(repository);
+        QDir(repository.path(u".svn"_s)).removeRecursively();
+        runTool(u"git"_s, u"init|-q|-b|fresh"_list, repository.path());
+        repository.write(u"new.txt"_s);
+        awaited((f.app.*load)());
+        EXPECT_EQ(f.app.selectedProject()->kind, RepositoryKind::git);
+        EXPECT_EQ(f.rows(), u"? new.txt"_list);
+        EXPECT_EQ(f.app.repositoryInfo.value().workingRevision, u"fresh"_s);
+        EXPECT_EQ(f.alertText(), QString());
+    }
+}
+
+TEST(Projects, OfGitThatLieInsideAnotherRepositoryLeaveThatAlone) {
+    GitFixture repository;
+    repository.write(u"a.txt"_s);
+    const TempTree &outer = repository.tree;
+    runTool(u"git"_s, u"init|-q"_list, outer.path());
+    repository.tree.write(u"folder/b.txt"_s);
+    QFile::link(repository.path(), outer.path(u"link"_s));
+    const Rows<QString, bool, QStringList> rows{
+        {"a repository of its own", repository.path(), true, u"? a.txt"_list},
+        {"reached by a link", outer.path(u"link"_s), true, u"? a.txt"_list},
+        {"never one of its own", outer.path(u"folder"_s), false, {}},
+        {"no longer one of its own", repository.path(), false, {}},
+        {"the same by a link", outer.path(u"link"_s), false, {}},
+    };
+    AppFixture f;
+    for (const auto &[name, path, isOwn, changes] : rows) {
+        f.app.alert = std::nullopt;
+        f.open(path, RepositoryKind::git);
+        if (!isOwn)
+            QDir(path + u"/.git"_s).removeRecursively();
+        for (const auto load : {&AppState::refreshAll, &AppState::refreshStatus, &AppState::refreshHistory}) {
+            awaited((f.app.*load)());
+            EXPECT_EQ(f.rows(), changes);
+            EXPECT_EQ(f.alertText(),
+                      isOwn ? QString()
+                            : u"Status Failed: "_s + path +
+                                  u" is no Git repository of its own any more. It lies inside the one at "_s +
+                                  outer.path() + u", of which nothing is shown or changed here."_s);
+        }
+        if (!isOwn)
+            awaited(f.app.runSelectedGitCommand(u"Add"_s, u"add|."_list, RefreshAfter::no, ShowOutput::always));
+    }
+    EXPECT_EQ(runTool(u"git"_s, u"ls-files"_list, outer.path()), "");
+}
+
+TEST(Projects, OfSubversionThatAreNoWorkingCopyAreToldSo) {
     SvnFixture repository;
+    repository.svn({u"propset"_s, u"-q"_s, u"svn:externals"_s, u"^/trunk gone"_s, u"."_s});
+    repository.write(u"gone/a.txt"_s);
     AppFixture f(repository);
+    EXPECT_EQ(f.alertText(), QString()) << "an external that is none is no reason";
+    const QStringList before = f.rows();
     QDir(repository.path(u".svn"_s)).removeRecursively();
-    runTool(u"git"_s, u"init|-q"_list, repository.path());
-    repository.write(u"new.txt"_s);
-    awaited(f.app.refreshAll());
-    EXPECT_EQ(f.app.selectedProject()->kind, RepositoryKind::git);
-    EXPECT_EQ(f.rows(), u"? new.txt"_list);
-    EXPECT_EQ(f.alertText(), QString());
+    awaited(f.app.refreshStatus());
+    EXPECT_TRUE(contains(f.alertText(), u"Status Failed: svn: warning: W155007: '"_s + repository.path()));
+    EXPECT_EQ(f.rows(), before);
+}
+
+TEST(Projects, OfSubversionShowNoListThatBreaksOff) {
+    HeldApp held(RepositoryKind::svn);
+    held.app->selectedProjectID = held.app->projects.value()[0].id;
+    held.app->changes = QList<WorkingCopyItem>{{.path = u"a"_s}};
+    held.tasks.push_back(held.app->refreshStatus());
+    held.finish(u"status|--xml|--no-ignore"_list, "<status><target path='.'>");
+    ASSERT_TRUE(waitUntil([&] { return held.app->alert.value().has_value(); }));
+    EXPECT_EQ(held.app->alert.value()->message, u"What svn printed could not be read to its end."_s);
+    EXPECT_EQ(held.app->changes.value().size(), 1);
+}
+
+TEST(Projects, LeaveNoDecisionOnATickToTheNext) {
+    GitFixture one;
+    GitFixture two;
+    for (GitFixture *repository : {&one, &two}) {
+        repository->write(u"a.c"_s);
+        repository->commitAll(u"first"_s);
+        repository->write(u"a.c"_s, "changed\n");
+    }
+    AppFixture f(one);
+    f.app.setCommitSelection(f.app.changes, false);
+    f.open(two.path(), RepositoryKind::git);
+    EXPECT_EQ(f.rows(), u"*M a.c"_list);
 }
 
 TEST(Projects, RemovingAsksFirstAndNeverTouchesTheFolder) {

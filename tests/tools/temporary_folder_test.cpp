@@ -46,6 +46,7 @@ TEST(TemporaryFolder, OnlyWhatIsSurelyAbandonedIsRemoved) {
     };
     const Row rows[] = {
         {"of a run that died", u"KestorSVN-"_s + id, 0700, true},
+        {"a hidden one", u".KestorSVN-"_s + id, 0700, true},
         {"others may look into it", u"KestorSVN-"_s + id, 0755, false},
         {"another name", u"KestorSVN-notes"_s, 0700, false},
         {"an id as no run writes it", u"KestorSVN-"_s + id.toUpper(), 0700, false},
@@ -58,10 +59,21 @@ TEST(TemporaryFolder, OnlyWhatIsSurelyAbandonedIsRemoved) {
         tree.write(row.folder + u"/tree/file"_s);
         ::chmod(QFile::encodeName(tree.path(row.folder)).constData(), row.mode);
         removeAbandonedFolders(tree.path());
+        removeAbandonedHiddenFolders(tree.path());
         EXPECT_EQ(tree.entries(), row.isRemoved ? QStringList()
                                                 : QStringList({row.folder + u'/', row.folder + u"/tree/"_s,
                                                                row.folder + u"/tree/file"_s}));
     }
+}
+
+TEST(TemporaryFolder, TheRemovalStopsWhenAsked) {
+    TempTree tree;
+    tree.write(u"KestorSVN-"_s + id + u"/file"_s);
+    ::chmod(QFile::encodeName(tree.path(u"KestorSVN-"_s + id)).constData(), 0700);
+    std::stop_source stopping;
+    stopping.request_stop();
+    removeAbandonedFolders(tree.path(), stopping.get_token());
+    EXPECT_EQ(tree.entries().size(), 2);
 }
 
 TEST(TemporaryFolder, LivingOnesLinksAndThoseOfOthersStay) {

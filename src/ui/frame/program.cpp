@@ -4,6 +4,7 @@
 #include "ui/start/instance_start.h"
 #include "ui/start/request_server.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QSessionManager>
 
@@ -29,11 +30,14 @@ Program::Program(QSettings &settings)
     interaction.setWindow(&mainWindow);
 }
 
-Program::~Program() = default;
+Program::~Program() {
+    leaving.request_stop();
+}
 
 void Program::start() {
     mainWindow.show();
-    appState.workers.start([] { removeAbandonedFolders(); });
+    // However much there is to remove: nobody sees the process once its window is closed.
+    appState.workers.start([stop = leaving.get_token()] { removeAbandonedFolders(QDir::tempPath(), stop); });
     appState.projectSelectionChanged();
     colors.followDesktop();
 }

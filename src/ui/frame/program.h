@@ -9,6 +9,7 @@
 #include <QSettings>
 
 #include <memory>
+#include <stop_token>
 
 namespace kestor {
 
@@ -47,6 +48,7 @@ private:
     MainWindow mainWindow;
     ArrivingFolders folders;
     std::unique_ptr<RequestServer> requests{};
+    std::stop_source leaving{}; ///< asked when the program ends
 };
 
 } // namespace kestor

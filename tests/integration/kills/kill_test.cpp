@@ -83,6 +83,8 @@ void Kills::killOnce(quint32 seed) {
 
 void Kills::expectWholeZip() {
     const QString path = root().path(u"out/a.zip"_s);
+    const QDir::Filters all = QDir::AllEntries | QDir::Hidden;
+    EXPECT_LE(QDir(root().path(u"out"_s)).entryList({u".KestorSVN-*"_s}, all).size(), 1) << "of the last kill alone";
     if (!exists(u"out/a.zip"_s))
         return;
     const std::unique_ptr<struct archive, decltype(&archive_read_free)> zip(archive_read_new(), archive_read_free);

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "tools/child_process.h"
+#include "tools/tool.h"
+
+#include <QProcessEnvironment>
+#include <QString>
+
+#include <optional>
+
+namespace kestor {
+
+/// A tool whose executable is looked up afresh on every run.
+class SearchedTool : public Tool {
+public:
+    QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
+                                      RunPurpose purpose = RunPurpose::userCommand) final;
+    void stop() final { children.stop(); }
+
+protected:
+    struct Search {
+        std::optional<QString> executable{};
+        QString displayName{}; ///< how a failure to start names the executable
+        QString missing{};     ///< what the user is told when there is none
+        QProcessEnvironment environment{};
+    };
+    /// For a run in `directory`.
+    virtual Search search(const QString &directory, RunPurpose purpose) const = 0;
+
+private:
+    ChildProcesses children;
+};
+
+} // namespace kestor
