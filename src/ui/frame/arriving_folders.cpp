@@ -55,7 +55,8 @@ void ArrivingFolders::addWhenFree() {
     const QStringList rejected(others, folders.end());
     folders.erase(others, folders.end());
     if (!rejected.isEmpty())
-        state.showAlert(u"Could Not Add Project"_s, u"There is no folder at "_s + rejected.join(u"\nand none at "_s));
+        state.showAlert(u"Could Not Add Project"_s,
+                        u"There is no folder at "_s + rejected.join(u"\nand none at "_s) + u'.');
     if (!folders.isEmpty())
         state.addWorkingCopies(folders);
 }

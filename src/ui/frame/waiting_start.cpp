@@ -15,11 +15,11 @@ using namespace std::chrono_literals;
 namespace {
 
 QString waitingText(const QStringList &paths) {
-    const QString unanswered =
-        u"KestorSVN is running already, but its window does not answer. Keep this message open "_s;
+    const QString unanswered = u"KestorSVN is running already, here or on another computer with the same home folder, "
+                               "but its window does not answer. Keep this message open "_s;
     if (paths.isEmpty())
-        return unanswered + u"to see the window as soon as it does."_s;
-    return unanswered + u"to add these folders as soon as it does:\n"_s + paths.join(u'\n');
+        return unanswered + u"to get a window as soon as that one answers or closes."_s;
+    return unanswered + u"to add these folders as soon as it answers or closes:\n"_s + paths.join(u'\n');
 }
 
 } // namespace

@@ -29,7 +29,8 @@ private:
         const Received received = receiveSome(socket);
         message += received.data;
         const std::optional<OpenRequest> request = decodedRequest(message);
-        if (request && take(*request))
+        // Who gave up waiting for this thread wants nothing any more.
+        if (request && !isHungUp(socket) && take(*request))
             sendSome(socket, "1");
         if (request || received.ended || message.size() > longestMessage)
             end();

@@ -11,7 +11,7 @@
 namespace kestor {
 
 /// Takes the requests of later starts in the event loop of its thread. Whoever connects has a few seconds to say a
-/// whole request; half of one is nothing.
+/// whole request; half of one is nothing, nor is one whose sender hung up before it was taken.
 class RequestServer final : public QObject {
     Q_OBJECT
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 
@@ -90,6 +91,11 @@ FileDescriptor acceptFrom(const FileDescriptor &listening) {
 qsizetype sendSome(const FileDescriptor &socket, QByteArrayView data) {
     const ssize_t sent = ::send(socket.get(), data.data(), static_cast<std::size_t>(data.size()), sendFlags);
     return sent < 0 && wouldWait() ? 0 : sent;
+}
+
+bool isHungUp(const FileDescriptor &socket) {
+    pollfd connection{socket.get(), 0, 0};
+    return ::poll(&connection, 1, 0) > 0 && (connection.revents & (POLLHUP | POLLERR)) != 0;
 }
 
 Received receiveSome(const FileDescriptor &socket) {

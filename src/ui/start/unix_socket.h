@@ -46,6 +46,9 @@ FileDescriptor acceptFrom(const FileDescriptor &listening);
 /// Sends what fits; the number of bytes sent, -1 when nobody reads any more.
 qsizetype sendSome(const FileDescriptor &socket, QByteArrayView data);
 
+/// Whether the other one has gone, so that nobody reads an answer. What it sent before can still be received.
+bool isHungUp(const FileDescriptor &socket);
+
 struct Received {
     QByteArray data{};
     bool ended = false; ///< nothing more will come

@@ -391,11 +391,11 @@ TEST_F(Window, AddsFoldersOfTheDesktopAsSoonAsItCan) {
     EXPECT_TRUE(app.projects.value().isEmpty() && !app.alert.value());
     app.busyMessage = std::nullopt;
     EXPECT_TRUE(waitUntil([this] { return app.selectedProject().has_value(); }));
-    EXPECT_EQ(fixture.alertText(), u"Could Not Add Project: There is no folder at "_s + tree.path(u"gone"_s));
+    EXPECT_EQ(fixture.alertText(), u"Could Not Add Project: There is no folder at "_s + tree.path(u"gone"_s) + u'.');
     dismissAlert();
     QFileOpenEvent opened(QUrl::fromLocalFile(tree.path(u"file"_s)));
     QApplication::sendEvent(qApp, &opened);
-    EXPECT_EQ(fixture.alertText(), u"Could Not Add Project: There is no folder at "_s + tree.path(u"file"_s));
+    EXPECT_EQ(fixture.alertText(), u"Could Not Add Project: There is no folder at "_s + tree.path(u"file"_s) + u'.');
 }
 
 TEST_F(Window, ACommandDropsTheProjectThatARepeatedKeyReached) {

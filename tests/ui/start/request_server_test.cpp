@@ -45,6 +45,14 @@ TEST(RequestServer, TakesWholeRequestsAndSurvivesEverythingElse) {
         {"nothing", {}, true, false},
     };
     const FileDescriptor silent = connectTo(path);
+    {
+        const FileDescriptor hungUp = connectTo(path);
+        sendSome(hungUp, message);
+    }
+    const FileDescriptor later = connectTo(path);
+    sendSome(later, message);
+    EXPECT_TRUE(waitUntil([&] { return !receiveSome(later).data.isEmpty(); }));
+    EXPECT_EQ(taken.size(), 1) << "who hung up wants nothing any more";
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
         taken.clear();
