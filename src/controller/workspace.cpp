@@ -3,6 +3,7 @@
 #include "controller/combined_output.h"
 #include "controller/commit_plan.h"
 #include "controller/path_targets.h"
+#include "model/preferences_file.h"
 #include "rules/working_copy_paths.h"
 #include "tools/git_client.h"
 #include "tools/svn_admin_client.h"
@@ -76,13 +77,10 @@ void Workspace::showAlert(const QString &title, const QString &message) {
 }
 
 void Workspace::writePreferences() {
-    // An error stays with its object for ever: a new one, for the same file, tells of this write alone.
-    QSettings writing(preferences.fileName(), preferences.format());
-    writing.sync();
-    const bool before = std::exchange(preferencesLost, writing.status() == QSettings::AccessError);
+    const bool before = std::exchange(preferencesLost, !writeToDisk(preferences));
     if (preferencesLost && !before)
         showAlert(u"Preferences Not Saved"_s,
-                  writing.fileName() + u" could not be written. What you change is lost when the program ends."_s);
+                  preferences.fileName() + u" could not be written. What you change is lost when the program ends."_s);
 }
 
 QCoro::Task<> Workspace::showError(QString title, SVNClientError error) {

@@ -1,8 +1,14 @@
 #include "model/language_configuration_store.h"
+#include "model/preferences_file.h"
 #include "model/project_store.h"
 #include "support/test.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
+
+#include <csignal>
+#include <sys/resource.h>
 
 namespace kestor {
 namespace {
@@ -89,6 +95,38 @@ TEST_F(StoresTest, keepsBytesThatDoNotDecodeBeforeTheyAreOverwritten) {
     ProjectStore(*settings()).save({});
     EXPECT_EQ(ProjectStore(*settings()).load(), QList<Project>());
     EXPECT_EQ(stored(projectsKey + u".unreadable"_s), QByteArray("[{\"lost\":1}]"));
+}
+
+TEST_F(StoresTest, aDiskWithoutRoomForAllLeavesTheFileAsItWas) {
+    const auto limitFiles = [](rlim_t bytes) {
+        struct rlimit limit {};
+        ::getrlimit(RLIMIT_FSIZE, &limit);
+        limit.rlim_cur = bytes;
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    };
+    const auto content = [this] {
+        QFile file(directory.filePath(u"preferences.ini"_s));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    std::signal(SIGXFSZ, SIG_IGN);
+    const std::unique_ptr<QSettings> preferences = settings();
+    for (int key = 0; key < 20; ++key)
+        preferences->setValue(u"group/key"_s + QString::number(key), QByteArray(100, '='));
+    ASSERT_TRUE(writeToDisk(*preferences));
+    const QByteArray before = content();
+    for (const rlim_t room : {600, 2000, 40000}) {
+        SCOPED_TRACE(room);
+        preferences->setValue(u"large"_s, QByteArray(50000, 'x'));
+        limitFiles(room);
+        const bool isWritten = writeToDisk(*preferences);
+        limitFiles(RLIM_INFINITY);
+        EXPECT_FALSE(isWritten);
+        EXPECT_EQ(content(), before);
+    }
+    preferences->setValue(u"large"_s, QByteArray(50000, 'x'));
+    EXPECT_TRUE(writeToDisk(*preferences));
+    EXPECT_GT(content().size(), 50000);
+    EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), QStringList{u"preferences.ini"_s});
 }
 
 } // namespace

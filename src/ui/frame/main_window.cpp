@@ -1,5 +1,6 @@
 #include "ui/frame/main_window.h"
 
+#include "model/preferences_file.h"
 #include "ui/diff/plain_text_view.h"
 #include "ui/frame/alert_presenter.h"
 #include "ui/frame/busy_display.h"
@@ -231,8 +232,10 @@ void MainWindow::bringForward() {
 }
 
 void MainWindow::closeEvent(QCloseEvent *event) {
-    if (isVisible())
+    if (isVisible()) {
         saveWindowState(settings, currentState());
+        writeToDisk(settings);
+    }
     if (!isCommandRunning(state) || stopsOnClose)
         return QMainWindow::closeEvent(event);
     closesWhenDone = true;
