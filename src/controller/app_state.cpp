@@ -1,10 +1,9 @@
 #include "controller/app_state.h"
 
+#include "controller/refusal.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QFileInfo>
-
-using namespace Qt::StringLiterals;
 
 namespace kestor {
 
@@ -31,8 +30,8 @@ std::optional<QString> AppState::selectedProjectDirectory() {
     const std::optional<Project> project = requiredProject();
     if (!project)
         return std::nullopt;
-    if (!QFileInfo(project->path).isDir()) {
-        showAlert(u"Project Folder Missing"_s, project->path + u" does not exist or is not a folder."_s);
+    if (const std::optional<Refusal> missing = missingFolder(project->path)) {
+        showAlert(missing->title, missing->message);
         return std::nullopt;
     }
     return project->path;

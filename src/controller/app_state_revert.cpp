@@ -3,6 +3,7 @@
 #include "controller/deletion.h"
 #include "controller/git_reference.h"
 #include "controller/path_command_run.h"
+#include "controller/refusal.h"
 #include "controller/revert_plan.h"
 #include "controller/tool_text.h"
 #include "rules/project_bounds.h"
@@ -94,6 +95,9 @@ QCoro::Task<> AppState::revertAfterConfirmation(Project project, QList<WorkingCo
 
 QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyItem> items) {
     if (project.kind == RepositoryKind::svn) {
+        // Nothing would notice that before the question is asked.
+        if (const std::optional<Refusal> missing = missingFolder(project.path))
+            throw SVNClientError::launchFailed(missing->message);
         const auto plan = [items, root = project.path] {
             return onDisk(svnRevertPlan(items), root);
         };

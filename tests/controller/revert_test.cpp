@@ -169,6 +169,18 @@ TEST(Revert, OfUnversionedFilesWithoutATrashRemovesThemAsConfirmed) {
     EXPECT_EQ(f.app.commandOutput.value()->stdoutText, u"Deleted 1 path(s)"_s);
 }
 
+TEST(Revert, InAFolderThatIsGoneSaysSoAndNothingElse) {
+    SvnFixture repository;
+    repository.write(u"new.c"_s);
+    AppFixture f(repository);
+    QStringList alerts;
+    const auto watching = f.app.alert.addNotifier([&] { alerts.append(f.alertText()); });
+    QDir(repository.path()).removeRecursively();
+    awaited(f.app.revertAllPaths());
+    EXPECT_EQ(alerts, QStringList{u"Revert Failed: "_s + repository.path() + u" does not exist or is not a folder."_s});
+    EXPECT_EQ(f.user.asked, QStringList());
+}
+
 TEST(Revert, BeforeTheFirstCommitOnlyUnstages) {
     GitFixture repository;
     repository.write(u"a.c"_s, "precious\n");

@@ -100,7 +100,7 @@ const Row changing[] = {
 };
 
 const Row others[] = {
-    {"delete unversioned", "(Revert|Status) Failed", both, tool | folder | writableFolder,
+    {"delete unversioned", "Revert Failed", both, tool | folder | writableFolder,
      [](Session &s, const World &) {
          return s.app.revertPath(u"new.txt"_s);
      }},
