@@ -151,10 +151,6 @@ QCollator standardCollator() {
     return collator;
 }
 
-int localizedStandardCompare(QStringView left, QStringView right) {
-    return standardCollator().compare(left, right);
-}
-
 std::vector<qsizetype> standardOrder(const QStringList &texts) {
     return StandardOrder().positions(texts);
 }

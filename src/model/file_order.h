@@ -3,7 +3,6 @@
 #include <QCollator>
 #include <QList>
 #include <QStringList>
-#include <QStringView>
 
 #include <functional>
 #include <optional>
@@ -15,9 +14,6 @@ namespace kestor {
 /// A collator with the order of a file manager in every locale: case-insensitive, runs of digits compared by value.
 /// Building one costs about a millisecond; one belongs to one thread.
 QCollator standardCollator();
-
-/// Negative, zero or positive, in the localised standard order. Builds a collator: for single comparisons only.
-int localizedStandardCompare(QStringView left, QStringView right);
 
 /// The positions of `texts` in ascending localised standard order; equal texts keep their order. Computes one sort key
 /// per text, so that long lists cost no collation per comparison.

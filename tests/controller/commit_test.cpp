@@ -220,6 +220,19 @@ TEST(Commit, KilledInTheMiddleShowsWhatIsThere) {
     EXPECT_EQ(git.tree.read(u"wc/m.c"_s), "two\n");
 }
 
+TEST(Commit, KilledWhenItIsThereStaysThere) {
+    GitFixture repository;
+    repository.write(u"m.c"_s, "one\n");
+    repository.commitAll(u"first"_s);
+    repository.write(u"m.c"_s, "two\n");
+    writeHook(repository.path(u".git/hooks/post-commit"_s), "kill -9 $PPID\n");
+    AppFixture f(repository);
+    f.app.commitMessage = u"second"_s;
+    awaited(f.app.commitSelected());
+    EXPECT_TRUE(startsWith(f.alertText(), u"Commit Failed: "_s));
+    EXPECT_EQ(repository.git(u"status|--porcelain"_list).toStdString(), "");
+}
+
 TEST(Commit, OfAFileThatCameBackDoesNotDeleteIt) {
     SvnFixture repository;
     repository.write(u"gone.c"_s, "one\n");

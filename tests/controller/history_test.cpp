@@ -235,6 +235,15 @@ TEST(History, ShowsBothVersionsOfAPicture) {
             EXPECT_EQ(preview.newData, after);
         }
     }
+    svn.write(u"old/p.png"_s, "\x89PNG one");
+    svn.commitAll(u"fourth"_s);
+    svn.svn(u"update|-q"_list);
+    svn.svn(u"move|-q|old|new"_list);
+    svn.write(u"new/p.png"_s, "\x89PNG two");
+    svn.commitAll(u"fifth"_s);
+    HistoryFixture moved(svn);
+    moved.select(u"new/p.png"_s);
+    EXPECT_EQ(moved.app.historyDiffPreview.value().oldData, "\x89PNG one") << "changed while its folder moved";
 }
 
 } // namespace

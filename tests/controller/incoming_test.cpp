@@ -97,6 +97,10 @@ TEST(Incoming, LoadsAgainWhenItIsShownAfterACommandOrHasNothing) {
     repository.theyCommit(u"five"_s);
     awaited(f.app.incoming.refreshIncoming());
     EXPECT_EQ(f.range(), u"r3 to r5: 5 [4]"_s);
+    const GitFixture other;
+    f.app.selectedTab = WorkflowTab::changes;
+    f.open(other.path(), RepositoryKind::git);
+    EXPECT_EQ(f.range(), u"-: "_s) << "of the project before";
 }
 
 TEST(Incoming, KnowsWorkingCopiesOfEveryShape) {

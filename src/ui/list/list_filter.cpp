@@ -41,19 +41,19 @@ bool ListFilter::narrows(const ListFilter &older) const {
     });
 }
 
-QList<MatchRange> ListFilter::ranges(QStringView text) const {
+QList<TextRange> ListFilter::ranges(QStringView text) const {
     std::vector<bool> found(static_cast<std::size_t>(text.size()));
     for (const QString &word : words) {
         for (qsizetype at = text.indexOf(word, 0, Qt::CaseInsensitive); at >= 0;
              at = text.indexOf(word, at + 1, Qt::CaseInsensitive))
             std::fill_n(found.begin() + at, word.size(), true);
     }
-    QList<MatchRange> result;
+    QList<TextRange> result;
     for (qsizetype at = 0; at < text.size(); ++at) {
         if (!found[static_cast<std::size_t>(at)])
             continue;
         if (result.isEmpty() || result.last().start + result.last().length < at)
-            result += MatchRange{at, 0};
+            result += TextRange{at, 0};
         ++result.last().length;
     }
     return result;

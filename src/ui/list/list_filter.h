@@ -1,5 +1,7 @@
 #pragma once
 
+#include "analysis/text_range.h"
+
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -9,14 +11,6 @@
 #include <vector>
 
 namespace kestor {
-
-/// A part of a text that the filter found.
-struct MatchRange {
-    qsizetype start = 0;
-    qsizetype length = 0;
-
-    friend bool operator==(const MatchRange &, const MatchRange &) = default;
-};
 
 /// What was typed to narrow a list: words between blanks that must all occur, in any order and case.
 class ListFilter {
@@ -30,7 +24,7 @@ public:
     /// Whether all that this matches was matched by `older` as well.
     bool narrows(const ListFilter &older) const;
     /// Where the words stand in `text`, in order; neighbours and overlaps are one range.
-    QList<MatchRange> ranges(QStringView text) const;
+    QList<TextRange> ranges(QStringView text) const;
 
     friend bool operator==(const ListFilter &, const ListFilter &) = default;
 

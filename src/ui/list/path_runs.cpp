@@ -15,9 +15,9 @@ QList<TextRun> pathRuns(const ElidedPath &path, const ListFilter &filter) {
         append(qMax(from, nameStart), to, RunRole::name);
     };
     qsizetype done = 0;
-    for (const MatchRange &match : filter.ranges(text)) {
+    for (const TextRange &match : filter.ranges(text)) {
         appendPlain(done, match.start);
-        done = match.start + match.length;
+        done = match.end();
         append(match.start, done, RunRole::match);
     }
     appendPlain(done, text.size());

@@ -21,7 +21,7 @@ TEST(ListFilter, MatchesWhenAllWordsOccurInAnyOrderAndCase) {
 }
 
 TEST(ListFilter, FindsWhereTheWordsStand) {
-    const Rows<QString, QString, QList<MatchRange>> rows{
+    const Rows<QString, QString, QList<TextRange>> rows{
         {"every occurrence", u"a"_s, u"abca"_s, {{0, 1}, {3, 1}}},
         {"overlaps are one range", u"ab bc"_s, u"xabcx"_s, {{1, 3}}},
         {"a word overlapping itself", u"aa"_s, u"aaa"_s, {{0, 3}}},
