@@ -55,9 +55,9 @@ void runFind(const QString &root) {
 }
 
 /// On the clock, since the walk uses all cores and `find` one; both find the tree in the system's cache.
-void distribution(benchmark::State &state, int files) {
+void BM_languageDistribution(benchmark::State &state) {
     const QTemporaryDir directory;
-    writeTree(directory.path(), files);
+    writeTree(directory.path(), static_cast<int>(state.range(0)));
     double floor = 1e9;
     double best = 1e9;
     for ([[maybe_unused]] auto _ : state) {
@@ -72,21 +72,13 @@ void distribution(benchmark::State &state, int files) {
     state.counters["ratio"] = best / floor;
 }
 
-void BM_languageDistribution(benchmark::State &state) {
-    distribution(state, 100'000);
-}
-BENCHMARK(BM_languageDistribution)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(15);
-
-void BM_languageDistributionGrowth(benchmark::State &state) {
-    distribution(state, static_cast<int>(state.range(0)));
-}
-BENCHMARK(BM_languageDistributionGrowth)
+BENCHMARK(BM_languageDistribution)
     ->Arg(25'000)
     ->Arg(50'000)
     ->Arg(100'000)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond)
-    ->Iterations(5);
+    ->Iterations(10);
 
 } // namespace
 } // namespace kestor

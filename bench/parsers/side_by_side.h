@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <limits>
+#include <malloc.h>
 #include <sys/resource.h>
 #include <time.h>
 
@@ -37,6 +38,7 @@ void runSideBySide(benchmark::State &state, qsizetype bytes, const Baseline &bas
     double measuredBest = baselineBest;
     for (auto _ : state) {
         baselineBest = std::min(baselineBest, secondsOf(baseline));
+        malloc_trim(0); // as in a program that does it once: memory of the round before is no help
         const double seconds = secondsOf(measured);
         measuredBest = std::min(measuredBest, seconds);
         state.SetIterationTime(seconds);

@@ -1,5 +1,6 @@
 #include "sample_project.h"
 
+#include "history_streams.h"
 #include "model/project_store.h"
 
 #include <QCoreApplication>
@@ -24,9 +25,11 @@ void writeFile(const QString &path, const QByteArray &content) {
         qFatal("cannot write %s", qPrintable(path));
 }
 
-void run(const QString &program, const QStringList &arguments, const QString &directory) {
+void run(const QString &program, const QStringList &arguments, const QString &directory,
+         const QString &input = QProcess::nullDevice()) {
     QProcess process;
     process.setWorkingDirectory(directory);
+    process.setStandardInputFile(input);
     process.setStandardOutputFile(QProcess::nullDevice());
     process.start(program, arguments);
     if (!process.waitForFinished(-1) || process.exitCode() != 0)
@@ -64,7 +67,8 @@ void makeGitRepository(const QString &root, int files) {
         {u"-c"_s, u"user.name=bench"_s, u"-c"_s, u"user.email=bench@example.com"_s, u"commit"_s, u"-qm"_s, u"all"_s},
         root);
     changeFiles(root, files);
-    // Leaves an index whose file times are known, as any earlier status run would.
+    // Leaves an index whose file times are known, as any earlier status run
+    // would.
     run(u"git"_s, {u"status"_s}, root);
 }
 
@@ -74,7 +78,8 @@ void makeSubversionCopy(const QString &root, const QString &server, int files) {
     writeVersionedFiles(imported, files);
     run(u"svnadmin"_s, {u"create"_s, server}, u"/"_s);
     run(u"svn"_s, {u"import"_s, u"-qm"_s, u"all"_s, imported, url}, u"/"_s);
-    // A lock for all of it instead of one for each file saves a quarter of the time.
+    // A lock for all of it instead of one for each file saves a quarter of the
+    // time.
     run(u"svn"_s,
         {u"checkout"_s, u"-q"_s, u"--config-option"_s, u"config:working-copy:exclusive-locking=true"_s, url, root},
         u"/"_s);
@@ -82,10 +87,30 @@ void makeSubversionCopy(const QString &root, const QString &server, int files) {
     changeFiles(root, files);
 }
 
-} // namespace
+void makeGitHistory(const QString &root, int revisions) {
+    const QString stream = root + u".stream"_s;
+    writeFile(stream, gitHistory(revisions));
+    run(u"git"_s, {u"init"_s, u"-q"_s, u"-b"_s, u"main"_s}, root);
+    run(u"git"_s, {u"fast-import"_s, u"--quiet"_s}, root, stream);
+    run(u"git"_s, {u"reset"_s, u"-q"_s, u"--hard"_s}, root);
+    QFile::remove(stream);
+}
 
-SampleProject sampleProject(RepositoryKind kind, int files) {
-    const QString name = u"%1-%2"_s.arg(rawValue(kind)).arg(files);
+void makeSubversionHistory(const QString &root, const QString &server, int revisions) {
+    const QString stream = root + u".stream"_s;
+    writeFile(stream, svnHistory(revisions));
+    run(u"svnadmin"_s, {u"create"_s, server}, u"/"_s);
+    // Looking for equal contents takes longer than all else.
+    writeFile(server + u"/db/fsfs.conf"_s, "[rep-sharing]\nenable-rep-sharing = false\n");
+    run(u"svnadmin"_s, {u"load"_s, u"-q"_s, u"--no-flush-to-disk"_s, server}, u"/"_s, stream);
+    run(u"svn"_s, {u"checkout"_s, u"-q"_s, u"--depth"_s, u"empty"_s, u"file://"_s + server, root}, u"/"_s);
+    QFile::remove(stream);
+}
+
+/// The project of that name, filled by `fill` (its root, a place for a server)
+/// when it is new.
+template <typename Fill>
+SampleProject namedProject(const QString &name, RepositoryKind kind, Fill fill) {
     const QString folder = QCoreApplication::applicationDirPath() + u"/projects/"_s + name;
     const SampleProject made{folder + u'/' + name, folder + u"/config"_s};
     const QString preferences = made.configHome + u"/KestorSVN/KestorSVN.conf"_s;
@@ -93,13 +118,32 @@ SampleProject sampleProject(RepositoryKind kind, int files) {
         return made;
     QDir(folder).removeRecursively();
     QDir().mkpath(made.path);
-    if (kind == RepositoryKind::git)
-        makeGitRepository(made.path, files);
-    else
-        makeSubversionCopy(made.path, folder + u"/server"_s, files);
+    fill(made.path, folder + u"/server"_s);
     QSettings settings(preferences, QSettings::IniFormat);
     ProjectStore(settings).save({Project{QUuid::createUuid(), name, made.path, kind}});
     return made;
+}
+
+} // namespace
+
+SampleProject sampleProject(RepositoryKind kind, int files) {
+    const auto fill = [kind, files](const QString &root, const QString &server) {
+        if (kind == RepositoryKind::git)
+            makeGitRepository(root, files);
+        else
+            makeSubversionCopy(root, server, files);
+    };
+    return namedProject(u"%1-%2"_s.arg(rawValue(kind)).arg(files), kind, fill);
+}
+
+SampleProject sampleHistory(RepositoryKind kind, int revisions) {
+    const auto fill = [kind, revisions](const QString &root, const QString &server) {
+        if (kind == RepositoryKind::git)
+            makeGitHistory(root, revisions);
+        else
+            makeSubversionHistory(root, server, revisions);
+    };
+    return namedProject(u"%1-history-%2"_s.arg(rawValue(kind)).arg(revisions), kind, fill);
 }
 
 } // namespace kestor

@@ -23,6 +23,7 @@ namespace {
 
 constexpr int files = 20000;
 constexpr int rounds = 9;
+constexpr int growthRounds = 5;
 constexpr int patienceMs = 60000;
 constexpr double noTime = std::numeric_limits<double>::max();
 
@@ -89,7 +90,8 @@ double bareStatus(RepositoryKind kind, const SampleProject &project) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e9;
 }
 
-/// Runs both in turn, so that they see the same machine, and reports the best of each and their ratio.
+/// Runs both in turn, so that they see the same machine, and reports the best
+/// of each and their ratio.
 template <typename Baseline, typename Measured>
 void compare(benchmark::State &state, const Baseline &baseline, const Measured &measured) {
     double baselineBest = noTime;
@@ -130,24 +132,6 @@ void listOfDoubledAgainstSingleProject(benchmark::State &state, RepositoryKind k
         state, [&] { return changesList(single); }, [&] { return changesList(doubled); });
 }
 
-BENCHMARK(windowAgainstMinimalWindow)->UseManualTime()->Iterations(rounds)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(listAgainstMinimalWindowAndStatusRun, git, RepositoryKind::git)
-    ->UseManualTime()
-    ->Iterations(rounds)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(listAgainstMinimalWindowAndStatusRun, svn, RepositoryKind::svn)
-    ->UseManualTime()
-    ->Iterations(rounds)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(listOfDoubledAgainstSingleProject, git, RepositoryKind::git)
-    ->UseManualTime()
-    ->Iterations(rounds)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(listOfDoubledAgainstSingleProject, svn, RepositoryKind::svn)
-    ->UseManualTime()
-    ->Iterations(rounds)
-    ->Unit(benchmark::kMillisecond);
-
 void listOfSize(benchmark::State &state, RepositoryKind kind) {
     const SampleProject project = sampleProject(kind, static_cast<int>(state.range(0)));
     double best = noTime;
@@ -158,20 +142,23 @@ void listOfSize(benchmark::State &state, RepositoryKind kind) {
     }
     state.counters["best_ms"] = 1000 * best;
 }
-BENCHMARK_CAPTURE(listOfSize, git, RepositoryKind::git)
-    ->Arg(files / 2)
-    ->Arg(files)
-    ->Arg(2 * files)
-    ->UseManualTime()
-    ->Iterations(5)
-    ->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(listOfSize, svn, RepositoryKind::svn)
-    ->Arg(files / 2)
-    ->Arg(files)
-    ->Arg(2 * files)
-    ->UseManualTime()
-    ->Iterations(5)
-    ->Unit(benchmark::kMillisecond);
+
+void onTheClock(benchmark::internal::Benchmark *starts) {
+    starts->UseManualTime()->Iterations(rounds)->Unit(benchmark::kMillisecond);
+}
+
+void growing(benchmark::internal::Benchmark *starts) {
+    onTheClock(starts);
+    starts->Arg(files / 2)->Arg(files)->Arg(2 * files)->Iterations(growthRounds);
+}
+
+BENCHMARK(windowAgainstMinimalWindow)->Apply(onTheClock);
+BENCHMARK_CAPTURE(listAgainstMinimalWindowAndStatusRun, git, RepositoryKind::git)->Apply(onTheClock);
+BENCHMARK_CAPTURE(listAgainstMinimalWindowAndStatusRun, svn, RepositoryKind::svn)->Apply(onTheClock);
+BENCHMARK_CAPTURE(listOfDoubledAgainstSingleProject, git, RepositoryKind::git)->Apply(onTheClock);
+BENCHMARK_CAPTURE(listOfDoubledAgainstSingleProject, svn, RepositoryKind::svn)->Apply(onTheClock);
+BENCHMARK_CAPTURE(listOfSize, git, RepositoryKind::git)->Apply(growing);
+BENCHMARK_CAPTURE(listOfSize, svn, RepositoryKind::svn)->Apply(growing);
 
 } // namespace
 
