@@ -27,9 +27,8 @@ int changedFile(int revision, int change, int revisions) {
 }
 
 QByteArray message(int revision) {
-    return "Keep the order of the entries when two of them compare equal\n\nSeen "
-           "with " +
-           QByteArray::number(revision) + ".\n";
+    return "Keep the order of the entries when two of them compare equal\n\nSeen with " + QByteArray::number(revision) +
+           ".\n";
 }
 
 QByteArray content(int revision, int file) {

@@ -4,8 +4,8 @@
 
 namespace kestor {
 
-// Histories of `revisions` entries with five changed files each, out of one
-// file for every ten changes, in the words that the tools make a repository of.
+// Histories of `revisions` entries with five changed files each, out of one file for every ten changes, in the words
+// that the tools make a repository of.
 
 /// For `git fast-import`, on the branch "main".
 QByteArray gitHistory(int revisions);

@@ -67,8 +67,7 @@ void makeGitRepository(const QString &root, int files) {
         {u"-c"_s, u"user.name=bench"_s, u"-c"_s, u"user.email=bench@example.com"_s, u"commit"_s, u"-qm"_s, u"all"_s},
         root);
     changeFiles(root, files);
-    // Leaves an index whose file times are known, as any earlier status run
-    // would.
+    // Leaves an index whose file times are known, as any earlier status run would.
     run(u"git"_s, {u"status"_s}, root);
 }
 
@@ -78,8 +77,7 @@ void makeSubversionCopy(const QString &root, const QString &server, int files) {
     writeVersionedFiles(imported, files);
     run(u"svnadmin"_s, {u"create"_s, server}, u"/"_s);
     run(u"svn"_s, {u"import"_s, u"-qm"_s, u"all"_s, imported, url}, u"/"_s);
-    // A lock for all of it instead of one for each file saves a quarter of the
-    // time.
+    // A lock for all of it instead of one for each file saves a quarter of the time.
     run(u"svn"_s,
         {u"checkout"_s, u"-q"_s, u"--config-option"_s, u"config:working-copy:exclusive-locking=true"_s, url, root},
         u"/"_s);
@@ -107,8 +105,7 @@ void makeSubversionHistory(const QString &root, const QString &server, int revis
     QFile::remove(stream);
 }
 
-/// The project of that name, filled by `fill` (its root, a place for a server)
-/// when it is new.
+/// The project of that name, filled by `fill` (its root, a place for a server) when it is new.
 template <typename Fill>
 SampleProject namedProject(const QString &name, RepositoryKind kind, Fill fill) {
     const QString folder = QCoreApplication::applicationDirPath() + u"/projects/"_s + name;

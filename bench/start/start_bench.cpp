@@ -90,8 +90,7 @@ double bareStatus(RepositoryKind kind, const SampleProject &project) {
     return static_cast<double>(timer.nsecsElapsed()) / 1e9;
 }
 
-/// Runs both in turn, so that they see the same machine, and reports the best
-/// of each and their ratio.
+/// Runs both in turn, so that they see the same machine, and reports the best of each and their ratio.
 template <typename Baseline, typename Measured>
 void compare(benchmark::State &state, const Baseline &baseline, const Measured &measured) {
     double baselineBest = noTime;

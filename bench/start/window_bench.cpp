@@ -1,6 +1,5 @@
-// What a user waits for in a window that is open already, each time in turn
-// with the tool alone: a refresh that finds something new, the diff of another
-// row, and the log. Real projects, real tools; the best of the rounds counts.
+// What a user waits for in a window that is open already, each time in turn with the tool alone: a refresh that finds
+// something new, the diff of another row, and the log. Real projects, real tools; the best of the rounds counts.
 
 #include "../support/measures.h"
 #include "controller/log_loading.h"
@@ -125,7 +124,7 @@ void measureClick(RepositoryKind kind) {
     for (int click = 0; click < clicks; ++click) {
         const QString path = window.app().changes.value().at(--row).path; // modified ones come last
         tool = std::min(tool, bareRun(kind, workingDiffArguments(kind, path, u"HEAD"_s), project.path));
-        const DiffDocument *before = click == 0 ? nullptr : &window.part<DiffView>().document();
+        const DiffDocument *before = &window.part<DiffView>().document();
         QElapsedTimer timer;
         timer.start();
         list.setCurrentIndex(list.model()->index(row, 0));
@@ -138,8 +137,7 @@ void measureClick(RepositoryKind kind) {
     report(named("click to diff", kind), ours, "ms", tool);
 }
 
-/// The History tab is clicked in a window that has not shown it yet; until its
-/// first rows and all of them are painted.
+/// The History tab is clicked in a window that has not shown it yet; until its first rows and all of them are painted.
 void measureHistory(RepositoryKind kind) {
     const int entries = kind == RepositoryKind::git ? commits : revisions;
     const SampleProject project = sampleHistory(kind, entries);
