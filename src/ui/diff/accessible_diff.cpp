@@ -69,7 +69,9 @@ public:
 
     QRect characterRect(int offset) const override {
         const DiffView &diff = view();
-        const qint64 row = firstRow() + wholeView().first(std::max(0, offset)).count(u'\n');
+        // The reader may have counted in what was in view before.
+        const QString text = wholeView();
+        const qint64 row = firstRow() + text.first(std::clamp<qsizetype>(offset, 0, text.size())).count(u'\n');
         const auto top = static_cast<int>(diff.rows().top(row) - diff.verticalScrollBar()->value());
         const QRect area(0, top, diff.viewport()->width(), diff.metrics().rows.line);
         return {diff.viewport()->mapToGlobal(area.topLeft()), area.size()};

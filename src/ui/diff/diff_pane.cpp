@@ -275,8 +275,9 @@ void DiffPane::copyPath() const {
     const DiffDocument &document = view->document();
     const qint64 file = view->currentFile();
     const bool ofFile = subject.path.isEmpty() || document.hasSeveralFiles();
-    QGuiApplication::clipboard()->setText(ofFile && file >= 0 ? fileHeading(document.diff.files[file]).path
-                                                              : subject.path);
+    const QString path = ofFile && file >= 0 ? fileHeading(document.diff.files[file]).path : subject.path;
+    if (!path.isEmpty())
+        QGuiApplication::clipboard()->setText(path);
 }
 
 void DiffPane::showContextMenu(const QPoint &point) {

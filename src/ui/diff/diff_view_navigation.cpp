@@ -1,5 +1,6 @@
 // The part of DiffView that scrolls and that knows which hunk and file are current.
 
+#include "ui/diff/accessible_diff.h"
 #include "ui/diff/diff_view.h"
 
 #include <QScrollBar>
@@ -41,6 +42,7 @@ void DiffView::setCurrentHunk(qint64 hunkIndex, qint64 newHeadedFile) {
     headedFile = newHeadedFile;
     hunk = hunkIndex;
     viewport()->update();
+    announceCaret(*this);
     emit currentHunkChanged();
 }
 

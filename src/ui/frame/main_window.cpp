@@ -133,8 +133,7 @@ void MainWindow::showOutput() {
         return closeOutputSheet();
     makeOutputSheet();
     sheet->setOutput(*output);
-    if (sheet->isHidden())
-        fitOutputSheet();
+    fitOutputSheet();
 }
 
 void MainWindow::makeOutputSheet() {
@@ -143,6 +142,10 @@ void MainWindow::makeOutputSheet() {
     sheet = new OutputSheet(rows);
     sheet->text().setTextSizeDelta(pages->textSize());
     connect(pages, &TabPages::textSizeChanged, &sheet->text(), &PlainTextView::setTextSizeDelta);
+    connect(&sheet->text(), &PlainTextView::textChanged, this, [this] {
+        if (sheet->isVisible())
+            fitOutputSheet();
+    });
     connect(sheet, &OutputSheet::closeRequested, closeSheet, &QShortcut::activated);
     const auto remember = [this, made = static_cast<QWidget *>(sheet)](QWidget *left, QWidget *entered) {
         if (made->isAncestorOf(entered) && !made->isAncestorOf(left) && isAncestorOf(left))
@@ -164,10 +167,13 @@ void MainWindow::closeOutputSheet() {
     sheet->hide();
 }
 
+/// Shows the sheet as high as its text wants; one that is open only grows, as the user may have made it larger.
 void MainWindow::fitOutputSheet() {
     const int height = rows->height();
     const int greatest = qMax(OutputSheet::leastHeight, static_cast<int>(height * greatestSheetPart));
     const int sheetHeight = qBound(OutputSheet::leastHeight, sheet->wantedHeight(), greatest);
+    if (sheet->isVisible() && sheet->height() >= sheetHeight)
+        return;
     sheet->show();
     rows->setSizes({height - sheetHeight, sheetHeight});
 }

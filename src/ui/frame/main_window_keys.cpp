@@ -118,8 +118,10 @@ void MainWindow::focusFilter() {
 }
 
 void MainWindow::focusMessage() {
-    if (pages->changes().isVisible())
-        pages->changes().focusMessage();
+    if (pages->current() == nullptr || !pages->current()->isVisible())
+        return;
+    state.selectedTab = WorkflowTab::changes;
+    pages->changes().focusMessage();
 }
 
 void MainWindow::turnToPane(Turn turn) {

@@ -160,6 +160,8 @@ void ProjectListView::contextMenuEvent(QContextMenuEvent *event) {
     const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
     if (!index.isValid() || index != currentIndex())
         return;
+    if (byKey)
+        scrollTo(index);
     emit menuRequested(byKey ? viewport()->mapToGlobal(visualRect(index).bottomLeft()) : event->globalPos());
 }
 

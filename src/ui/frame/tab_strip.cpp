@@ -56,7 +56,8 @@ TabStrip::TabStrip(AppState &shownState, QWidget *parent) : QTabBar(parent), sta
     setFocusPolicy(Qt::TabFocus);
     setAccessibleName(u"Tabs"_s);
     for (const WorkflowTab tab : allWorkflowTabs)
-        addTab(rawValue(tab).toString());
+        setTabToolTip(addTab(rawValue(tab).toString()),
+                      QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + indexOf(tab))).toString(QKeySequence::NativeText));
     connect(this, &QTabBar::currentChanged, this, &TabStrip::tabChosen);
     observers.watch(state.selectedTab, [this] {
         const QSignalBlocker quiet(this);

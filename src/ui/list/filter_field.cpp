@@ -23,6 +23,7 @@ FilterField::FilterField(const QString &placeholder, QWidget *parent)
       clearing(new QAction(icon(Icon::clear), tr("Clear Filter"), this)) {
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
+    setToolTip(tr("%1 (%2)").arg(placeholder, QKeySequence(QKeySequence::Find).toString(QKeySequence::NativeText)));
     setMinimumHeight(fieldHeight);
     addAction(icon(Icon::search), LeadingPosition);
     addAction(clearing, TrailingPosition);

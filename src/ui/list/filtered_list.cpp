@@ -59,6 +59,8 @@ void FilteredList::connectParts() {
 }
 
 void FilteredList::enterList() {
+    if (rows.rowCount() == 0)
+        return;
     rowList->setFocus();
     rowList->chooseFirst();
 }
@@ -105,9 +107,10 @@ void FilteredList::holdAction() {
 
 void FilteredList::clickedPlaceholder() {
     if (rows.recordCount() == 0)
-        emit emptyActionRequested();
-    else
-        filterField->clear();
+        return emit emptyActionRequested();
+    // Before the button that has the focus is hidden.
+    rowList->setFocus();
+    filterField->clear();
 }
 
 void FilteredList::updateCounts() {

@@ -153,7 +153,8 @@ bool RowListView::pressedLeavingKey(const QKeyEvent &event) {
 }
 
 void RowListView::mousePressEvent(QMouseEvent *event) {
-    if (!pressedTickBox(*event))
+    ticking = pressedTickBox(*event);
+    if (!ticking)
         QListView::mousePressEvent(event);
 }
 
@@ -162,9 +163,17 @@ void RowListView::mouseDoubleClickEvent(QMouseEvent *event) {
         QListView::mouseDoubleClickEvent(event);
 }
 
+/// The base class makes the row under a held button current, also when a tick box was pressed.
 void RowListView::mouseMoveEvent(QMouseEvent *event) {
+    if (ticking)
+        return;
     const QScopedValueRollback wait(pace, Pace::settling);
     QListView::mouseMoveEvent(event);
+}
+
+void RowListView::mouseReleaseEvent(QMouseEvent *event) {
+    ticking = false;
+    QListView::mouseReleaseEvent(event);
 }
 
 bool RowListView::pressedTickBox(const QMouseEvent &event) {
@@ -216,6 +225,8 @@ void RowListView::contextMenuEvent(QContextMenuEvent *event) {
     const QModelIndex index = byKey ? currentIndex() : indexAt(event->pos());
     if (!index.isValid())
         return;
+    if (byKey)
+        scrollTo(index);
     const QPoint position = byKey ? viewport()->mapToGlobal(visualRect(index).bottomLeft()) : event->globalPos();
     emit rowMenuRequested(index.row(), position);
 }

@@ -54,6 +54,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -86,6 +87,7 @@ private:
     QList<Anchor> anchors{};
     TickAccess access = TickAccess::editable;
     Pace pace = Pace::atOnce;
+    bool ticking = false; ///< the button that is held went down on a tick box
     QTimer settled{};
     QString searched{};
     QElapsedTimer sinceSearch{};

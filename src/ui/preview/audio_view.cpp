@@ -5,7 +5,7 @@
 #include "ui/look/theme.h"
 
 #include <QAbstractButton>
-#include <QEvent>
+#include <QHideEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPainter>
@@ -145,6 +145,13 @@ void AudioView::changeEvent(QEvent *event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
         applyLook();
+}
+
+/// A sound that plays on could not be stopped from where the user is then.
+void AudioView::hideEvent(QHideEvent *event) {
+    QWidget::hideEvent(event);
+    if (!event->spontaneous() && player.status().state == AudioState::playing)
+        player.pause();
 }
 
 } // namespace kestor

@@ -32,6 +32,7 @@ ArchivesTab::ArchivesTab(AppState &state, QAction *createZipAction, QWidget *par
             [this](const QString &id) { app.selectedArchiveEntryID = rows.revisionOf(id); });
     connect(&column->list(), &RowListView::rowMenuRequested, this,
             [this](int, const QPoint &position) { openRowMenu(position); });
+    connect(&detail->pathList(), &RowListView::filterRequested, this, &ArchivesTab::focusFilter);
     connect(&column->list(), &RowListView::detailRequested, &detail->pathList(), qOverload<>(&QWidget::setFocus));
     observeState();
     showDetail();

@@ -116,6 +116,7 @@ void CommitPanel::setTickAccess(TickAccess wanted) {
 
 void CommitPanel::showCounts(const TickCounts &counts) {
     countLabel->setText(tickedText(counts, locale()));
+    countLabel->setToolTip(countLabel->text());
     const QString text = commitText(counts.ticked, locale());
     button->setText(text);
     button->setMinimumWidth(button->fontMetrics().horizontalAdvance(text) + 2 * (paneEdge + AccentButton::frameRoom));

@@ -52,6 +52,8 @@ ExecutableSection::ExecutableSection(const ExecutableActions &actions, QWidget *
 
 void ExecutableSection::setChosenPath(const QString &chosen) {
     chosenPath = chosen;
+    if (chosen.isEmpty() && fromPathButton->hasFocus())
+        chooseButton->setFocus();
     fromPathButton->setEnabled(!chosen.isEmpty());
     lookUp();
 }

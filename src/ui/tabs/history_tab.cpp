@@ -26,6 +26,7 @@ HistoryTab::HistoryTab(AppState &state, const HistoryActions &offered, QWidget *
     setParts(column, &column->filteredList(), detail);
     setDetailPane(&detail->pane());
     addList(column->revisionList());
+    connect(&column->revisionList(), &RowListView::filterRequested, this, &HistoryTab::focusFilter);
     addHeadActions();
     showing.setSingleShot(true);
     showing.setInterval(0);

@@ -47,6 +47,7 @@ IncomingTab::IncomingTab(AppState &state, QAction *update, QWidget *parent)
     connect(&column->revisionList(), &RowListView::rowMenuRequested, this,
             [this](int, const QPoint &position) { openRowMenu(position); });
     addCopyPathMenu(column->outdatedList(), outdated);
+    connect(&column->outdatedList(), &RowListView::filterRequested, this, &IncomingTab::focusFilter);
     observeState();
     showDetail();
 }

@@ -110,9 +110,9 @@ void ListTab::walkOn(Walk walk, CaretDirection direction) {
         leaveRow(walk, direction);
 }
 
-/// Waits for the diff of one row before it goes on to the next, so that a repeated key skips none.
+/// By hunks it waits for the diff of one row before it goes on to the next, so that a repeated key skips none.
 void ListTab::leaveRow(Walk walk, CaretDirection direction) {
-    if (!isDetailUpToDate())
+    if (walk == Walk::hunks && !isDetailUpToDate())
         return;
     const QScopedValueRollback choosing(walking, true);
     const bool backByHunks = walk == Walk::hunks && direction == CaretDirection::back;

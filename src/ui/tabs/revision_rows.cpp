@@ -55,6 +55,15 @@ RowContent LogRows::content(int record, const Theme &) const {
     return shownRow(revisionText(entries.at(record)));
 }
 
+/// What narrow columns cut, then the message.
+QString LogRows::toolTip(int record) const {
+    const LogEntry &entry = entries.at(record);
+    const RevisionText text = revisionText(entry);
+    QStringList origin{text.revision, text.author, text.date};
+    origin.removeAll(QString());
+    return origin.join(u" · ") + u'\n' + entry.summary();
+}
+
 QString LogRows::filterText(int record) const {
     const LogEntry &entry = entries.at(record);
     return entry.commitHash.value_or(entry.displayRevision()) + u'\n' + entry.author + u'\n' + entry.message;

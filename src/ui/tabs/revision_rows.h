@@ -44,7 +44,7 @@ public:
     RowContent content(int record, const Theme &theme) const override;
     QString filterText(int record) const override;
     QString copiedText(int record) const override;
-    QString toolTip(int record) const override { return entries.at(record).summary(); }
+    QString toolTip(int record) const override;
     QString searchText(int record) const override { return entries.at(record).summary(); }
 
 private:
