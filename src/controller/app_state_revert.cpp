@@ -6,8 +6,7 @@
 #include "controller/refusal.h"
 #include "controller/revert_plan.h"
 #include "controller/tool_text.h"
-#include "rules/project_bounds.h"
-#include "rules/working_copy_paths.h"
+#include "parsers/svn_xml_parsers.h"
 #include "tools/arguments.h"
 
 #include <QCoroFuture>
@@ -19,13 +18,34 @@ namespace kestor {
 
 namespace {
 
-/// The plan with those files only that there are to lose. Reads the disk; workers.
-RevertPlan onDisk(RevertPlan plan, const QString &root) {
-    plan.overwritten.removeIf([&root](const QString &path) {
-        const QString location = absolutePath(path, root);
-        return !isOnDisk(location) || isDirectory(location) || !liesInside(path, root);
-    });
-    return plan;
+/// What left the disk before the tool ran.
+struct Removal {
+    TrashResult overwritten{};
+    DeletionResult unversioned{};
+
+    QList<TrashedPath> inTrash() const { return overwritten.moved + unversioned.moved; }
+    qsizetype count() const { return overwritten.moved.size() + unversioned.deleted; }
+};
+
+/// Takes from the disk what the plan says, unversioned paths only when nothing else refused. Workers.
+Removal removed(const RevertPlan &plan, const QString &root) {
+    Removal removal{moveToTrash(plan.overwritten, root), {}};
+    if (!removal.overwritten.error && !plan.unversioned.isEmpty())
+        removal.unversioned = deleteUnversionedItems(plan.unversioned, root);
+    return removal;
+}
+
+/// Those of the paths that svn added as copies of others.
+QCoro::Task<QSet<QString>> copiesAmong(std::shared_ptr<Tool> svn, QString directory, QStringList added) {
+    if (added.isEmpty())
+        co_return QSet<QString>();
+    const QStringList arguments = addedPathsArguments(added);
+    const SVNCommandResult status =
+        co_await svn->run(arguments, directory, CheckStatus::yes, RunPurpose::backgroundRead);
+    const std::optional<QSet<QString>> copies = parsedOutput<CopiedPathsParser>(status.stdoutData);
+    if (!copies)
+        throw SVNClientError::launchFailed(u"What svn printed could not be read to its end."_s);
+    co_return *copies;
 }
 
 CommandOutput revertOutput(const QList<SVNCommandResult> &results, qsizetype deleted) {
@@ -98,8 +118,13 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
         // Nothing would notice that before the question is asked.
         if (const std::optional<Refusal> missing = missingFolder(project.path))
             throw SVNClientError::launchFailed(missing->message);
-        const auto plan = [items, root = project.path] {
-            return onDisk(svnRevertPlan(items), root);
+        const auto whichAdded = [items] {
+            return addedPaths(items);
+        };
+        const QStringList added = co_await QtConcurrent::run(&workers, whichAdded);
+        const QSet<QString> copied = co_await copiesAmong(tools.svn, project.path, added);
+        const auto plan = [items, copied, root = project.path] {
+            return onDisk(svnRevertPlan(items, copied), root);
         };
         co_return co_await QtConcurrent::run(&workers, plan);
     }
@@ -109,19 +134,20 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
     if (head.status != 0 && head.status != 1)
         throw SVNClientError::commandFailed(head);
     const GitHead commits = head.status == 0 ? GitHead::exists : GitHead::unborn;
-    const auto plan = [items, facts, commits, root = project.path] {
+    const auto make = [items, facts, commits, root = project.path] {
         return onDisk(gitRevertPlan(items, withVacantOldNames(facts, root), commits), root);
     };
-    co_return co_await QtConcurrent::run(&workers, plan);
+    co_return co_await QtConcurrent::run(&workers, make);
 }
 
 QCoro::Task<CommandOutput> AppState::runRevert(Project project, RevertPlan plan) {
-    const auto trash = [paths = plan.overwritten, root = project.path] {
-        return moveToTrash(paths, root);
+    // Before the tool runs: what it restores may stand there afterwards.
+    const auto remove = [plan, root = project.path] {
+        return removed(plan, root);
     };
-    const TrashResult trashed = co_await QtConcurrent::run(&workers, trash);
-    if (trashed.error)
-        throw SVNClientError::launchFailed(*trashed.error);
+    const Removal removal = co_await QtConcurrent::run(&workers, remove);
+    if (removal.overwritten.error)
+        throw SVNClientError::launchFailed(*removal.overwritten.error);
     QList<SVNCommandResult> results;
     std::optional<SVNClientError> failure;
     try {
@@ -134,24 +160,17 @@ QCoro::Task<CommandOutput> AppState::runRevert(Project project, RevertPlan plan)
         failure = error;
     }
     if (failure) {
-        const auto back = [files = trashed.moved] {
-            takeBack(files);
+        const auto back = [paths = removal.inTrash()] {
+            takeBack(paths);
         };
         co_await QtConcurrent::run(&workers, back);
         throw *failure;
     }
-    qsizetype deleted = trashed.moved.size();
-    if (!plan.unversioned.isEmpty()) {
-        const auto remove = [items = plan.unversioned, root = project.path] {
-            return deleteUnversionedItems(items, root);
-        };
-        const DeletionResult removed = co_await QtConcurrent::run(&workers, remove);
-        // The tool may have taken them away itself, as svn does with the files of a conflict.
-        if (removed.error && !(removed.foundNone && !results.isEmpty()))
-            throw SVNClientError::launchFailed(*removed.error);
-        deleted += removed.deleted;
-    }
-    co_return revertOutput(results, deleted);
+    // They may have gone with a folder that held them.
+    const bool othersGone = removal.unversioned.foundNone && !plan.commands.isEmpty();
+    if (removal.unversioned.error && !othersGone)
+        throw SVNClientError::launchFailed(*removal.unversioned.error);
+    co_return revertOutput(results, removal.count());
 }
 
 } // namespace kestor

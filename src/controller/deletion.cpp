@@ -134,7 +134,10 @@ DeletionResult deleteUnversionedItems(const QList<UnversionedPath> &paths, const
         const QFileInfo info(absolutePath(path.path, root));
         if (!isOnDisk(info.filePath()))
             continue;
-        if (!(trash && movedToTrash(info.filePath())) && !removeForGood(info)) {
+        const std::optional<QString> inTrash = trash ? movedToTrash(info.filePath()) : std::nullopt;
+        if (inTrash)
+            result.moved.append({info.filePath(), *inTrash});
+        else if (!removeForGood(info)) {
             result.error = u"Could not delete "_s + path.path + u'.';
             break;
         }
@@ -144,7 +147,7 @@ DeletionResult deleteUnversionedItems(const QList<UnversionedPath> &paths, const
     for (auto folder = leftFolders.cbegin(); folder != leftFolders.cend(); ++folder)
         removeEmptyFolders(folder.key(), folder.value(), root);
     if (result.deleted == 0 && !result.error)
-        return {0, u"No unversioned paths were found on disk."_s, true};
+        return {0, {}, u"No unversioned paths were found on disk."_s, true};
     return result;
 }
 
@@ -165,9 +168,11 @@ TrashResult moveToTrash(const QStringList &paths, const QString &root) {
     return result;
 }
 
-void takeBack(const QList<TrashedFile> &files) {
-    for (const TrashedFile &file : files)
-        QFile::rename(file.inTrash, file.original);
+void takeBack(const QList<TrashedPath> &paths) {
+    for (const TrashedPath &path : paths) {
+        QDir().mkpath(QFileInfo(path.original).path());
+        QFile::rename(path.inTrash, path.original);
+    }
 }
 
 } // namespace kestor

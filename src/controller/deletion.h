@@ -19,23 +19,26 @@ struct UnversionedPath {
     friend bool operator==(const UnversionedPath &, const UnversionedPath &) = default;
 };
 
+/// What went to the trash; both paths are absolute.
+struct TrashedPath {
+    QString original{};
+    QString inTrash{};
+
+    friend bool operator==(const TrashedPath &, const TrashedPath &) = default;
+};
+
 /// What a deletion came to.
 struct DeletionResult {
     qsizetype deleted = 0;          ///< paths taken from the disk
+    QList<TrashedPath> moved{};     ///< those of them that are in the trash
     std::optional<QString> error{}; ///< why it stopped, in words for the user
     bool foundNone = false;         ///< the error is that none of the paths was on disk
 
     friend bool operator==(const DeletionResult &, const DeletionResult &) = default;
 };
 
-/// A file that went to the trash; both paths are absolute.
-struct TrashedFile {
-    QString original{};
-    QString inTrash{};
-};
-
 struct TrashResult {
-    QList<TrashedFile> moved{};
+    QList<TrashedPath> moved{};
     std::optional<QString> error{}; ///< in words for the user; nothing was moved then
 };
 
@@ -54,10 +57,10 @@ QList<UnversionedPath> topLevelWorkingCopyPaths(QList<UnversionedPath> paths);
 /// refused. Reads and writes the disk; workers.
 DeletionResult deleteUnversionedItems(const QList<UnversionedPath> &paths, const QString &root);
 
-/// Moves files to the trash, none for good: all of them or none. Workers.
+/// Moves files and whole folders to the trash, none for good: all of them or none. Workers.
 TrashResult moveToTrash(const QStringList &paths, const QString &root);
 
-/// Moves files back from the trash. Workers.
-void takeBack(const QList<TrashedFile> &files);
+/// Moves back from the trash what nothing else stands for now; the rest stays there. Workers.
+void takeBack(const QList<TrashedPath> &paths);
 
 } // namespace kestor

@@ -103,6 +103,8 @@ void addFacts(GitRowFacts &facts, QStringView letters, const Names &names) {
         facts.notInIndex.insert(names.path);
     if (letters == u" R")
         facts.notYetRenamed.insert(names.path);
+    if (letters.contains(u'T'))
+        facts.retyped.insert(names.path);
 }
 
 /// Whether the line's path part is one plain name. The parser's simple rules would get others wrong.

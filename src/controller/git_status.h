@@ -16,6 +16,7 @@ struct GitRowFacts {
     QSet<QString> notInHead{};          ///< copies, and paths in conflict, that the last commit does not have
     QSet<QString> notInIndex{};         ///< staged deletions
     QSet<QString> notYetRenamed{};      ///< new paths of renames whose old name the index still has
+    QSet<QString> retyped{};            ///< paths that were a file, a link or a repository, and are another of these
 
     friend bool operator==(const GitRowFacts &, const GitRowFacts &) = default;
 };

@@ -1,11 +1,14 @@
 #include "controller/revert_plan.h"
 
+#include "rules/project_bounds.h"
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
-#include <QSet>
+#include <QFileInfo>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -19,22 +22,67 @@ bool isNew(const WorkingCopyItem &item) {
 
 /// Whether svn lists a folder of that kind without what is in it.
 bool standsForContents(const WorkingCopyItem &item) {
-    return isNew(item) || item.kind == SVNStatusKind::deleted || item.kind == SVNStatusKind::missing;
+    switch (item.kind) {
+    case SVNStatusKind::added:
+    case SVNStatusKind::replaced:
+    case SVNStatusKind::deleted:
+    case SVNStatusKind::missing:
+    case SVNStatusKind::obstructed:
+        return true;
+    default:
+        return false;
+    }
 }
 
 UnversionedPath unversionedPath(const WorkingCopyItem &item) {
     return {item.path, item.unversionedRoot.value_or(QString())};
 }
 
+bool isBelowOneOf(const QSet<QString> &folders, const QString &path) {
+    const QStringList above = foldersAbove(path);
+    return std::any_of(above.begin(), above.end(),
+                       [&folders](const QString &folder) { return folders.contains(folder); });
+}
+
 /// `paths` without those below another one of them.
 QStringList topmost(QStringList paths) {
     const QSet<QString> all(paths.begin(), paths.end());
-    paths.removeIf([&all](const QString &path) {
-        const QStringList folders = foldersAbove(path);
-        return std::any_of(folders.begin(), folders.end(),
-                           [&all](const QString &folder) { return all.contains(folder); });
-    });
+    paths.removeIf([&all](const QString &path) { return isBelowOneOf(all, path); });
     return paths;
+}
+
+/// The rows that svn reverts with all that is in them.
+QList<WorkingCopyItem> wholeRows(QList<WorkingCopyItem> items) {
+    items.removeIf(std::not_fn(standsForContents));
+    QSet<QString> paths;
+    for (const WorkingCopyItem &item : std::as_const(items))
+        paths.insert(item.path);
+    items.removeIf([&paths](const WorkingCopyItem &item) { return isBelowOneOf(paths, item.path); });
+    return items;
+}
+
+bool isFolder(const QFileInfo &info) {
+    return info.isDir() && !info.isSymLink();
+}
+
+bool isOnDiskInside(const QString &path, const QString &root) {
+    return isOnDisk(absolutePath(path, root)) && liesInside(path, root);
+}
+
+/// The links and files that stand where the paths need folders.
+QStringList inTheWayOf(const QStringList &paths, const QString &root) {
+    QSet<QString> folders;
+    for (const QString &path : paths) {
+        for (const QString &folder : foldersAbove(path))
+            folders.insert(folder);
+    }
+    QStringList obstacles;
+    for (const QString &folder : std::as_const(folders)) {
+        const QString location = absolutePath(folder, root);
+        if (isOnDisk(location) && !isFolder(QFileInfo(location)))
+            obstacles.append(folder);
+    }
+    return obstacles;
 }
 
 void appendUnlessEmpty(QList<PathCommand> &commands, const PathCommand &command) {
@@ -44,19 +92,40 @@ void appendUnlessEmpty(QList<PathCommand> &commands, const PathCommand &command)
 
 } // namespace
 
-RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items) {
+QStringList addedPaths(const QList<WorkingCopyItem> &items) {
+    QStringList paths;
+    for (const WorkingCopyItem &item : wholeRows(items)) {
+        if (item.kind == SVNStatusKind::added)
+            paths.append(item.path);
+    }
+    return paths;
+}
+
+QStringList addedPathsArguments(const QStringList &paths) {
+    PathCommand command{args(u"status", u"--xml", u"--depth", u"empty"), paths};
+    if (needsPathFile(command))
+        command = {args(u"status", u"--xml")};
+    return plainArguments(RepositoryKind::svn, command);
+}
+
+RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items, const QSet<QString> &copied) {
     RevertPlan plan;
     PathCommand changed{args(u"revert")};
     PathCommand whole{args(u"revert", u"--depth", u"infinity")};
+    for (const WorkingCopyItem &item : wholeRows(items)) {
+        whole.paths.append(item.path);
+        if (item.kind != SVNStatusKind::added || copied.contains(item.path))
+            plan.displaced.append(item.path);
+    }
+    plan.written = plan.displaced;
+    const QSet<QString> folders(whole.paths.begin(), whole.paths.end());
     for (const WorkingCopyItem &item : items) {
         if (item.kind == SVNStatusKind::unversioned)
             plan.unversioned.append(unversionedPath(item));
-        else
-            (standsForContents(item) ? whole : changed).paths.append(item.path);
-        if (item.kind == SVNStatusKind::deleted)
-            plan.overwritten.append(item.path);
+        else if (!standsForContents(item) && !isBelowOneOf(folders, item.path))
+            changed.paths.append(item.path);
     }
-    whole.paths = topmost(whole.paths);
+    plan.written += changed.paths;
     appendUnlessEmpty(plan.commands, changed);
     appendUnlessEmpty(plan.commands, whole);
     return plan;
@@ -67,6 +136,7 @@ RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts 
     PathCommand restored{args(u"restore", u"--staged", u"--worktree")};
     PathCommand unstaged{args(u"rm", u"--cached", u"--force")};
     PathCommand removed{args(u"rm", u"--force")};
+    QStringList oldNames;
     for (const WorkingCopyItem &item : items) {
         if (item.kind == SVNStatusKind::unversioned) {
             plan.unversioned.append(unversionedPath(item));
@@ -77,19 +147,36 @@ RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts 
             continue;
         }
         const bool notInHead = facts.notInHead.contains(item.path);
-        if (notInHead || isNew(item) || facts.notInIndex.contains(item.path))
+        if (notInHead || isNew(item))
             plan.overwritten.append(item.path);
+        else if (item.kind == SVNStatusKind::deleted || facts.retyped.contains(item.path))
+            plan.displaced.append(item.path);
         if (notInHead && item.kind == SVNStatusKind::conflicted) {
             removed.paths.append(item.path);
             continue;
         }
         restored.paths.append(item.path);
         if (facts.oldNames.contains(item.path))
-            restored.paths.append(facts.oldNames.value(item.path));
+            oldNames.append(facts.oldNames.value(item.path));
     }
+    plan.written = plan.displaced + oldNames;
+    // Where a file became a folder, or a folder a file, Git knows only the upper name.
+    restored.paths = topmost(restored.paths + oldNames);
     appendUnlessEmpty(plan.commands, restored);
     appendUnlessEmpty(plan.commands, removed);
     appendUnlessEmpty(plan.commands, unstaged);
+    return plan;
+}
+
+RevertPlan onDisk(RevertPlan plan, const QString &root) {
+    plan.overwritten.removeIf([&root](const QString &path) { return isFolder(QFileInfo(absolutePath(path, root))); });
+    plan.overwritten += plan.displaced;
+    plan.overwritten.removeIf([&root](const QString &path) { return !isOnDiskInside(path, root); });
+    plan.overwritten += inTheWayOf(plan.written, root);
+    plan.overwritten.removeDuplicates();
+    plan.overwritten = topmost(plan.overwritten);
+    const QSet<QString> leaving(plan.overwritten.begin(), plan.overwritten.end());
+    plan.unversioned.removeIf([&leaving](const UnversionedPath &path) { return leaving.contains(path.path); });
     return plan;
 }
 

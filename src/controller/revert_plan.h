@@ -6,6 +6,7 @@
 #include "model/working_copy_item.h"
 
 #include <QList>
+#include <QSet>
 #include <QString>
 
 #include <cstdint>
@@ -20,18 +21,31 @@ struct RevertPlan {
     QList<PathCommand> commands{};        ///< tool runs, in order
     QList<UnversionedPath> unversioned{}; ///< deleted from disk
     QStringList overwritten{};            ///< files whose only copy the tool deletes or replaces, if they are on disk
+    QStringList displaced{};              ///< paths where the tool leaves nothing of what stands there
+    QStringList written{};                ///< paths that the tool writes to, whatever is in the way
 
-    /// How many files leave the disk.
+    /// How many paths leave the disk.
     qsizetype deletions() const { return unversioned.size() + overwritten.size(); }
     friend bool operator==(const RevertPlan &, const RevertPlan &) = default;
 };
 
-/// Svn: changes in one run, what was added or is gone in another, in which folders go with all that is in them.
-RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items);
+/// The rows that svn added, below no other such one. Whether they are copies decides what a revert leaves of them.
+QStringList addedPaths(const QList<WorkingCopyItem> &items);
+
+/// The vector that lists such paths, the whole project when they are too many to name.
+QStringList addedPathsArguments(const QStringList &paths);
+
+/// Svn: changes in one run, what was added or is gone in another, in which folders go with all that is in them. Of what
+/// was added those in `copied` leave the disk, the others become unversioned.
+RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items, const QSet<QString> &copied);
 
 /// Git: index and work tree go back to the last commit, old names of renames included. Before the first commit added
 /// files are only taken out of the index.
 RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts &facts, GitHead head);
+
+/// The plan for what is on disk: everything that leaves it is in `unversioned` or `overwritten`, once. Reads the disk
+/// below `root` (absolute); workers.
+RevertPlan onDisk(RevertPlan plan, const QString &root);
 
 /// How a revert is asked for.
 enum class RevertScope : std::uint8_t { oneRow, selection, all };

@@ -127,6 +127,22 @@ private:
     }
 };
 
+class CopiedPathsHandler final : public XmlHandler {
+public:
+    void startElement(std::string_view name, XmlAttributes attributes) override {
+        if (name == "entry")
+            path = attributes.text("path").value_or(QString());
+        else if (name == "wc-status" && attributes.value("copied") == "true")
+            paths.insert(path);
+    }
+    void endElement(std::string_view, std::string_view) override {}
+
+    QSet<QString> paths;
+
+private:
+    QString path;
+};
+
 } // namespace
 
 QList<WorkingCopyItem> StatusParser::parse(QByteArrayView utf8) {
@@ -142,6 +158,15 @@ QList<WorkingCopyItem> StatusParser::parse(QStringView text) {
 std::optional<QList<WorkingCopyItem>> StatusParser::parseWhole(QByteArrayView utf8) {
     LocalStatusHandler handler;
     return readXml(utf8, handler) == XmlEnd::reached ? std::optional(handler.takeSortedItems()) : std::nullopt;
+}
+
+std::optional<QSet<QString>> CopiedPathsParser::parse(QByteArrayView utf8) {
+    CopiedPathsHandler handler;
+    return readXml(utf8, handler) == XmlEnd::reached ? std::optional(handler.paths) : std::nullopt;
+}
+
+std::optional<QSet<QString>> CopiedPathsParser::parse(QStringView text) {
+    return parse(utf8OrEmpty(text));
 }
 
 RemoteStatus RemoteStatusParser::parse(QByteArrayView utf8) {

@@ -6,6 +6,7 @@
 
 #include <QByteArrayView>
 #include <QList>
+#include <QSet>
 #include <QStringView>
 
 #include <optional>
@@ -31,6 +32,12 @@ struct StatusParser {
     static QList<WorkingCopyItem> parse(QStringView text);
     /// The same entries; nothing when the document breaks off or cannot be read to its end.
     static std::optional<QList<WorkingCopyItem>> parseWhole(QByteArrayView utf8);
+};
+
+/// Reads of `svn status --xml` which paths are copies of others, moved or not. Nothing when the output breaks off.
+struct CopiedPathsParser {
+    static std::optional<QSet<QString>> parse(QByteArrayView utf8);
+    static std::optional<QSet<QString>> parse(QStringView text);
 };
 
 /// Reads `svn status --xml --show-updates`.

@@ -38,7 +38,9 @@ TEST(RevertPlan, OfGitCountsTheOnlyCopiesItWouldDelete) {
               (RevertPlan{
                   {{{u"restore"_s, u"--staged"_s, u"--worktree"_s}, {u"m.c"_s, u"a.c"_s, u"new.c"_s, u"old.c"_s}, {}}},
                   {{u"n.c"_s, QString()}},
-                  {u"a.c"_s, u"new.c"_s}}));
+                  {u"a.c"_s, u"new.c"_s},
+                  {},
+                  {u"old.c"_s}}));
     EXPECT_EQ(revertQuestion(RevertScope::selection, 4, plan.deletions()),
               u"Revert 4 selected path(s)? Local changes will be discarded. 3 unversioned path(s) will be deleted from "
               "disk."_s);
@@ -94,7 +96,7 @@ TEST(Deletion, RemovesLinksAsLinksAndFoldersThatBecameEmpty) {
                                        {u"a/b/sub/file"_s, u"a"_s}, {u"l/folder link"_s, u"l"_s},
                                        {u"l/dangling"_s, u"l"_s},   {u"versioned/new"_s, QString()},
                                        {u"gone"_s, QString()}};
-    EXPECT_EQ(deleteUnversionedItems(paths, tree.path(u"wc"_s)), (DeletionResult{5, std::nullopt, false}));
+    EXPECT_EQ(deleteUnversionedItems(paths, tree.path(u"wc"_s)).deleted, 5);
     EXPECT_EQ(tree.entries(), u"outside/|outside/kept|wc/|wc/a-b|wc/kept|wc/versioned/"_list);
     EXPECT_EQ(deleteUnversionedItems({{u"gone"_s, QString()}}, tree.path(u"wc"_s)).error,
               u"No unversioned paths were found on disk."_s);

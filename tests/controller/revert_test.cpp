@@ -1,5 +1,7 @@
 #include "support/app_test.h"
 
+#include <functional>
+
 namespace kestor {
 namespace {
 
@@ -84,6 +86,128 @@ TEST(Revert, InSubversionTakesCopiesMovesAndConflictsWhole) {
     EXPECT_EQ(f.app.commandOutput.value()->title, u"Revert"_s);
     EXPECT_TRUE(f.rows().isEmpty());
     EXPECT_EQ(repository.tree.entries(), before);
+}
+
+/// What a user did, the row to revert ("" for all), the paths that the question counts, and the trash afterwards.
+template <typename Fixture>
+using Losses = Rows<std::function<void(Fixture &)>, QString, int, QStringList>;
+
+template <typename Fixture>
+void expectNothingIsLost(const Losses<Fixture> &losses) {
+    Fixture repository;
+    repository.writeAll({{u"d/g.c"_s, "one\n"}, {u"f.c"_s, "one\n"}});
+    repository.commitAll(u"first"_s);
+    repository.tree.write(u"out/g.c"_s, "outside\n");
+    AppFixture f(repository);
+    for (const auto &[name, change, path, count, trashed] : losses) {
+        const TrashFixture trash;
+        change(repository);
+        awaited(f.app.refreshStatus());
+        awaited(path.isEmpty() ? f.app.revertAllPaths() : f.app.revertPath(path));
+        EXPECT_EQ(f.alertText(), QString());
+        EXPECT_EQ(f.user.asked.last().section(u". "_s, 1),
+                  count ? QString::number(count) + u" unversioned path(s) will be deleted from disk."_s : QString());
+        EXPECT_EQ(trash.files(), trashed);
+        for (const QString &file : u"d/g.c|f.c"_list)
+            EXPECT_EQ(repository.tree.read(u"wc/"_s + file), "one\n") << qPrintable(file);
+        EXPECT_EQ(repository.tree.read(u"out/g.c"_s), "outside\n");
+    }
+}
+
+template <typename Fixture>
+void replaceByLink(Fixture &repository) {
+    QDir(repository.path(u"d"_s)).removeRecursively();
+    QFile::link(repository.tree.path(u"out"_s), repository.path(u"d"_s));
+}
+
+template <typename Fixture>
+void replaceByFile(Fixture &repository) {
+    QDir(repository.path(u"d"_s)).removeRecursively();
+    repository.write(u"d"_s, "work\n");
+}
+
+template <typename Fixture>
+void replaceByFolder(Fixture &repository) {
+    QFile::remove(repository.path(u"f.c"_s));
+    repository.write(u"f.c/work"_s);
+}
+
+TEST(Revert, InSubversionTrashesWhatTheToolTakesFromTheDisk) {
+    using R = SvnFixture;
+    expectNothingIsLost<R>({
+        {"moved folder, with what is new in it",
+         [](R &r) {
+             r.svn(u"move|-q|d|moved"_list);
+             r.writeAll({{u"moved/g.c"_s, "edited\n"}, {u"moved/todo.txt"_s}});
+         },
+         {},
+         2,
+         u"moved"_list},
+        {"copied file with edits",
+         [](R &r) {
+             r.svn(u"copy|-q|f.c|icon@2x.c@"_list);
+             r.write(u"icon@2x.c"_s, "edited\n");
+         },
+         u"icon@2x.c"_s, 1, u"icon@2x.c"_list},
+        {"folder at a file", replaceByFolder<R>, u"f.c"_s, 1, u"f.c"_list},
+        {"file at a folder", replaceByFile<R>, {}, 1, u"d"_list},
+        {"file above a file", replaceByFile<R>, u"d/g.c"_s, 1, u"d"_list},
+        {"link above a file", replaceByLink<R>, u"d/g.c"_s, 1, u"d"_list},
+        {"deleted folder, written anew",
+         [](R &r) {
+             r.svn(u"delete|-q|--keep-local|d"_list);
+             r.write(u"d/g.c"_s, "anew\n");
+         },
+         u"d"_s, 1, u"d"_list},
+        {"copy in an added folder stays",
+         [](R &r) {
+             r.svn(u"mkdir|-q|new"_list);
+             r.svn(u"copy|-q|f.c|new/f.c"_list);
+         },
+         u"new"_s,
+         0,
+         {}},
+    });
+}
+
+TEST(Revert, InGitTrashesWhatTheToolTakesFromTheDisk) {
+    using R = GitFixture;
+    expectNothingIsLost<R>({
+        {"folder at a file", replaceByFolder<R>, u"f.c"_s, 1, u"f.c"_list},
+        {"staged folder at a file",
+         [](R &r) {
+             replaceByFolder(r);
+             r.git(u"add|--all"_list);
+         },
+         {},
+         1,
+         u"f.c"_list},
+        {"file at a folder", replaceByFile<R>, {}, 1, u"d"_list},
+        {"link above a file", replaceByLink<R>, u"d/g.c"_s, 1, u"d"_list},
+        {"repository at a file",
+         [](R &r) {
+             QFile::remove(r.path(u"f.c"_s));
+             r.git(u"init|-q|f.c"_list);
+             r.git(u"-C|f.c|-c|user.name=a|-c|user.email=b|commit|-q|--allow-empty|-m|work"_list);
+         },
+         u"f.c"_s, 1, u"f.c"_list},
+    });
+}
+
+TEST(Revert, ThatFailsPutsBackWhatItTookFromTheDisk) {
+    const TrashFixture trash;
+    GitFixture repository;
+    repository.write(u"f.c"_s);
+    repository.commitAll(u"first"_s);
+    replaceByFolder(repository);
+    repository.write(u"new/n.c"_s);
+    AppFixture f(repository);
+    repository.write(u".git/index.lock"_s);
+    const QStringList before = repository.tree.entries(u"wc"_s);
+    awaited(f.app.revertAllPaths());
+    EXPECT_TRUE(f.alertText().contains(u"index.lock"_s));
+    EXPECT_EQ(repository.tree.entries(u"wc"_s), before);
+    EXPECT_TRUE(trash.files().isEmpty());
 }
 
 TEST(Revert, InGitLeavesWhatStandsAtAnOldNameAlone) {
