@@ -12,6 +12,9 @@
 #include <QCoroFuture>
 #include <QtConcurrent>
 
+#include <algorithm>
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace kestor {
@@ -46,6 +49,25 @@ QCoro::Task<QSet<QString>> copiesAmong(std::shared_ptr<Tool> svn, QString direct
     if (!copies)
         throw SVNClientError::launchFailed(u"What svn printed could not be read to its end."_s);
     co_return *copies;
+}
+
+/// The commands that make Git forget what waits for a commit of the changes. Its commit would record as taken in what
+/// was thrown away.
+QCoro::Task<QList<PathCommand>> endingCommands(std::shared_ptr<Tool> git, QString directory) {
+    const QList<std::pair<QString, QString>> waiting{
+        {u"MERGE_HEAD"_s, u"merge"_s}, {u"CHERRY_PICK_HEAD"_s, u"cherry-pick"_s}, {u"REVERT_HEAD"_s, u"revert"_s}};
+    QList<PathCommand> commands;
+    for (const auto &[head, command] : waiting) {
+        const SVNCommandResult found = co_await lookedUpReference(git, head, directory);
+        if (found.status == 0)
+            commands.append(PathCommand{args(command, u"--quit")});
+    }
+    co_return commands;
+}
+
+qsizetype versionedCount(const QList<WorkingCopyItem> &items) {
+    return std::ranges::count_if(items,
+                                 [](const WorkingCopyItem &item) { return item.kind != SVNStatusKind::unversioned; });
 }
 
 CommandOutput revertOutput(const QList<SVNCommandResult> &results, qsizetype deleted) {
@@ -129,6 +151,7 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
         co_return co_await QtConcurrent::run(&workers, plan);
     }
     const GitRowFacts facts = gitFacts;
+    const bool leavesNoChange = versionedCount(items) == versionedCount(changes);
     const SVNCommandResult head = co_await lookedUpReference(tools.git, u"HEAD"_s, project.path);
     // Without an answer nobody knows what a revert would go back to.
     if (head.status != 0 && head.status != 1)
@@ -137,7 +160,12 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
     const auto make = [items, facts, commits, root = project.path] {
         return onDisk(gitRevertPlan(items, withVacantOldNames(facts, root), commits), root);
     };
-    co_return co_await QtConcurrent::run(&workers, make);
+    RevertPlan plan = co_await QtConcurrent::run(&workers, make);
+    if (leavesNoChange && !plan.commands.isEmpty()) {
+        const QList<PathCommand> endings = co_await endingCommands(tools.git, project.path);
+        plan.commands += endings;
+    }
+    co_return plan;
 }
 
 QCoro::Task<CommandOutput> AppState::runRevert(Project project, RevertPlan plan) {

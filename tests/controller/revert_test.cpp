@@ -260,6 +260,29 @@ TEST(Revert, OfAGitConflictWorksForEachSide) {
     EXPECT_EQ(repository.tree.entries(), before);
 }
 
+TEST(Revert, OfEverythingEndsWhatWaitsForACommitInGit) {
+    GitFixture repository;
+    repository.write(u"f.c"_s, "base\n");
+    repository.commitAll(u"base"_s);
+    repository.git(u"checkout|-q|-b|side"_list);
+    repository.write(u"f.c"_s, "side\n");
+    repository.commitAll(u"side"_s);
+    repository.git(u"checkout|-q|main"_list);
+    repository.write(u"f.c"_s, "main\n");
+    repository.commitAll(u"main"_s);
+    AppFixture f(repository);
+    const Rows<QString> rows{
+        {"merge", u"MERGE_HEAD"_s}, {"cherry-pick", u"CHERRY_PICK_HEAD"_s}, {"revert", u"REVERT_HEAD"_s}};
+    for (const auto &[name, head] : rows) {
+        repository.git({u"-c"_s, u"alias.try=!git "_s + QLatin1String(name) + u" side || true"_s, u"try"_s});
+        ASSERT_TRUE(repository.tree.exists(u"wc/.git/"_s + head));
+        awaited(f.app.refreshStatus());
+        awaited(f.app.revertPath(u"f.c"_s));
+        EXPECT_EQ(f.alertText(), QString());
+        EXPECT_FALSE(repository.tree.exists(u"wc/.git/"_s + head));
+    }
+}
+
 TEST(Revert, OfAnAddedGitFileGoesThroughTheTrashOrNotAtAll) {
     TrashFixture trash;
     GitFixture repository;
