@@ -1,12 +1,18 @@
 #include "controller/app_state.h"
 #include "controller/combined_output.h"
+#include "controller/git_status.h"
 #include "controller/history_commands.h"
 #include "controller/path_targets.h"
 #include "controller/repository_addresses.h"
+#include "controller/tool_text.h"
 #include "controller/written_file.h"
+#include "rules/working_copy_paths.h"
+#include "tools/arguments.h"
 
 #include <QCoroFuture>
 #include <QtConcurrent>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +26,23 @@ QString rollbackQuestion(RepositoryKind kind, const QString &revision) {
     const QString what =
         kind == RepositoryKind::svn ? u"Reverse-merge r"_s + revision : u"Revert "_s + revision.left(7);
     return what + u" into the working copy? Review the resulting changes before committing."_s;
+}
+
+/// Whether a checkout of `target` overwrites what no commit has. `typed` is the target as the user typed it.
+QCoro::Task<bool> overwritesChanges(std::shared_ptr<Tool> git, QString directory, QString target, QString typed) {
+    const QStringList arguments = args(u"status", u"--porcelain=v1", u"--ignored", u"--", target);
+    SVNCommandResult status;
+    try {
+        status = co_await git->run(arguments, directory, CheckStatus::no, RunPurpose::backgroundRead);
+    } catch (const SVNClientError &) {
+        // The checkout fails the same way, and is reported.
+    }
+    const QList<WorkingCopyItem> items = gitStatus(toolText(status.stdoutData)).items;
+    const QString path = normalizedPath(typed);
+    // A folder may be full of ignored files that no commit ever had.
+    co_return std::any_of(items.begin(), items.end(), [&path](const WorkingCopyItem &item) {
+        return item.kind != SVNStatusKind::ignored || isAtOrBelow(path, normalizedPath(item.path));
+    });
 }
 
 } // namespace
@@ -72,7 +95,18 @@ QCoro::Task<> AppState::pullFileAtRevision() {
     const Answer answer = co_await user.prompt(u"Pull File"_s, fields);
     if (!answer || answer->value(u"path"_s).isEmpty() || answer->value(u"revision"_s).isEmpty())
         co_return;
-    const QString path = typedTarget(*project, answer->value(u"path"_s));
+    const QString typed = answer->value(u"path"_s);
+    const QString path = typedTarget(*project, typed);
+    // Subversion merges the changes into what it gets, Git overwrites them.
+    if (project->kind == RepositoryKind::git) {
+        const bool changed = co_await overwritesChanges(tools.git, project->path, path, typed);
+        const QString question = u"Local changes in %1 will be discarded."_s.arg(typed);
+        if (changed) {
+            const bool confirmed = co_await user.confirm(u"Pull File"_s, question);
+            if (!confirmed)
+                co_return;
+        }
+    }
     const QStringList arguments = pullFileArguments(project->kind, answer->value(u"revision"_s), path);
     co_await runAskedCommand(*project, u"Pull File"_s, arguments, RefreshAfter::yes);
 }

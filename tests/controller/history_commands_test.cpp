@@ -58,7 +58,6 @@ TEST(HistoryCommands, RunTheirVectors) {
         {"svn pull", svn, pull, u"path=d/icon@2x.png|revision=6"_answer, u"update|-r|6|d/icon@2x.png@"_list},
         {"svn pull of a path with a peg as typed", svn, pull, u"path=gone.c@5|revision=5"_answer,
          u"update|-r|5|gone.c@5"_list},
-        {"git pull", git, pull, u"path=a.c|revision=v1"_answer, u"checkout|v1|--|a.c"_list},
         {"pull without a revision", svn, pull, u"path=a.c"_answer, {}},
         {"svn cat", svn, cat, u"target=d/icon@2x.png|revision=7"_answer, u"cat|-r|7|d/icon@2x.png@"_list},
         {"svn cat of the newest", svn, cat, u"target=file:///r/a.c@3"_answer, u"cat|file:///r/a.c@3"_list},
@@ -173,6 +172,41 @@ TEST(HistoryCommands, GitTakesANameForANameAndAPatternForAPattern) {
     f.user.promptAnswer = u"path=*.c|revision=HEAD~1"_answer;
     awaited(f.app.pullFileAtRevision());
     EXPECT_EQ(f.rows(), u"*M [ab].c|*M a.c"_list);
+}
+
+TEST(HistoryCommands, PullingOverLocalChangesAsksFirst) {
+    GitFixture repository;
+    repository.writeAll({{u"d/f.c"_s, "1\n"},
+                         {u".env"_s, "1\n"},
+                         {u"conf/c"_s, "1\n"},
+                         {u".gitignore"_s, "*.o\n"},
+                         {u"clean.c"_s, "1\n"}});
+    repository.commitAll(u"first"_s);
+    repository.git(u"rm|-q|--cached|.env|conf/c"_list);
+    repository.write(u".gitignore"_s, "*.o\n.env\nconf/\n");
+    repository.commitAll(u"second"_s);
+    repository.writeAll({{u"d/f.c"_s, "mine\n"}, {u".env"_s, "mine\n"}, {u"e/x.o"_s}, {u"e/clean.c"_s}});
+    repository.git(u"add|e/clean.c"_list);
+    repository.git(u"commit|-q|-m|third|--|e"_list);
+    AppFixture f(repository);
+    f.user.confirms = false;
+    const Rows<QString, bool> rows{{"changed file", u"d/f.c"_s, true},
+                                   {"folder of one", u"d"_s, true},
+                                   {"pattern", u"*.c"_s, true},
+                                   {"ignored file", u".env"_s, true},
+                                   {"file in an ignored folder", u"conf/c"_s, true},
+                                   {"file as committed", u"clean.c"_s, false},
+                                   {"folder with ignored files", u"e"_s, false}};
+    for (const auto &[name, path, asks] : rows) {
+        f.user.promptAnswer = Answer{{u"path"_s, path}, {u"revision"_s, u"HEAD~1"_s}};
+        f.user.asked.clear();
+        awaited(f.app.pullFileAtRevision());
+        EXPECT_EQ(f.user.asked.contains(u"confirm Pull File: Local changes in "_s + path + u" will be discarded."_s),
+                  asks);
+    }
+    EXPECT_TRUE(f.app.commandOutput.value()->commandLine.endsWith(u" checkout HEAD~1 -- e"_s));
+    EXPECT_EQ(repository.tree.read(u"wc/d/f.c"_s), "mine\n");
+    EXPECT_EQ(repository.tree.read(u"wc/.env"_s), "mine\n");
 }
 
 TEST(HistoryCommands, ASaveThatFailsLeavesTheOlderFileAlone) {
