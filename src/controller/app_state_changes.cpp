@@ -60,7 +60,7 @@ void AppState::setCommitSelection(const QList<WorkingCopyItem> &items, bool sele
     for (const WorkingCopyItem &item : items) {
         if (!isCommittable(item))
             continue;
-        tickDecisions.insert(item.path, selected);
+        tickDecisions.insert(item.path, decisionOn(item, selected));
         if (selected)
             ticks.insert(item.path);
         else if (!allRows)

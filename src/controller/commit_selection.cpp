@@ -2,6 +2,20 @@
 
 namespace kestor {
 
+namespace {
+
+bool isDoubtful(const WorkingCopyItem &item) {
+    return item.treeConflict || item.kind == SVNStatusKind::missing || item.kind == SVNStatusKind::conflicted ||
+           item.propertiesKind == SVNStatusKind::conflicted;
+}
+
+/// Whether a decision of earlier is still one on this row.
+bool counts(TickDecision decision, const WorkingCopyItem &item) {
+    return decision != TickDecision::tick || !isDoubtful(item);
+}
+
+} // namespace
+
 bool isCommittable(const WorkingCopyItem &item) {
     switch (item.kind) {
     case SVNStatusKind::external:
@@ -16,22 +30,22 @@ bool isCommittable(const WorkingCopyItem &item) {
 }
 
 bool isTickedAtFirst(const WorkingCopyItem &item) {
-    if (!isCommittable(item) || !isChange(item.kind) || item.treeConflict)
-        return false;
-    switch (item.kind) {
-    case SVNStatusKind::unversioned:
-    case SVNStatusKind::missing:
-    case SVNStatusKind::conflicted:
-        return false;
-    default:
-        return item.propertiesKind != SVNStatusKind::conflicted;
-    }
+    return isCommittable(item) && isChange(item.kind) && item.kind != SVNStatusKind::unversioned && !isDoubtful(item);
+}
+
+TickDecision decisionOn(const WorkingCopyItem &item, bool selected) {
+    if (!selected)
+        return TickDecision::untick;
+    return isDoubtful(item) ? TickDecision::tickOfDoubtful : TickDecision::tick;
 }
 
 QSet<QString> ticksFor(const QList<WorkingCopyItem> &items, const TickDecisions &decisions) {
     QSet<QString> ticks;
     for (const WorkingCopyItem &item : items) {
-        if (isCommittable(item) && decisions.value(item.path, isTickedAtFirst(item)))
+        const auto decision = decisions.constFind(item.path);
+        const bool decided = decision != decisions.constEnd() && counts(*decision, item);
+        const bool ticked = decided ? *decision != TickDecision::untick : isTickedAtFirst(item);
+        if (ticked && isCommittable(item))
             ticks.insert(item.path);
     }
     return ticks;
@@ -43,7 +57,7 @@ TickDecisions remainingDecisions(const QList<WorkingCopyItem> &items, const Tick
         return remaining;
     for (const WorkingCopyItem &item : items) {
         const auto decision = decisions.constFind(item.path);
-        if (decision != decisions.constEnd())
+        if (decision != decisions.constEnd() && counts(*decision, item))
             remaining.insert(item.path, *decision);
     }
     return remaining;

@@ -28,13 +28,20 @@ TEST(CommitSelection, DecidesWhoHasATickBoxAndWhoStartsTicked) {
 
 TEST(CommitSelection, ALaterLoadKeepsWhatTheUserDecided) {
     using K = SVNStatusKind;
-    const TickDecisions decisions{
-        {u"unticked"_s, false}, {u"ticked"_s, true}, {u"gone"_s, true}, {u"resolved"_s, false}, {u"ignored"_s, true}};
-    const QList<WorkingCopyItem> items{{u"unticked"_s, K::modified}, {u"ticked"_s, K::unversioned},
-                                       {u"new"_s, K::added},         {u"ignored"_s, K::ignored},
-                                       {u"resolved"_s, K::modified}, {u"undecided"_s, K::unversioned}};
-    EXPECT_EQ(ticksFor(items, decisions), (QSet<QString>{u"ticked"_s, u"new"_s}));
-    EXPECT_FALSE(remainingDecisions(items, decisions).contains(u"gone"_s));
+    const QList<WorkingCopyItem> before{{u"ticked"_s, K::unversioned}, {u"gone"_s, K::modified},
+                                        {u"ignored"_s, K::modified},   {u"lost"_s, K::modified},
+                                        {u"clashed"_s, K::modified},   {u"kept missing"_s, K::missing}};
+    TickDecisions decisions{{u"unticked"_s, TickDecision::untick}, {u"resolved"_s, TickDecision::untick}};
+    for (const WorkingCopyItem &item : before)
+        decisions.insert(item.path, decisionOn(item, true));
+    const QList<WorkingCopyItem> items{
+        {u"unticked"_s, K::modified}, {u"ticked"_s, K::unversioned}, {u"new"_s, K::added},
+        {u"ignored"_s, K::ignored},   {u"resolved"_s, K::modified},  {u"undecided"_s, K::unversioned},
+        {u"lost"_s, K::missing},      {u"clashed"_s, K::conflicted}, {u"kept missing"_s, K::missing}};
+    EXPECT_EQ(ticksFor(items, decisions), (QSet<QString>{u"ticked"_s, u"new"_s, u"kept missing"_s}));
+    const QList<QString> remaining = remainingDecisions(items, decisions).keys();
+    EXPECT_EQ(QSet<QString>(remaining.begin(), remaining.end()),
+              (QSet<QString>{u"unticked"_s, u"ticked"_s, u"resolved"_s, u"ignored"_s, u"kept missing"_s}));
 }
 
 } // namespace
