@@ -22,8 +22,18 @@ struct IgnoreFileEdit {
     QString failure{}; ///< in words for the user
 };
 
+/// Links are files, also those to folders: nothing lists what they lead to.
 PathType typeOf(const QString &path, const QString &root) {
-    return workingCopyPathIsDirectory(path, root) ? PathType::directory : PathType::file;
+    const QFileInfo info(absolutePath(path, root));
+    return info.isDir() && !info.isSymLink() ? PathType::directory : PathType::file;
+}
+
+/// Reads the disk; workers.
+QStringList ignoreRulesFor(const QList<WorkingCopyItem> &items, const QString &root) {
+    QStringList rules;
+    for (const WorkingCopyItem &item : items)
+        rules.append(ignoreRuleFor(item.path, typeOf(item.path, root)));
+    return rules;
 }
 
 /// Adds the rules to the project's ignore file. Reads and writes the disk; workers.
@@ -52,13 +62,15 @@ QCoro::Task<> AppState::ignoreSelectedPaths() {
     const std::optional<Project> project = requiredProject();
     if (!project)
         co_return;
-    QStringList rules;
-    for (const WorkingCopyItem &item : actionItems())
-        rules.append(ignoreRuleFor(item.path, typeOf(item.path, project->path)));
-    if (rules.isEmpty()) {
+    const QList<WorkingCopyItem> items = actionItems();
+    if (items.isEmpty()) {
         showAlert(u"No Paths Selected"_s, u"Select at least one changed path."_s);
         co_return;
     }
+    const auto rulesForItems = [items, root = project->path] {
+        return ignoreRulesFor(items, root);
+    };
+    const QStringList rules = co_await QtConcurrent::run(&workers, rulesForItems);
     co_await addIgnoreLines(*project, rules);
 }
 
@@ -76,7 +88,10 @@ QCoro::Task<> AppState::includeIgnoredPath() {
         showAlert(u"Include Ignored Path Failed"_s, path + u" lies outside the working copy."_s);
         co_return;
     }
-    const QStringList rules(includeRuleFor(path, typeOf(path, project->path)));
+    const auto ruleForPath = [path, root = project->path] {
+        return QStringList(includeRuleFor(path, typeOf(path, root)));
+    };
+    const QStringList rules = co_await QtConcurrent::run(&workers, ruleForPath);
     co_await addIgnoreLines(*project, rules);
 }
 

@@ -340,6 +340,7 @@ TEST(Revert, BeforeTheFirstCommitOnlyUnstages) {
 
 TEST(Ignore, AddsWhatIsMissingAndReloads) {
     SvnFixture repository;
+    repository.tree.makeDirectory(u"out"_s);
     repository.writeAll({{u"build/[x].o"_s}, {u"keep.c"_s}, {u".kestorignore"_s, "*.tmp\r\nlast"}});
     AppFixture f;
     awaited(f.app.ignoreSelectedPaths());
@@ -352,6 +353,11 @@ TEST(Ignore, AddsWhatIsMissingAndReloads) {
     f.user.promptAnswer = u"path=build/[x].o"_answer;
     awaited(f.app.includeIgnoredPath());
     EXPECT_EQ(f.user.asked.last(), u"prompt Include Ignored Path: Path="_s);
+    EXPECT_EQ(f.rows(), u"? .kestorignore|? build/[x].o|? keep.c"_list);
+    QFile::link(repository.tree.path(u"out"_s), repository.path(u"build/out"_s));
+    awaited(f.app.refreshStatus());
+    f.app.selectedChangeID = u"build/out"_s;
+    awaited(f.app.ignoreSelectedPaths());
     EXPECT_EQ(f.rows(), u"? .kestorignore|? build/[x].o|? keep.c"_list);
     f.user.promptAnswer = u"path=a/../../x"_answer;
     awaited(f.app.includeIgnoredPath());
