@@ -1,5 +1,6 @@
 #include "controller/app_state.h"
 #include "controller/combined_output.h"
+#include "controller/commit_look.h"
 #include "controller/commit_plan.h"
 #include "controller/commit_preparation.h"
 #include "controller/path_command_run.h"
@@ -10,6 +11,15 @@
 using namespace Qt::StringLiterals;
 
 namespace kestor {
+
+namespace {
+
+SVNClientError nothingToCommit() {
+    return SVNClientError::launchFailed(
+        u"What is ticked was added and is gone from disk again, so there is nothing to commit."_s);
+}
+
+} // namespace
 
 QCoro::Task<> AppState::commitSelected() {
     const RunningOperations::Scope running(operations);
@@ -54,6 +64,9 @@ QCoro::Task<> AppState::commit(Project project, CommitRequest ticked) {
     commandOutput = output;
     commitMessage = QString();
     selectedCommitPaths = QSet<QString>();
+    // A path of the commit that is a row again, such as a file that Git stopped tracking, is another change.
+    for (const QString &path : std::as_const(ticked.ticked))
+        tickDecisions.remove(path);
     co_await reloadAfterChange();
 }
 
@@ -69,6 +82,7 @@ QCoro::Task<CommitRequest> AppState::lookedAt(Project project, CommitRequest tic
 
 QCoro::Task<SVNCommandResult> AppState::commitToSubversion(Project project, CommitRequest request) {
     const CommitPlan plan = svnCommitPlan(request, messageNamesFile(request.message, project.path));
+    const QStringList inDoubt = svnPathsInDoubt(request);
     SvnScheduled scheduled;
     std::optional<SVNClientError> failure;
     try {
@@ -76,7 +90,10 @@ QCoro::Task<SVNCommandResult> AppState::commitToSubversion(Project project, Comm
             const SVNCommandResult result = co_await runPathCommand(tools.svn, project.kind, project.path, step);
             scheduled.add(result);
         }
-        co_return co_await runPathCommand(tools.svn, project.kind, project.path, plan.commit);
+        const std::optional<PathCommand> commit = co_await stillToCommit(tools.svn, project.path, plan.commit, inDoubt);
+        if (!commit)
+            throw nothingToCommit();
+        co_return co_await runPathCommand(tools.svn, project.kind, project.path, *commit);
     } catch (const SVNClientError &error) {
         failure = error;
     }
@@ -92,16 +109,20 @@ QCoro::Task<SVNCommandResult> AppState::commitToGit(Project project, CommitReque
         throw SVNClientError::launchFailed(
             u"A merge is committed as a whole. Tick every changed path, then commit again."_s);
     }
-    const CommitPlan plan = merging ? gitMergeCommitPlan(request) : gitCommitPlan(request);
+    const bool whole = merging || !request.keptOnDisk.isEmpty();
+    const CommitPlan plan = gitCommitPlan(request, whole ? GitCommitExtent::index : GitCommitExtent::paths);
     const GitIndexCopy index = co_await copyOfGitIndex(tools.git, project.path);
     std::optional<SVNClientError> failure;
     try {
         for (const PathCommand &step : plan.preparation)
             co_await runPathCommand(tools.git, project.kind, project.path, step);
-        co_return co_await runPathCommand(tools.git, project.kind, project.path, plan.commit);
+        if (whole || !plan.commit.paths.isEmpty())
+            co_return co_await runPathCommand(tools.git, project.kind, project.path, plan.commit);
     } catch (const SVNClientError &error) {
         failure = error;
     }
+    if (!failure)
+        throw nothingToCommit();
     co_await restoreGitIndex(tools.git, project.path, index);
     throw *failure;
 }

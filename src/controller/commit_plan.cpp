@@ -37,21 +37,20 @@ bool takesFolders(const QStringList &paths, const QSet<QString> &folders) {
     });
 }
 
-QStringList pathsOf(const QList<WorkingCopyItem> &items) {
-    QStringList paths;
-    for (const WorkingCopyItem &item : items)
-        paths.append(item.path);
-    return paths;
-}
-
-QStringList oldNamesOf(const QList<WorkingCopyItem> &items, const QHash<QString, QString> &oldNames) {
-    QStringList names;
+/// The missing rows that lie in another one: svn deletes them with it.
+QSet<QString> deletedWithTheirFolder(const QList<WorkingCopyItem> &items) {
+    QSet<QString> missing;
     for (const WorkingCopyItem &item : items) {
-        const auto name = oldNames.constFind(item.path);
-        if (name != oldNames.constEnd())
-            names.append(*name);
+        if (item.kind == SVNStatusKind::missing)
+            missing.insert(item.path);
     }
-    return names;
+    QSet<QString> inside = missing;
+    inside.removeIf([&missing](const QString &path) {
+        const QStringList folders = foldersAbove(path);
+        return std::none_of(folders.begin(), folders.end(),
+                            [&missing](const QString &folder) { return missing.contains(folder); });
+    });
+    return inside;
 }
 
 } // namespace
@@ -89,9 +88,11 @@ MessageNamesFile messageNamesFile(const QString &message, const QString &directo
 
 CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageNamesFile) {
     CommitPlan plan;
-    for (const WorkingCopyItem &item : request.items()) {
+    const QList<WorkingCopyItem> items = request.items();
+    const QSet<QString> deletedAlready = deletedWithTheirFolder(items);
+    for (const WorkingCopyItem &item : items) {
         const QStringList preparation = svnPreparation(item, request.folders);
-        if (preparation.isEmpty())
+        if (preparation.isEmpty() || deletedAlready.contains(item.path))
             continue;
         if (plan.preparation.isEmpty() || plan.preparation.last().before != preparation)
             plan.preparation.append(PathCommand{preparation});
@@ -105,22 +106,35 @@ CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageN
     return plan;
 }
 
-CommitPlan gitCommitPlan(const CommitRequest &request) {
-    const QList<WorkingCopyItem> items = request.items();
-    const QStringList paths = pathsOf(items);
-    // What is neither in the index nor on disk cannot be added: old names, and deletions that are staged.
-    QStringList added = paths;
-    added.removeIf([&request](const QString &path) { return request.git.notInIndex.contains(path); });
-    QList<PathCommand> preparation;
-    if (!added.isEmpty())
-        preparation.append(PathCommand{args(u"add", u"--all"), added});
-    return {preparation, {args(u"commit", u"-m", request.message), paths + oldNamesOf(items, request.git.oldNames)}};
+QStringList svnPathsInDoubt(const CommitRequest &request) {
+    QStringList paths;
+    for (const WorkingCopyItem &item : request.items()) {
+        if (item.kind == SVNStatusKind::missing && item.revision == u"-1"_s)
+            paths.append(item.path);
+    }
+    return paths;
 }
 
-CommitPlan gitMergeCommitPlan(const CommitRequest &request) {
-    CommitPlan plan = gitCommitPlan(request);
-    plan.commit.paths.clear();
-    return plan;
+CommitPlan gitCommitPlan(const CommitRequest &request, GitCommitExtent extent) {
+    PathCommand removed{args(u"rm", u"--cached", u"--force")};
+    PathCommand added{args(u"add", u"--all")};
+    PathCommand commit{args(u"commit", u"-m", request.message)};
+    for (const WorkingCopyItem &item : request.items()) {
+        if (request.unaddable.contains(item.path))
+            removed.paths.append(item.path);
+        else if (!request.git.notInIndex.contains(item.path))
+            added.paths.append(item.path);
+        if (!request.git.onlyInIndex.contains(item.path))
+            commit.paths.append(item.path);
+        const auto oldName = request.git.oldNames.constFind(item.path);
+        if (oldName != request.git.oldNames.constEnd())
+            commit.paths.append(*oldName);
+    }
+    if (extent == GitCommitExtent::index)
+        commit.paths.clear();
+    QList<PathCommand> preparation{removed, added};
+    preparation.removeIf([](const PathCommand &step) { return step.paths.isEmpty(); });
+    return {preparation, commit};
 }
 
 bool coversWholeMerge(const CommitRequest &request) {

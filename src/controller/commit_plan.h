@@ -19,6 +19,8 @@ struct CommitRequest {
     QString message{};                ///< trimmed, not empty
     GitRowFacts git{};                ///< old names only where nothing else stands now
     QSet<QString> folders{};          ///< ticked paths that are folders on disk
+    QStringList keptOnDisk{};         ///< ticked deletions of Git's at whose paths something stands
+    QSet<QString> unaddable{};        ///< ticked deletions that `git add` cannot see: these, and those behind a link
 
     /// The ticked rows in list order.
     QList<WorkingCopyItem> items() const;
@@ -38,16 +40,21 @@ enum class MessageNamesFile : std::uint8_t { no, yes };
 /// What holds for `message` where svn runs in `directory`. Looks at the disk.
 MessageNamesFile messageNamesFile(const QString &message, const QString &directory);
 
-/// Missing rows are deleted and unversioned ones added first, neighbours in one run; then everything is committed, with
-/// the new folders on the way. A folder goes alone, without what its row does not tell of.
+/// Missing rows are deleted, the topmost for all below them, and unversioned ones added first, neighbours in one run;
+/// then everything is committed, with the new folders on the way. A folder goes alone, without what its row does not
+/// tell of.
 CommitPlan svnCommitPlan(const CommitRequest &request, MessageNamesFile messageNamesFile);
 
-/// Everything ticked that is not staged whole is added, then everything is committed together with the old names of
-/// renames.
-CommitPlan gitCommitPlan(const CommitRequest &request);
+/// The ticked paths that were added or replaced and are gone from the disk: what svn knew only as added it knows no
+/// longer once the commit is prepared, and then cannot commit.
+QStringList svnPathsInDoubt(const CommitRequest &request);
 
-/// The same during a merge, which Git commits as a whole: the commit names no paths.
-CommitPlan gitMergeCommitPlan(const CommitRequest &request);
+/// What a commit of Git's takes: paths by name, or the index, as during a merge.
+enum class GitCommitExtent : std::uint8_t { paths, index };
+
+/// Everything ticked that is not staged whole is added, then everything is committed together with the old names of
+/// renames, but for what was new in the index and is gone. A commit of the index names no paths.
+CommitPlan gitCommitPlan(const CommitRequest &request, GitCommitExtent extent);
 
 /// Whether a merge can be committed: nothing that belongs to it is left unticked.
 bool coversWholeMerge(const CommitRequest &request);

@@ -4,6 +4,7 @@
 #include "controller/path_command_run.h"
 #include "controller/tool_text.h"
 #include "controller/written_file.h"
+#include "parsers/svn_xml_parsers.h"
 #include "rules/project_bounds.h"
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
@@ -58,44 +59,13 @@ QStringList missingPaths(QStringList paths, const QString &root) {
     return paths;
 }
 
-/// Whether the file holds lines as an unresolved merge leaves them.
-bool holdsConflictMarkers(const QString &path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    bool begun = false;
-    while (!file.atEnd()) {
-        const QByteArray line = file.readLine();
-        begun = begun || line.startsWith("<<<<<<< ");
-        if (begun && line.startsWith(">>>>>>> "))
-            return true;
-    }
-    return false;
-}
-
-/// The repository of its own that an unversioned row is or lies in.
-std::optional<QString> nestedRepository(const WorkingCopyItem &item, const Project &project) {
-    if (item.kind != SVNStatusKind::unversioned)
-        return std::nullopt;
-    const QString topmost = item.unversionedRoot.value_or(item.path);
-    for (const QString &folder : foldersAbove(item.path + u'/')) {
-        const QString location = absolutePath(folder, project.path);
-        if (isAtOrBelow(folder, topmost) && !QFileInfo(location).isSymLink() &&
-            isOnDisk(absolutePath(metadataName(project.kind), location)))
-            return folder;
-    }
-    return std::nullopt;
-}
-
-/// Why a ticked row must not be committed, in words for the user. `info` is what is at its path.
-std::optional<QString> obstacleOf(const WorkingCopyItem &item, const QFileInfo &info, const Project &project) {
-    if (item.kind == SVNStatusKind::missing && isOnDisk(info.filePath()))
-        return item.path + u" is on disk again. Refresh before committing it."_s;
-    if (item.kind == SVNStatusKind::conflicted && info.isFile() && holdsConflictMarkers(info.filePath()))
-        return item.path + u" still holds conflict markers. Resolve the conflict before committing it."_s;
-    if (const std::optional<QString> nested = nestedRepository(item, project))
-        return *nested + u" is a repository of its own. Untick it and what is in it, then commit again."_s;
-    return std::nullopt;
+/// `paths` without those in doubt that svn does not list.
+QStringList pathsStillListed(QStringList paths, const QStringList &inDoubt, const QByteArray &printedStatus) {
+    QSet<QString> gone(inDoubt.begin(), inDoubt.end());
+    for (const WorkingCopyItem &item : parsedOutput<StatusParser>(printedStatus))
+        gone.remove(item.path);
+    paths.removeIf([&gone](const QString &path) { return gone.contains(path); });
+    return paths;
 }
 
 void removeRestored(const QStringList &paths, const QString &root) {
@@ -145,18 +115,19 @@ QCoro::Task<> restoreGitIndex(std::shared_ptr<Tool> git, QString directory, GitI
     }
 }
 
-CommitLook lookAtTickedPaths(const CommitRequest &ticked, const Project &project) {
-    CommitLook look{ticked, std::nullopt};
-    look.request.git = withVacantOldNames(ticked.git, project.path);
-    for (const WorkingCopyItem &item : ticked.items()) {
-        const QFileInfo info(absolutePath(item.path, project.path));
-        if (info.isDir() && !info.isSymLink())
-            look.request.folders.insert(item.path);
-        look.obstacle = obstacleOf(item, info, project);
-        if (look.obstacle)
-            break;
+QCoro::Task<std::optional<PathCommand>> stillToCommit(std::shared_ptr<Tool> svn, QString directory, PathCommand commit,
+                                                      QStringList inDoubt) {
+    if (!inDoubt.isEmpty()) {
+        const QStringList arguments = args(u"status", u"--xml");
+        const SVNCommandResult result =
+            co_await svn->run(arguments, directory, CheckStatus::yes, RunPurpose::backgroundRead);
+        const auto read = [paths = commit.paths, inDoubt, printed = result.stdoutData] {
+            return pathsStillListed(paths, inDoubt, printed);
+        };
+        const QStringList known = co_await QtConcurrent::run(read);
+        commit.paths = known;
     }
-    return look;
+    co_return commit.paths.isEmpty() ? std::nullopt : std::optional(commit);
 }
 
 void SvnScheduled::add(const SVNCommandResult &result) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "controller/commit_plan.h"
+#include "controller/path_command.h"
 #include "tools/tool.h"
 
 #include <QByteArray>
@@ -26,17 +26,6 @@ QCoro::Task<GitIndexCopy> copyOfGitIndex(std::shared_ptr<Tool> git, QString dire
 /// Puts the index back unless the commit happened after all or another Git holds the lock. Never throws.
 QCoro::Task<> restoreGitIndex(std::shared_ptr<Tool> git, QString directory, GitIndexCopy copy);
 
-/// What the disk says about the ticked rows before a commit.
-struct CommitLook {
-    CommitRequest request{};           ///< with its folders, and old names only where nothing else stands now
-    std::optional<QString> obstacle{}; ///< why the commit must not run, in words for the user
-};
-
-/// Looks at the ticked paths of a project. In the way of a commit are a missing row that is on disk again, since it
-/// would be deleted, a conflict of Git's whose markers are still in the file, and what lies in a repository of its own,
-/// since the tools would take it for that one's. Reads the disk; workers.
-CommitLook lookAtTickedPaths(const CommitRequest &ticked, const Project &project);
-
 /// What svn scheduled while a commit was prepared, as it printed it.
 struct SvnScheduled {
     QStringList added{};
@@ -44,6 +33,11 @@ struct SvnScheduled {
 
     void add(const SVNCommandResult &result);
 };
+
+/// The prepared commit without those paths in doubt that svn knows no longer; nothing when no path is left. Throws
+/// SVNClientError.
+QCoro::Task<std::optional<PathCommand>> stillToCommit(std::shared_ptr<Tool> svn, QString directory, PathCommand commit,
+                                                      QStringList inDoubt);
 
 /// Takes back what was scheduled: what was unversioned is so again, and what was missing is missing. What came back to
 /// the disk meanwhile is left alone. Never throws.

@@ -105,6 +105,10 @@ void addFacts(GitRowFacts &facts, QStringView letters, const Names &names) {
         facts.notYetRenamed.insert(names.path);
     if (letters.contains(u'T'))
         facts.retyped.insert(names.path);
+    if (!QStringView(u" ?!").contains(letters[0]))
+        facts.staged.insert(names.path);
+    if (QStringView(u"ARC").contains(letters[0]) && letters[1] == u'D')
+        facts.onlyInIndex.insert(names.path);
 }
 
 /// Whether the line's path part is one plain name. The parser's simple rules would get others wrong.

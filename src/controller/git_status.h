@@ -17,6 +17,8 @@ struct GitRowFacts {
     QSet<QString> notInIndex{};         ///< staged deletions
     QSet<QString> notYetRenamed{};      ///< new paths of renames whose old name the index still has
     QSet<QString> retyped{};            ///< paths that were a file, a link or a repository, and are another of these
+    QSet<QString> staged{};             ///< paths whose entry in the index is not the last commit's
+    QSet<QString> onlyInIndex{};        ///< new there, and gone from the disk
 
     friend bool operator==(const GitRowFacts &, const GitRowFacts &) = default;
 };

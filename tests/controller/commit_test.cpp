@@ -247,6 +247,93 @@ TEST(Commit, OfAFileThatCameBackDoesNotDeleteIt) {
     EXPECT_EQ(repository.tree.read(u"wc/gone.c"_s), "precious\n");
 }
 
+TEST(Commit, OfGitFollowsTheIndexWhereTheDiskSaysOtherwise) {
+    const QString nothing = u"Commit Failed: What is ticked was added and is gone from disk again, so there is nothing "
+                            "to commit."_s;
+    const QString withAll =
+        u"Commit Failed: s.env is deleted in Git, but on disk. Git commits this only with everything "
+        "that is staged. Tick every changed path, then commit again."_s;
+    using Change = void (*)(GitFixture &);
+    const auto stopTracking = [](GitFixture &git) {
+        git.git(u"rm|-q|--cached|s.env"_list);
+    };
+    const auto addAndLose = [](GitFixture &git) {
+        git.write(u"new.c"_s);
+        git.git(u"add|new.c"_list);
+        QFile::remove(git.path(u"new.c"_s));
+    };
+    const auto renameAndLose = [](GitFixture &git) {
+        git.git(u"mv|f|new.c"_list);
+        QFile::remove(git.path(u"new.c"_s));
+    };
+    const auto linkInstead = [](GitFixture &git) {
+        QDir(git.path(u"e"_s)).removeRecursively();
+        QFile::link(u"t"_s, git.path(u"e"_s));
+    };
+    const auto folderInstead = [](GitFixture &git) {
+        QFile::remove(git.path(u"f"_s));
+        git.write(u"f/new.c"_s);
+    };
+    const Rows<Change, QStringList, QString, QByteArray, QStringList> rows{
+        {"kept, no longer tracked", stopTracking, u"m|s.env"_list, {}, "M\tm\nD\ts.env\n", u"? s.env|M staged"_list},
+        {"kept, beside what is staged", stopTracking, u"s.env"_list, withAll, {}, u"M m|*D s.env|M staged"_list},
+        {"added and lost", addAndLose, u"m|new.c"_list, {}, "M\tm\n", u"M staged"_list},
+        {"nothing but added and lost", addAndLose, u"new.c"_list, nothing, {}, u"M m|M staged"_list},
+        {"renamed and lost", renameAndLose, u"new.c"_list, {}, "D\tf\n", u"M m|M staged"_list},
+        {"a link for a folder", linkInstead, u"e|e/a"_list, {}, "A\te\nD\te/a\n", u"M m|M staged"_list},
+        {"behind a link", linkInstead, u"e/a"_list, {}, "D\te/a\n", u"? e|M m|M staged"_list},
+        {"a folder for a file", folderInstead, u"f|m|staged"_list, {}, "D\tf\nM\tm\nM\tstaged\n", u"? f/new.c"_list},
+    };
+    for (const auto &[name, change, ticked, alert, committed, left] : rows) {
+        GitFixture git;
+        git.writeAll({{u"s.env"_s}, {u"m"_s}, {u"staged"_s}, {u"f"_s, "1\n2\n3\n"}, {u"e/a"_s}, {u"t/b"_s}});
+        git.commitAll(u"first"_s);
+        git.git(u"tag|first"_list);
+        git.writeAll({{u"m"_s, "y\n"}, {u"staged"_s, "y\n"}});
+        if (alert == withAll)
+            git.git(u"add|staged"_list);
+        change(git);
+        AppFixture f(git);
+        tickOnly(f, ticked);
+        f.app.commitMessage = u"why"_s;
+        awaited(f.app.commitSelected());
+        EXPECT_EQ(f.alertText(), alert);
+        EXPECT_EQ(git.git(u"diff|--name-status|--no-renames|first|HEAD"_list), committed);
+        EXPECT_EQ(f.rows(), left);
+    }
+}
+
+TEST(Commit, OfWhatWasAddedAndIsGoneInSubversionTakesTheRest) {
+    SvnFixture svn;
+    svn.writeAll({{u"m.c"_s, "one\n"}, {u"r.c"_s, "one\n"}});
+    svn.commitAll(u"first"_s);
+    const auto addAndLose = [&svn](const QString &path) {
+        svn.write(path);
+        svn.svn({u"add"_s, u"-q"_s, u"--parents"_s, path});
+        QFile::remove(svn.path(path));
+    };
+    svn.write(u"m.c"_s, "two\n");
+    svn.svn(u"delete|-q|r.c"_list);
+    for (const QString &path : u"new.c|r.c|nd/deep/new.c"_list)
+        addAndLose(path);
+    QDir(svn.path(u"nd"_s)).removeRecursively();
+    AppFixture f(svn);
+    EXPECT_EQ(f.rows(), u"*M m.c|! nd|! nd/deep|! nd/deep/new.c|! new.c|! r.c"_list);
+    f.app.setCommitSelection(f.app.changes, true);
+    f.app.commitMessage = u"why"_s;
+    awaited(f.app.commitSelected());
+    EXPECT_EQ(f.alertText(), QString());
+    EXPECT_EQ(f.rows(), QStringList());
+    EXPECT_TRUE(svn.svn(u"log|-v|-r|HEAD"_list).contains("\n   M /trunk/m.c\n   D /trunk/r.c\n\nwhy"));
+    addAndLose(u"new.c"_s);
+    awaited(f.app.refreshStatus());
+    f.app.setCommitSelection(f.app.changes, true);
+    f.app.commitMessage = u"why"_s;
+    awaited(f.app.commitSelected());
+    EXPECT_TRUE(contains(f.alertText(), u"nothing to commit"_s));
+    EXPECT_EQ(f.rows(), QStringList());
+}
+
 TEST(Commit, StaysOutOfRepositoriesInUnversionedFolders) {
     SvnFixture svn;
     svn.write(u"f.c"_s, "one\n");
