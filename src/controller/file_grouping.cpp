@@ -36,6 +36,7 @@ public:
         positions.clear();
         placeChanges();
         sortFiles();
+        packPaths();
         return FileHistory(std::exchange(source, nullptr));
     }
 
@@ -56,8 +57,7 @@ private:
             return *known;
         const auto file = static_cast<quint32>(source->files.size());
         positions.insert(path, file);
-        const bool whole = path.size() == repositoryPath.size();
-        source->files.push_back({whole ? repositoryPath : path.toString(), 0, 0});
+        source->files.push_back({path, 0, 0});
         return file;
     }
 
@@ -106,12 +106,26 @@ private:
         QStringList paths;
         paths.reserve(end - begin);
         for (auto file = begin; file != end; ++file)
-            paths.append(file->path);
+            paths.append(QString::fromRawData(file->path.data(), file->path.size()));
         std::vector<FileHistorySource::File> sorted;
         sorted.reserve(static_cast<std::size_t>(end - begin));
         for (const qsizetype position : order.positions(paths))
             sorted.push_back(std::move(begin[position]));
         std::move(sorted.begin(), sorted.end(), begin);
+    }
+
+    /// Until now they were slices of the log's paths.
+    void packPaths() {
+        qsizetype size = 0;
+        for (const FileHistorySource::File &file : source->files)
+            size += file.path.size();
+        QString &paths = source->paths;
+        paths.reserve(size);
+        for (FileHistorySource::File &file : source->files) {
+            const qsizetype start = paths.size();
+            paths.append(file.path);
+            file.path = QStringView(paths).sliced(start);
+        }
     }
 
     std::shared_ptr<FileHistorySource> source;

@@ -44,7 +44,7 @@ std::optional<qsizetype> FileHistoryRevisions::indexOf(qint64 revision) const {
 }
 
 FileHistoryItem FileHistory::operator[](qsizetype index) const {
-    return {pathAt(index), FileHistoryRevisions(source, index)};
+    return {pathAt(index).toString(), FileHistoryRevisions(source, index)};
 }
 
 std::optional<qsizetype> FileHistory::indexOf(const QString &path) const {

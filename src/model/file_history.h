@@ -5,6 +5,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringView>
 
 #include <memory>
 #include <optional>
@@ -37,13 +38,14 @@ struct FileHistorySource {
         quint32 path = 0;
     };
     struct File {
-        QString path{};
+        QStringView path{}; ///< in `paths`
         quint32 firstChange = 0;
         quint32 changeCount = 0;
     };
 
     QList<LogEntry> entries{};
     QString relativeURL{};         ///< of the working copy the paths are relative to
+    QString paths{};               ///< of all files one after another: a pass over them reads on through memory
     std::vector<File> files{};     ///< in the order of the list
     std::vector<Change> changes{}; ///< the changes of each file one after another, in the order of the log
 };
@@ -94,7 +96,8 @@ public:
     bool isEmpty() const { return size() == 0; }
     /// The file at `index`, from 0 to size() - 1. Constant time.
     FileHistoryItem operator[](qsizetype index) const;
-    const QString &pathAt(qsizetype index) const { return source->files.at(static_cast<std::size_t>(index)).path; }
+    /// The path of that file alone. Valid as long as this history or a copy of it.
+    QStringView pathAt(qsizetype index) const { return source->files.at(static_cast<std::size_t>(index)).path; }
     /// The position of the file; nothing when there is none. Linear, a few milliseconds for a million files.
     std::optional<qsizetype> indexOf(const QString &path) const;
     /// What the paths are relative to, for example "^/trunk"; "" for the repository root.

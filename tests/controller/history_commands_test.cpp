@@ -22,7 +22,7 @@ public:
                              .paths = {{u"M"_s, u"d/icon@2x.png"_s, u"file"_s}}};
         const auto source = std::make_shared<FileHistorySource>();
         source->entries = {entry};
-        source->files = {{u"d/icon@2x.png"_s, 0, 1}};
+        source->files = {{u"d/icon@2x.png", 0, 1}};
         source->changes = {{0, 0}};
         app->logEntries = source->entries;
         app->fileHistoryItems = FileHistory(source);

@@ -91,7 +91,7 @@ TEST(History, OfGitHoldsRenamesMergesAndTheFirstCommit) {
     EXPECT_EQ(f.app.logEntries.value().first().paths, QList<SVNPathChange>()) << "a merge changes nothing by itself";
     QStringList paths;
     for (qsizetype i = 0; i < f.app.fileHistoryItems.value().size(); ++i)
-        paths.append(f.app.fileHistoryItems.value().pathAt(i));
+        paths.append(f.app.fileHistoryItems.value().pathAt(i).toString());
     paths.sort();
     EXPECT_EQ(paths, u"b.c|new.c|side.c|ä #%@.c"_list);
     EXPECT_EQ(f.app.historyLineSummary.value(), (LineChangeSummary{5, 0}));

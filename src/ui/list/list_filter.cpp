@@ -67,8 +67,9 @@ std::vector<int> matchingRecords(const ListFilter &filter, int count, const Reco
 
 std::vector<int> matchingRecords(const ListFilter &filter, const std::vector<int> &records, const RecordText &text) {
     std::vector<int> result;
+    QString made;
     std::copy_if(records.begin(), records.end(), std::back_inserter(result),
-                 [&](int record) { return filter.matches(text(record)); });
+                 [&](int record) { return filter.matches(text(record, made)); });
     return result;
 }
 

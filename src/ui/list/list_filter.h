@@ -32,8 +32,8 @@ private:
     QStringList words{};
 };
 
-/// The text of a record that a filter looks at.
-using RecordText = std::function<QString(int record)>;
+/// The text of a record that a filter looks at; in `made` where it does not exist yet.
+using RecordText = std::function<QStringView(int record, QString &made)>;
 
 /// The records 0 to `count` - 1 that match, in order.
 std::vector<int> matchingRecords(const ListFilter &filter, int count, const RecordText &text);

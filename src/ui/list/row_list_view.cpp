@@ -288,13 +288,14 @@ void RowListView::restore() {
     doItemsLayout();
     showCurrent();
     const QList<Anchor> wanted = std::exchange(anchors, {});
-    QHash<QString, qsizetype> places;
+    QHash<QStringView, qsizetype> places;
     for (qsizetype place = 0; place < wanted.size(); ++place)
         places.insert(wanted.at(place).id, place);
     qsizetype best = wanted.size();
     int bestRow = 0;
+    QString made;
     for (int row = 0; best > 0 && row < rows.rowCount(); ++row) {
-        const qsizetype place = places.value(rows.idAt(row), best);
+        const qsizetype place = places.value(rows.idView(rows.recordAt(row), made), best);
         if (place >= best)
             continue;
         best = place;

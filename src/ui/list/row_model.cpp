@@ -29,8 +29,8 @@ QVariant RowModel::data(const QModelIndex &index, int role) const {
 void RowModel::setFilter(const ListFilter &wanted) {
     if (wanted == currentFilter)
         return;
-    const auto text = [this](int record) {
-        return filterText(record);
+    const auto text = [this](int record, QString &made) {
+        return filterText(record, made);
     };
     std::vector<int> matching = wanted.narrows(currentFilter) ? matchingRecords(wanted, shown, text)
                                                               : matchingRecords(wanted, recordCount(), text);
@@ -46,7 +46,8 @@ void RowModel::setFilter(const ListFilter &wanted) {
 }
 
 int RowModel::rowOf(const QString &id) const {
-    const auto found = std::find_if(shown.begin(), shown.end(), [&](int record) { return recordId(record) == id; });
+    QString made;
+    const auto found = std::find_if(shown.begin(), shown.end(), [&](int record) { return idView(record, made) == id; });
     return found == shown.end() ? -1 : static_cast<int>(found - shown.begin());
 }
 
@@ -64,7 +65,8 @@ QString RowModel::searchText(int record) const {
 void RowModel::replaceRecords(const std::function<void()> &replace) {
     beginResetModel();
     replace();
-    shown = matchingRecords(currentFilter, recordCount(), [this](int record) { return filterText(record); });
+    shown = matchingRecords(currentFilter, recordCount(),
+                            [this](int record, QString &made) { return filterText(record, made); });
     endResetModel();
 }
 

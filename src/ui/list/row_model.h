@@ -50,9 +50,11 @@ public:
     virtual RowShape shape() const { return RowShape::oneLine; }
     virtual int recordCount() const = 0;
     virtual QString recordId(int record) const = 0;
+    /// The same for passes over all records: no copy where they hold it otherwise, else in `made`.
+    virtual QStringView idView(int record, QString &made) const { return made = recordId(record); }
     virtual RowContent content(int record, const Theme &theme) const = 0;
-    /// What the filter looks at.
-    virtual QString filterText(int record) const { return recordId(record); }
+    /// What the filter looks at; perhaps in `made`.
+    virtual QStringView filterText(int record, QString &made) const { return idView(record, made); }
     virtual QString copiedText(int record) const { return recordId(record); }
     virtual QString toolTip(int record) const { return recordId(record); }
     /// What a typed letter begins: the file name of a path.

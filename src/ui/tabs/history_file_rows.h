@@ -16,7 +16,8 @@ public:
     void publish(const FileHistory &published);
 
     int recordCount() const override { return static_cast<int>(files.size()); }
-    QString recordId(int record) const override { return files.pathAt(record); }
+    QString recordId(int record) const override { return files.pathAt(record).toString(); }
+    QStringView idView(int record, QString &) const override { return files.pathAt(record); }
     RowContent content(int record, const Theme &theme) const override;
 
 private:

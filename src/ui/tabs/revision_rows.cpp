@@ -64,9 +64,9 @@ QString LogRows::toolTip(int record) const {
     return origin.join(u" · ") + u'\n' + entry.summary();
 }
 
-QString LogRows::filterText(int record) const {
+QStringView LogRows::filterText(int record, QString &made) const {
     const LogEntry &entry = entries.at(record);
-    return entry.commitHash.value_or(entry.displayRevision()) + u'\n' + entry.author + u'\n' + entry.message;
+    return made = entry.commitHash.value_or(entry.displayRevision()) + u'\n' + entry.author + u'\n' + entry.message;
 }
 
 QString LogRows::copiedText(int record) const {

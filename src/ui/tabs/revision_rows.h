@@ -42,7 +42,7 @@ public:
     qint64 revisionAt(int record) const override { return entries.at(record).revision; }
     QString recordId(int record) const override;
     RowContent content(int record, const Theme &theme) const override;
-    QString filterText(int record) const override;
+    QStringView filterText(int record, QString &made) const override;
     QString copiedText(int record) const override;
     QString toolTip(int record) const override;
     QString searchText(int record) const override { return entries.at(record).summary(); }
