@@ -1,5 +1,6 @@
 #include "painted_signal.h"
 #include "ui/frame/program.h"
+#include "ui/look/early_fonts.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -9,7 +10,9 @@
 
 /// The program itself, which tells when it has painted. The argument is the file descriptor of PaintedSignal.
 int main(int argc, char **argv) {
+    const std::future<void> fonts = kestor::readFontsEarly();
     const QApplication application(argc, argv);
+    fonts.wait();
     const kestor::PaintedSignal painted(argc > 1 ? std::atoi(argv[1]) : STDOUT_FILENO);
     kestor::setProgramNames();
     QSettings settings;

@@ -1,5 +1,6 @@
 #include "ui/frame/program.h"
 #include "ui/frame/waiting_start.h"
+#include "ui/look/early_fonts.h"
 #include "ui/start/instance_start.h"
 #ifdef KESTOR_WATCH_PAUSES
 #include "ui/watch/pause_watch.h"
@@ -36,8 +37,10 @@ int main(int argc, char **argv) {
     Outcome outcome = start.tryFor(patience);
     if (outcome == Outcome::handedOver)
         return EXIT_SUCCESS;
+    const std::future<void> fonts = kestor::readFontsEarly();
     int nameAlone = qMin(argc, 1);
     const QApplication application(nameAlone, argv);
+    fonts.wait();
     if (outcome == Outcome::unanswered)
         outcome = kestor::waitForAnswer(start);
     if (outcome != Outcome::first)

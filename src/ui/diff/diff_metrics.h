@@ -25,6 +25,7 @@ struct DiffMetrics {
     int gutterWidth = 0; ///< of one of the two columns of numbers; 0 in a plain document
     int textLeft = 0;    ///< where column 0 stands while nothing is scrolled
 
+    bool isMade() const { return advance > 0; }
     bool hasGutters() const { return gutterWidth > 0; }
     /// Where text as high as `font`'s has its base line in a row.
     static int baseline(const QFont &font, int rowTop, int rowHeight);

@@ -87,9 +87,11 @@ void DiffView::showBeginning() {
         showHunk(0);
 }
 
-/// The rows and everything that follows from their heights.
+/// The rows and everything that follows from their heights. The first fixed font costs milliseconds of a start, in which
+/// nothing is shown yet.
 void DiffView::rebuildRows() {
-    measures = diffMetrics(*shown, largestNumber, font(), textSizeDelta);
+    if (isVisible() || shown->lineCount > 0 || !shown->isPlain())
+        measures = diffMetrics(*shown, largestNumber, font(), textSizeDelta);
     rowIndex = DiffRows(shown, measures.rows, folded);
     ruler->setVisible(!shown->isPlain());
     setViewportMargins(0, 0, shown->isPlain() ? 0 : DiffRuler::stripWidth, 0);
@@ -162,6 +164,8 @@ void DiffView::resizeEvent(QResizeEvent *event) {
 
 void DiffView::showEvent(QShowEvent *event) {
     QAbstractScrollArea::showEvent(event);
+    if (!measures.isMade())
+        rebuildRows();
     checkSyntaxFiles();
 }
 
