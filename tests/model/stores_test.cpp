@@ -57,8 +57,6 @@ TEST_F(StoresTest, readsOldAndForeignValues) {
         {"an unknown kind",
          QByteArray(R"([{"id":"7D2F1C54-0D4B-4B8E-9F7A-0123456789AB","name":"n","path":"p","kind":"cvs"}])"), 0},
         {"a malformed id", QByteArray(R"([{"id":"7D2F1C54","name":"n","path":"p"}])"), 0},
-        {"an element that is no object", QByteArray('[' + good + ",3]"), 0},
-        {"no array", good, 0},
         {"no JSON", QByteArray("[{"), 0},
         {"a text instead of bytes", QString(u"[]"_s), 0},
     };
@@ -69,18 +67,6 @@ TEST_F(StoresTest, readsOldAndForeignValues) {
         EXPECT_EQ(projects.size(), wantedProjects);
         for (const Project &project : projects)
             EXPECT_EQ(project.kind, RepositoryKind::svn);
-    }
-}
-
-TEST_F(StoresTest, aRuleNeedsItsFourTexts) {
-    const QByteArray rule =
-        R"({"id":"7D2F1C54-0D4B-4B8E-9F7A-0123456789AB","fileExtension":"z","languageName":"Z","colorHex":"#fff"})";
-    for (const char *key : {"id", "fileExtension", "languageName", "colorHex"}) {
-        SCOPED_TRACE(key);
-        setStored(rulesKey, QByteArray('[' + rule + ']'));
-        EXPECT_EQ(LanguageConfigurationStore(*settings()).load().size(), 1);
-        setStored(rulesKey, QByteArray('[' + QByteArray(rule).replace(key, "other") + ']'));
-        EXPECT_TRUE(LanguageConfigurationStore(*settings()).load().isEmpty());
     }
 }
 
