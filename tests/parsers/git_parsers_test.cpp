@@ -37,18 +37,6 @@ M  A9)")),
               "with \"quotes\".c conflicted none - - tree-conflict"_list);
 }
 
-TEST(GitParsersTest, unquotesPaths) {
-    const Rows<QString, QString> rows{
-        {"escapes lose the backslash only", uR"("a\tb\303\\\"")"_s, uR"(atb303\")"_s},
-        {"a backslash at the end stays", uR"("a\")"_s, uR"(a\)"_s},
-        {"a quote on one side is no quoting", uR"("a\b)"_s, uR"("a\b)"_s},
-        {"a single quote character", u"\""_s, u"\""_s},
-        {"empty", u"\"\""_s, u""_s},
-    };
-    for (const auto &[name, quoted, path] : rows)
-        EXPECT_EQ(GitParsers::unquotePath(quoted), path);
-}
-
 TEST(GitParsersTest, readsLogs) {
     const QString marker = u"--KESTOR-GIT-COMMIT--"_s;
     const Rows<QString, QStringList> rows{
@@ -65,18 +53,6 @@ TEST(GitParsersTest, readsLogs) {
         EXPECT_EQ(printed(GitParsers::parseLog(text)), wantedExpected);
     EXPECT_EQ(GitParsers::parseLog(marker + u"0123456789abcdef\ta\tb\tc"_s).constFirst().displayRevision(),
               u"0123456"_s);
-}
-
-TEST(GitParsersTest, readsNameStatusLines) {
-    const Rows<QStringView, std::optional<SVNPathChange>> rows{
-        {"new name of a copy", u"C100\ta\tb", SVNPathChange{u"C"_s, u"b"_s, u"file"_s}},
-        {"a rename without a new name", u"R100\ta", SVNPathChange{u"R"_s, u"a"_s, u"file"_s}},
-        {"a third piece of another action", u"M\ta\tb", SVNPathChange{u"M"_s, u"a"_s, u"file"_s}},
-        {"no action", u"\ta", SVNPathChange{u""_s, u"a"_s, u"file"_s}},
-        {"no tab", u"M a", std::nullopt},
-    };
-    for (const auto &[name, line, wantedExpected] : rows)
-        EXPECT_EQ(GitParsers::parseNameStatusLine(line), wantedExpected);
 }
 
 TEST(GitParsersTest, listsTheCurrentBranchThenLocalThenRemoteOnes) {

@@ -64,12 +64,10 @@ TEST(StatusParserTest, keepsWhatCameBeforeAnError) {
         {"wrong end tag", u"<status>"_s + entry + u"</target>"_s + entry, u"a added none - -"_list},
         {"a second document", u"<status>"_s + entry + u"</status><status>"_s + entry + u"</status>"_s,
          u"a added none - -"_list},
-        {"undeclared entity", u"<status>"_s + entry + u"&x;"_s + entry, u"a added none - -"_list},
         {"document type declaration",
          u"<!DOCTYPE s [<!ENTITY a 'xx'><!ENTITY b '&a;&a;'>]><status>"_s + entry + u"&b;</status>"_s,
          {}},
         {"lone surrogate", u"<status>"_s + entry + QChar(0xD800) + u"</status>"_s, {}},
-        {"null character", u"<status>"_s + entry + QChar(0) + entry + u"</status>"_s, u"a added none - -"_list},
         {"a declared encoding does not matter",
          u"<?xml version='1.0' encoding='ISO-8859-1'?><status>"_s + entry + u"</status>"_s, u"a added none - -"_list},
     };
@@ -90,12 +88,7 @@ TEST(RemoteStatusParserTest, readsWhatTheRepositoryWouldChange) {
         "<entry path='c'><repos-status item='none' props='modified'/></entry>"_s;
     const Rows<QString, std::optional<qint64>> rows{
         {"plain", u"<against revision='1300'/>"_s, 1300},
-        {"signs", u"<against revision='+17'/>"_s, 17},
-        {"negative", u"<against revision='-9223372036854775808'/>"_s, std::numeric_limits<qint64>::min()},
-        {"out of range", u"<against revision='9223372036854775808'/>"_s, std::nullopt},
         {"blank at the end", u"<against revision='17 '/>"_s, std::nullopt},
-        {"two signs", u"<against revision='+-1'/>"_s, std::nullopt},
-        {"empty", u"<against revision=''/>"_s, std::nullopt},
         {"the last one wins, even without a revision", u"<against revision='1'/><against/>"_s, std::nullopt},
         {"none", {}, std::nullopt},
     };
