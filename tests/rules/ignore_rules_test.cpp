@@ -3,8 +3,6 @@
 #include "support/temp_tree.h"
 #include "support/test.h"
 
-#include <QRandomGenerator>
-
 #include <sys/stat.h>
 
 namespace kestor {
@@ -30,45 +28,6 @@ TEST(IgnoreRules, LetTheLastMatchDecide) {
     };
     for (const auto &[name, lines, givenPath, decision] : rows)
         EXPECT_EQ(rulesOf(lines).decision(givenPath, false), decision);
-}
-
-std::optional<bool> decisionOfAllRules(const IgnoreRules &rules, const QString &path, bool isDirectory) {
-    std::optional<bool> decision;
-    for (const IgnoreRule &rule : rules.list()) {
-        if (rule.matches(path, isDirectory))
-            decision = !rule.isNegated;
-    }
-    return decision;
-}
-
-TEST(IgnoreRules, DecideAsIfEveryRuleWereTested) {
-    QRandomGenerator random(4711);
-    const auto joined = [&random](const QStringList &pieces, int maximum, const QString &separator) {
-        QStringList chosen{pieces[random.bounded(pieces.size())]};
-        while (chosen.size() < maximum && random.bounded(3) > 0)
-            chosen.append(pieces[random.bounded(pieces.size())]);
-        return chosen.join(separator);
-    };
-    const QStringList patternPieces = u"a|b.c|*.c|a*|*|**|.c|*a|?|[ab]|a/|*.x.c|/|a\\.c"_list;
-    const QStringList names = u"a|b.c|ab|.c|a.x.c|c|a.c\n|b."_list;
-    int matched = 0;
-    for (int round = 0; round < 300; ++round) {
-        QList<IgnoreRule> list;
-        while (list.size() < 12) {
-            const QString line = (random.bounded(4) == 0 ? u"!"_s : QString()) + joined(patternPieces, 4, u""_s);
-            if (auto rule = IgnoreRule::fromLine(line, random.bounded(3) == 0 ? joined(names, 2, u"/"_s) : QString()))
-                list.append(*std::move(rule));
-        }
-        const IgnoreRules rules(list);
-        for (int attempt = 0; attempt < 60; ++attempt) {
-            const QString path = joined(names, 5, u"/"_s);
-            const bool isDirectory = random.bounded(2) == 0;
-            const std::optional<bool> expected = decisionOfAllRules(rules, path, isDirectory);
-            ASSERT_EQ(rules.decision(path, isDirectory), expected) << path.toStdString();
-            matched += expected ? 1 : 0;
-        }
-    }
-    EXPECT_GT(matched, 3000) << "the paths hardly ever match";
 }
 
 TEST(IgnoreRules, LoadOnlyWhatCanAffectTheCandidates) {

@@ -29,22 +29,6 @@ QStringList displayed(const TempTree &tree, const QString &folder, const QString
     return paths;
 }
 
-TEST(UnversionedScan, ListsEverythingButRepositoryMetadata) {
-    TempTree tree;
-    for (const QString &path : u"new/a|new/.hidden|new/d/b|new/d/.git|new/.svn/wc.db|new/.svnx|"
-                               "new/-dash \"quoted\"\nline|outside"_list)
-        tree.write(path);
-    tree.makeDirectory(u"new/empty"_s);
-    const QStringList expected = u"new/-dash \"quoted\"\nline|new/.hidden|new/.svnx|new/a|new/d/|new/d/b|"
-                                 "new/empty/"_list;
-    EXPECT_EQ(scanned(tree, u"./new/"_s), expected);
-
-    const QList<UnversionedDescendant> one =
-        unversionedDescendants(u"new//d/", tree.path(), IgnoreRules(), RequireIncludedDescendant::no);
-    const WorkingCopyItem item{.path = u"new/d/b"_s, .kind = SVNStatusKind::unversioned, .unversionedRoot = u"new/d"_s};
-    EXPECT_EQ(one, (QList<UnversionedDescendant>{{item, false}}));
-}
-
 TEST(UnversionedScan, NeverFollowsLinks) {
     TempTree tree;
     tree.writeAll({{u"new/d/f"_s}, {u"elsewhere/secret"_s}});
@@ -94,16 +78,6 @@ TEST(UnversionedScan, EntersIgnoredFoldersOnlyWhenARuleReachesInside) {
         EXPECT_EQ(scanned(tree, u"new"_s, lines), wantedExpected);
     EXPECT_EQ(scanned(tree, u"new"_s, u"!/other/x"_list, RequireIncludedDescendant::yes), QStringList());
     EXPECT_FALSE(scanned(tree, u"new"_s, u"!x"_list, RequireIncludedDescendant::yes).isEmpty());
-}
-
-TEST(UnversionedScan, DisplaysFilesAndFoldersWithoutListedEntries) {
-    TempTree tree;
-    tree.writeAll({{u"new/a.txt"_s}, {u"new/all ignored/x.o"_s}, {u"new/deep/er/b"_s}, {u"bare/.git/config"_s}});
-    tree.makeDirectory(u"new/e"_s);
-    EXPECT_EQ(displayed(tree, u"new"_s, {u"*.o"_s}), u"new/a.txt|new/all ignored|new/deep/er/b|new/e"_list);
-    EXPECT_EQ(displayed(tree, u"bare"_s), QStringList());
-    EXPECT_FALSE(unversionedDirectoryContainsEntries(u"bare", tree.path()));
-    EXPECT_TRUE(unversionedDirectoryContainsEntries(u"new/deep", tree.path()));
 }
 
 } // namespace
