@@ -1,5 +1,7 @@
 #include "support/app_test.h"
 
+#include <QRegularExpression>
+
 namespace kestor {
 namespace {
 
@@ -10,9 +12,7 @@ void select(AppFixture &f, const QString &path) {
 
 TEST(Changes, OfASubversionProjectAreRealFilesWithDiffs) {
     SvnFixture repository;
-    for (const QString &name : u"modified.c|deleted.c|missing.c|icon@2x.txt|-dash größe.c"_list)
-        repository.write(name, "one\ntwo\n");
-    repository.commitAll(u"first"_s);
+    repository.commit(u"modified.c|deleted.c|missing.c|icon@2x.txt|-dash größe.c"_list, "one\ntwo\n");
     repository.writeAll({{u"modified.c"_s, "one\n2\n3\n"},
                          {u"icon@2x.txt"_s, "one\nzwei\n"},
                          {u"-dash größe.c"_s, "eins\ntwo\n"},
@@ -67,13 +67,21 @@ TEST(Changes, OfAGitProjectBeforeItsFirstCommitHaveDiffsToo) {
     EXPECT_FALSE(f.app.diffText.value().contains(u"+digit"_s));
 }
 
+TEST(Changes, HaveTheNamesThatGitQuotes) {
+    QStringList names = u"-dash@2x.png|a -> b.txt|back\\slash.c|bell\a7.c|größe.txt|plain.txt|say \"hi\".c|"
+                        "tab\there.c|two\nlines.c|with space.txt"_list;
+    GitFixture repository;
+    repository.writeAll(names, "x\n");
+    const AppFixture f(repository);
+    QStringList shown = f.rows();
+    shown.sort();
+    EXPECT_EQ(shown, names.replaceInStrings(QRegularExpression(u"^"_s), u"? "_s));
+}
+
 TEST(Changes, ARefreshKeepsSelectionAndTicksAndFollowsTheDisk) {
     GitFixture repository;
-    for (const QString &name : u"a.c|b.c|c.c"_list)
-        repository.write(name, "one\n");
-    repository.commitAll(u"first"_s);
-    for (const QString &name : u"a.c|b.c|c.c"_list)
-        repository.write(name, "two\n");
+    repository.commit(u"a.c|b.c|c.c"_list, "one\n");
+    repository.writeAll(u"a.c|b.c|c.c"_list, "two\n");
     AppFixture f(repository);
     EXPECT_EQ(f.app.selectedChangeID.value(), u"a.c"_s);
     select(f, u"b.c"_s);
@@ -89,22 +97,9 @@ TEST(Changes, ARefreshKeepsSelectionAndTicksAndFollowsTheDisk) {
     EXPECT_EQ(f.app.diffPath.value(), u"c.c"_s);
 }
 
-TEST(Changes, AFailedStatusKeepsTheRowsAndSaysWhy) {
-    GitFixture repository;
-    repository.write(u"a.c"_s);
-    AppFixture f(repository);
-    repository.write(u".git/index"_s, "broken");
-    awaited(f.app.refreshAll());
-    EXPECT_TRUE(startsWith(f.alertText(), u"Status Failed: "_s));
-    EXPECT_EQ(f.app.commandOutput.value()->title, u"Status Failed"_s);
-    EXPECT_EQ(f.rows(), u"? a.c"_list);
-    EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
-}
-
 TEST(Changes, ALatin1ByteHidesNothing) {
     SvnFixture repository;
-    repository.write(u"a.txt"_s, "one\n");
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"a.txt"_s, "one\n"}});
     repository.write(u"a.txt"_s, "M\xFCller\n");
     AppFixture f(repository);
     EXPECT_TRUE(contains(f.app.diffText.value(), u"-one\n+Müller\n"_s));

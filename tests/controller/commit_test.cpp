@@ -4,13 +4,6 @@
 namespace kestor {
 namespace {
 
-void tickOnly(AppFixture &f, const QStringList &paths) {
-    f.app.setCommitSelection(f.app.changes, false);
-    QList<WorkingCopyItem> items = f.app.changes;
-    items.removeIf([&paths](const WorkingCopyItem &item) { return !paths.contains(item.path); });
-    f.app.setCommitSelection(items, true);
-}
-
 void writeHook(const QString &path, const QByteArray &script) {
     QFile hook(path);
     ASSERT_TRUE(hook.open(QIODevice::WriteOnly));
@@ -25,32 +18,24 @@ TEST(Commit, IsRefusedWithoutPathsOrMessage) {
     awaited(f.app.commitSelected());
     EXPECT_EQ(f.alertText(), u"No Project Selected: Choose a project first."_s);
     repository.write(u"a.c"_s);
-    f.open(repository.path(), RepositoryKind::git);
-    awaited(f.app.commitSelected());
+    f.open(repository);
+    f.commit({});
     EXPECT_EQ(f.alertText(), u"Nothing To Commit: Select at least one changed path."_s);
-    tickOnly(f, {u"a.c"_s});
-    f.app.commitMessage = u" \n\t"_s;
-    awaited(f.app.commitSelected());
+    f.commit({u"a.c"_s}, u" \n\t"_s);
     EXPECT_EQ(f.alertText(), u"Commit Message Required: Enter a commit message before committing."_s);
 }
 
 TEST(Commit, OfMixedKindsArrivesInOneSubversionRevision) {
     SvnFixture repository;
-    for (const QString &name : u"m.c|gone.c|d.c|icon@2x.txt|kept.c"_list)
-        repository.write(name, "one\n");
-    repository.commitAll(u"first"_s);
-    for (const QString &name : u"m.c|icon@2x.txt|kept.c"_list)
-        repository.write(name, "two\n");
+    repository.commit(u"m.c|gone.c|d.c|icon@2x.txt|kept.c"_list, "one\n");
+    repository.writeAll(u"m.c|icon@2x.txt|kept.c"_list, "two\n");
     repository.svn(u"delete|d.c"_list);
     QFile::remove(repository.path(u"gone.c"_s));
     repository.writeAll({{u"new/deep/größe.c"_s}, {u"new/left.c"_s}});
     AppFixture f(repository);
-    tickOnly(f, {u"m.c"_s, u"gone.c"_s, u"d.c"_s, u"icon@2x.txt"_s, u"new/deep/größe.c"_s});
-    f.app.commitMessage = u"m.c"_s;
-    awaited(f.app.commitSelected());
+    f.commit({u"m.c"_s, u"gone.c"_s, u"d.c"_s, u"icon@2x.txt"_s, u"new/deep/größe.c"_s}, u"m.c"_s);
     EXPECT_EQ(f.rows(), u"M kept.c|? new/left.c"_list);
     EXPECT_EQ(f.app.commitMessage.value(), QString());
-    EXPECT_EQ(f.app.commandOutput.value()->title, u"Commit"_s);
     const QString log = QString::fromUtf8(repository.svn(u"log|-v|-r|HEAD"_list));
     for (const QString &line : u"M /trunk/m.c|D /trunk/gone.c|D /trunk/d.c|M /trunk/icon@2x.txt|"
                                "A /trunk/new|A /trunk/new/deep|A /trunk/new/deep/größe.c|\n\nm.c\n"_list)
@@ -62,9 +47,7 @@ TEST(Commit, TakesAddedFoldersButNoUntickedRowInThem) {
     repository.writeAll({{u"d/in.c"_s}, {u"d/out.c"_s}});
     repository.svn(u"add|d"_list);
     AppFixture f(repository);
-    tickOnly(f, {u"d/in.c"_s});
-    f.app.commitMessage = u"one of two"_s;
-    awaited(f.app.commitSelected());
+    f.commit({u"d/in.c"_s});
     EXPECT_EQ(f.rows(), u"A d/out.c"_list);
 }
 
@@ -78,173 +61,116 @@ TEST(Commit, KeepsMessagesByteForByte) {
         SCOPED_TRACE(qPrintable(message.left(20)));
         svn.write(u"a.c"_s, message.toUtf8());
         git.write(u"a.c"_s, message.toUtf8());
-        f.open(svn.path(), RepositoryKind::svn);
-        tickOnly(f, {u"a.c"_s});
-        f.app.commitMessage = message;
-        awaited(f.app.commitSelected());
+        f.open(svn);
+        f.commit({u"a.c"_s}, message);
         EXPECT_EQ(QString::fromUtf8(svn.svn(u"propget|--strict|--revprop|-r|HEAD|svn:log"_list)), message);
-        f.open(git.path(), RepositoryKind::git);
-        tickOnly(f, {u"a.c"_s});
-        f.app.commitMessage = message;
-        awaited(f.app.commitSelected());
+        f.open(git);
+        f.commit({u"a.c"_s}, message);
         EXPECT_EQ(QString::fromUtf8(git.git(u"log|-1|--format=%B"_list)), message + u"\n\n"_s);
     }
 }
 
 TEST(Commit, OfGitTakesRenamesWholeAndNothingElse) {
     GitFixture repository;
-    repository.writeAll({{u"old.c"_s, "one\ntwo\nthree\n"}, {u"staged.c"_s, "one\n"}});
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"old.c"_s, "one\ntwo\nthree\n"}, {u"staged.c"_s, "one\n"}});
     repository.git(u"mv|old.c|new.c"_list);
     repository.write(u"staged.c"_s, "two\n");
     repository.git(u"add|staged.c"_list);
     repository.writeAll({{u"a*.c"_s}, {u"ab.c"_s}});
     AppFixture f(repository);
-    tickOnly(f, {u"new.c"_s, u"a*.c"_s});
-    f.app.commitMessage = u"rename"_s;
-    awaited(f.app.commitSelected());
+    f.commit({u"new.c"_s, u"a*.c"_s});
     EXPECT_EQ(repository.git(u"show|--format=|--name-status|HEAD"_list), "A\ta*.c\nR100\told.c\tnew.c\n");
     EXPECT_EQ(f.rows(), u"? ab.c|M staged.c"_list);
 }
 
 TEST(Commit, TakesStagedDeletionsAndNothingThatHasNoRow) {
     GitFixture git;
-    git.writeAll({{u"gone.c"_s, "one\n"}, {u"old.c"_s, "one\ntwo\nthree\n"}});
-    git.commitAll(u"first"_s);
+    git.commit({{u"gone.c"_s, "one\n"}, {u"old.c"_s, "one\ntwo\nthree\n"}});
     git.git(u"rm|-q|gone.c"_list);
     git.git(u"mv|old.c|new.c"_list);
     git.write(u"old.c"_s, "another file\n");
     SvnFixture svn;
-    svn.writeAll({{u".kestorignore"_s, "*.tmp\n"}, {u"p/kept.c"_s, "one\n"}, {u"p/h.tmp"_s, "one\n"}});
-    svn.commitAll(u"first"_s);
+    svn.commit({{u".kestorignore"_s, "*.tmp\n"}, {u"p/kept.c"_s, "one\n"}, {u"p/h.tmp"_s, "one\n"}});
     svn.write(u"p/h.tmp"_s, "two\n");
     svn.svn(u"propset|-q|note|x|p"_list);
     AppFixture f(git);
-    tickOnly(f, {u"gone.c"_s, u"new.c"_s});
-    f.app.commitMessage = u"why"_s;
-    awaited(f.app.commitSelected());
+    f.commit({u"gone.c"_s, u"new.c"_s});
     EXPECT_EQ(git.git(u"show|HEAD:new.c"_list), "one\ntwo\nthree\n");
     EXPECT_FALSE(git.git(u"ls-tree|--name-only|HEAD"_list).contains("gone.c"));
-    EXPECT_EQ(git.tree.read(u"wc/old.c"_s), "another file\n");
-    f.open(svn.path(), RepositoryKind::svn);
-    tickOnly(f, {u"p"_s});
-    f.app.commitMessage = u"why"_s;
-    awaited(f.app.commitSelected());
+    EXPECT_EQ(git.read(u"old.c"_s), "another file\n");
+    f.open(svn);
+    f.commit({u"p"_s});
     EXPECT_EQ(svn.svn(u"cat|-r|HEAD|p/h.tmp"_list), "one\n");
 }
 
 TEST(Commit, OfAMergeIsWholeOrRefusedBeforeAnythingRuns) {
     GitFixture repository;
-    repository.writeAll({{u"a.c"_s, "one\n"}, {u"b.c"_s, "one\n"}});
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"a.c"_s, "one\n"}, {u"b.c"_s, "one\n"}});
     repository.git(u"checkout|-q|-b|side"_list);
-    repository.writeAll({{u"a.c"_s, "side\n"}, {u"b.c"_s, "side\n"}});
-    repository.commitAll(u"side"_s);
+    repository.commit({{u"a.c"_s, "side\n"}, {u"b.c"_s, "side\n"}});
     repository.git(u"checkout|-q|main"_list);
-    repository.write(u"c.c"_s);
-    repository.commitAll(u"main"_s);
+    repository.commit({{u"c.c"_s}});
     repository.git(u"merge|--no-commit|--no-ff|-q|side"_list);
     AppFixture f(repository);
-    tickOnly(f, {u"a.c"_s});
-    f.app.commitMessage = u"merged"_s;
-    awaited(f.app.commitSelected());
+    f.commit({u"a.c"_s}, u"merged"_s);
     EXPECT_EQ(f.alertText(), u"Commit Failed: A merge is committed as a whole. Tick every changed path, then commit "
                              "again."_s);
     EXPECT_EQ(f.app.commitMessage.value(), u"merged"_s);
-    tickOnly(f, {u"a.c"_s, u"b.c"_s});
-    awaited(f.app.commitSelected());
+    f.commit({u"a.c"_s, u"b.c"_s});
     EXPECT_EQ(repository.git(u"log|-1|--format=%s %p"_list).split(' ').size(), 3);
     EXPECT_TRUE(f.rows().isEmpty());
 }
 
 TEST(Commit, RefusedByAHookLeavesEverythingAsItWas) {
     SvnFixture svn;
-    svn.writeAll({{u"m.c"_s, "one\n"}, {u"gone.c"_s, "one\n"}});
-    svn.commitAll(u"first"_s);
+    svn.commit({{u"m.c"_s, "one\n"}, {u"gone.c"_s, "one\n"}});
     svn.writeAll({{u"m.c"_s, "two\n"}, {u"new/deep/a.c"_s}});
     QFile::remove(svn.path(u"gone.c"_s));
     writeHook(svn.tree.path(u"repo/hooks/pre-commit"_s), "echo 'no entry today' >&2\nexit 1\n");
     GitFixture git;
-    git.write(u"staged.c"_s, "one\n");
-    git.commitAll(u"first"_s);
+    git.commit({{u"staged.c"_s, "one\n"}});
     git.write(u"staged.c"_s, "two\n");
     git.git(u"add|staged.c"_list);
     git.writeAll({{u"staged.c"_s, "three\n"}, {u"new.c"_s}});
     writeHook(git.path(u".git/hooks/pre-commit"_s), "echo 'no entry today' >&2\nexit 1\n");
     AppFixture f;
-    for (const auto &[path, kind] : {std::pair{svn.path(), RepositoryKind::svn}, {git.path(), RepositoryKind::git}}) {
-        SCOPED_TRACE(qPrintable(path));
-        f.open(path, kind);
+    const Rows<const RepositoryFixture *, QStringList> repositories{{"svn", &svn, u"status"_list},
+                                                                    {"git", &git, u"status|--porcelain"_list}};
+    for (const auto &[name, repository, statusRun] : repositories) {
+        f.open(*repository);
         f.app.setCommitSelection(f.app.changes, true);
         f.app.commitMessage = u"try"_s;
         const QStringList rows = f.rows();
-        const QByteArray status =
-            kind == RepositoryKind::svn ? svn.svn(u"status"_list) : git.git(u"status|--porcelain"_list);
+        const QByteArray status = repository->run(statusRun);
         awaited(f.app.commitSelected());
-        EXPECT_TRUE(f.alertText().startsWith(u"Commit Failed: "_s));
         EXPECT_TRUE(contains(f.alertText(), u"no entry today"_s));
         EXPECT_EQ(f.app.commitMessage.value(), u"try"_s);
         EXPECT_EQ(f.rows(), rows);
-        EXPECT_EQ(kind == RepositoryKind::svn ? svn.svn(u"status"_list) : git.git(u"status|--porcelain"_list), status);
+        EXPECT_EQ(repository->run(statusRun), status);
     }
     EXPECT_EQ(git.git(u"show|:staged.c"_list), "two\n");
 }
 
-TEST(Commit, KilledInTheMiddleShowsWhatIsThere) {
-    SvnFixture svn;
-    svn.write(u"m.c"_s, "one\n");
-    svn.commitAll(u"first"_s);
-    svn.writeAll({{u"m.c"_s, "two\n"}, {u"new.c"_s}});
-    GitFixture git;
-    git.write(u"m.c"_s, "one\n");
-    git.commitAll(u"first"_s);
-    git.writeAll({{u"m.c"_s, "two\n"}, {u"new.c"_s}});
-    for (const QString &hook : {svn.tree.path(u"repo/hooks/pre-commit"_s), git.path(u".git/hooks/pre-commit"_s)})
-        writeHook(hook, "kill -9 $PPID\n");
-    AppFixture f;
-    for (const auto &[path, kind] : {std::pair{svn.path(), RepositoryKind::svn}, {git.path(), RepositoryKind::git}}) {
-        SCOPED_TRACE(qPrintable(path));
-        f.open(path, kind);
-        f.app.setCommitSelection(f.app.changes, true);
-        f.app.commitMessage = u"try"_s;
-        awaited(f.app.commitSelected());
-        EXPECT_TRUE(startsWith(f.alertText(), u"Commit Failed: "_s));
-        EXPECT_EQ(f.app.commitMessage.value(), u"try"_s);
-        EXPECT_FALSE(f.app.busyMessage.value());
-        AppFixture later;
-        later.open(path, kind);
-        EXPECT_EQ(f.app.changes.value(), later.app.changes.value());
-        EXPECT_EQ(f.app.selectedCommitPaths.value().size(), 2);
-    }
-    EXPECT_EQ(svn.tree.read(u"wc/m.c"_s), "two\n");
-    EXPECT_EQ(git.tree.read(u"wc/m.c"_s), "two\n");
-}
-
 TEST(Commit, KilledWhenItIsThereStaysThere) {
     GitFixture repository;
-    repository.write(u"m.c"_s, "one\n");
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"m.c"_s, "one\n"}});
     repository.write(u"m.c"_s, "two\n");
     writeHook(repository.path(u".git/hooks/post-commit"_s), "kill -9 $PPID\n");
     AppFixture f(repository);
-    f.app.commitMessage = u"second"_s;
-    awaited(f.app.commitSelected());
+    f.commit({u"m.c"_s});
     EXPECT_TRUE(startsWith(f.alertText(), u"Commit Failed: "_s));
     EXPECT_EQ(repository.git(u"status|--porcelain"_list).toStdString(), "");
 }
 
 TEST(Commit, OfAFileThatCameBackDoesNotDeleteIt) {
     SvnFixture repository;
-    repository.write(u"gone.c"_s, "one\n");
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"gone.c"_s, "one\n"}});
     QFile::remove(repository.path(u"gone.c"_s));
     AppFixture f(repository);
-    tickOnly(f, {u"gone.c"_s});
-    f.app.commitMessage = u"remove"_s;
     repository.write(u"gone.c"_s, "precious\n");
-    awaited(f.app.commitSelected());
+    f.commit({u"gone.c"_s});
     EXPECT_EQ(f.alertText(), u"Commit Failed: gone.c is on disk again. Refresh before committing it."_s);
-    EXPECT_EQ(repository.tree.read(u"wc/gone.c"_s), "precious\n");
+    EXPECT_EQ(repository.read(u"gone.c"_s), "precious\n");
 }
 
 TEST(Commit, OfGitFollowsTheIndexWhereTheDiskSaysOtherwise) {
@@ -336,49 +262,32 @@ TEST(Commit, OfWhatWasAddedAndIsGoneInSubversionTakesTheRest) {
 
 TEST(Commit, StaysOutOfRepositoriesInUnversionedFolders) {
     SvnFixture svn;
-    svn.write(u"f.c"_s, "one\n");
-    svn.commitAll(u"first"_s);
+    svn.commit({{u"f.c"_s, "one\n"}});
     svn.writeAll({{u"deep/own.c"_s}, {u".git/HEAD"_s}});
-    svn.svn({u"checkout"_s, u"-q"_s, u"file://"_s + svn.tree.path(u"repo/trunk"_s), u"deep/other"_s});
+    svn.svn({u"checkout"_s, u"-q"_s, svn.url(u"trunk"_s), u"deep/other"_s});
     svn.write(u"deep/other/f.c"_s, "two\n");
     GitFixture git;
-    git.write(u"f.c"_s, "one\n");
-    git.commitAll(u"first"_s);
+    git.commit({{u"f.c"_s, "one\n"}});
     git.writeAll({{u"deep/own.c"_s}, {u".svn/wc.db"_s}});
     git.git(u"worktree|add|-q|deep/other"_list);
     git.git(u"clone|-q|.|top"_list);
-    const Rows<QString, RepositoryKind, QStringList> rows{
-        {"svn", svn.path(), RepositoryKind::svn, u"? deep/other|? deep/own.c"_list},
-        {"git", git.path(), RepositoryKind::git, u"? deep/other|? deep/own.c|? top"_list},
+    const Rows<RepositoryFixture *, QStringList> rows{
+        {"svn", &svn, u"? deep/other|? deep/own.c"_list},
+        {"git", &git, u"? deep/other|? deep/own.c|? top"_list},
     };
-    AppFixture f;
-    for (const auto &[name, path, kind, shown] : rows) {
-        f.open(path, kind);
+    for (const auto &[name, repository, shown] : rows) {
+        AppFixture f(*repository);
         EXPECT_EQ(f.rows(), shown);
-        f.app.setCommitSelection(f.app.changes, true);
-        f.app.commitMessage = u"all"_s;
-        awaited(f.app.commitSelected());
+        f.commit(u"deep/other|deep/own.c|top"_list);
         EXPECT_EQ(f.alertText(), u"Commit Failed: deep/other is a repository of its own. Untick it and what is in it, "
                                  "then commit again."_s);
         // A row that is older than the repository around it.
-        tickOnly(f, {u"deep/own.c"_s});
-        const QString metadata = metadataName(kind);
-        QFile::link(path + u"/deep/other/"_s + metadata, path + u"/deep/"_s + metadata);
-        awaited(f.app.commitSelected());
+        const QString metadata = metadataName(repository->kind);
+        QFile::link(repository->path(u"deep/other/"_s + metadata), repository->path(u"deep/"_s + metadata));
+        f.commit({u"deep/own.c"_s});
         EXPECT_TRUE(contains(f.alertText(), u"deep is a repository of its own."_s));
     }
     EXPECT_TRUE(svn.svn(u"status|deep/other"_list).startsWith("M "));
-}
-
-TEST(Commit, OfManyFilesFitsIntoTheCommandLine) {
-    GitFixture repository;
-    for (int i = 0; i < 1500; ++i)
-        repository.write(u"%1/%2.c"_s.arg(QString(70, u'd')).arg(i));
-    AppFixture f(repository);
-    f.app.setCommitSelection(f.app.changes, true);
-    f.app.commitMessage = u"many"_s;
-    awaited(f.app.commitSelected());
-    EXPECT_EQ(repository.git(u"ls-files"_list).count('\n'), 1500);
 }
 
 } // namespace

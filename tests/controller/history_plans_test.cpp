@@ -32,28 +32,6 @@ LogEntry entryOf(qint64 revision, const QStringList &changes) {
     return entry;
 }
 
-TEST(FileGrouping, OrdersByNewestRevisionThenAsFileManagersDo) {
-    const QList<LogEntry> entries{
-        entryOf(5, {u"M /trunk/File10"_s, u"M /trunk/file2"_s, u"A /trunk/sub/"_s, u"M /trunk"_s, u"M /trunk/ä1"_s,
-                    u"D /branches/x/a.c"_s, u"M /trunk/a"_s}),
-        entryOf(9, {u"M /trunk/file2"_s, u"A /trunk/b"_s}),
-        entryOf(2, {u"A /trunk/a"_s, u"A /trunk/file2"_s, u"D /trunk/gone"_s}),
-    };
-    const FileHistory files = groupedByFile(entries, u"^/trunk"_s);
-    QStringList rows;
-    for (qsizetype i = 0; i < files.size(); ++i) {
-        const FileHistoryItem item = files[i];
-        QStringList revisions;
-        for (qsizetype r = 0; r < item.revisions.size(); ++r)
-            revisions.append(item.revisions[r].action + QString::number(item.revisions[r].revision));
-        rows.append(item.path + u' ' + revisions.join(u' '));
-    }
-    EXPECT_EQ(rows, u"b A9|a M5 A2|ä1 M5|branches/x/a.c D5|file2 M5 M9 A2|File10 M5|gone D2"_list);
-    EXPECT_EQ(files[1].revisions[0].paths, entries[0].paths);
-    EXPECT_EQ(files.indexOf(u"File10"_s), 5);
-    EXPECT_EQ(files.indexOf(u"trunk"_s), std::nullopt);
-}
-
 TEST(HistorySelection, StaysWhereItIsOrGoesToTheNewest) {
     const QList<LogEntry> entries{entryOf(5, {u"M /a"_s}), entryOf(4, {u"A /b"_s}), entryOf(3, {u"A /a"_s})};
     const LoadedHistory loaded{entries, groupedByFile(entries, QString())};

@@ -6,6 +6,25 @@ namespace {
 
 constexpr qint64 newestCommit = 1000000;
 
+/// A working copy of a trunk in which files were renamed, moved with their folder, replaced and deleted.
+class MovedFiles : public SvnFixture {
+public:
+    MovedFiles() {
+        commit({{u"icon@2x #1 50%.txt"_s, "a\n"}, {u"old/Größe.c"_s, "x\n"}, {u"file10"_s}, {u"file2"_s}});
+        commit({{u"icon@2x #1 50%.txt"_s, "a\nb\n"}});
+        svn(u"move|-q|old|new"_list);
+        commitAll();
+        commit({{u"new/Größe.c"_s, "x\ny\n"}});
+        svn(u"move|-q|new/Größe.c|new/size.c"_list);
+        commitAll();
+        svn(u"delete|-q|new/size.c"_list);
+        commitAll();
+        svn(u"delete|-q|icon@2x #1 50%.txt@"_list);
+        tree.makeDirectory(u"wc/icon@2x #1 50%.txt"_s);
+        commitAll();
+    }
+};
+
 TEST(History, ListsTheFilesOfASubversionProjectByTheirNewestRevision) {
     const MovedFiles repository;
     HistoryFixture f(repository);
@@ -40,13 +59,11 @@ TEST(History, ShowsWhatARevisionChangedInAFileWhateverBecameOfIt) {
 
 TEST(History, OfAWorkingCopyOfABranchNamesWhatLiesOutsideByItsWholePath) {
     SvnFixture repository;
-    repository.write(u"a.c"_s);
-    repository.commitAll(u"two"_s);
-    const QString branch = u"file://"_s + repository.tree.path(u"repo"_s) + u"/branches/my%20%23%25"_s;
+    repository.commit({{u"a.c"_s}});
+    const QString branch = repository.url(u"branches/my%20%23%25"_s);
     repository.svn({u"copy"_s, u"-q"_s, u"-m"_s, u"branch"_s, u"."_s, branch});
     repository.svn({u"switch"_s, u"-q"_s, branch});
-    repository.write(u"a.c"_s, "x\ny\n");
-    repository.commitAll(u"on the branch"_s);
+    repository.commit({{u"a.c"_s, "x\ny\n"}});
     HistoryFixture f(repository);
     EXPECT_EQ(f.files(), u"a.c: M 4|trunk/a.c: A 2"_list);
     EXPECT_EQ(f.diffLines(), u"+y"_list);
@@ -57,35 +74,25 @@ TEST(History, OfAWorkingCopyOfABranchNamesWhatLiesOutsideByItsWholePath) {
 
 TEST(History, IsGroupedAfreshWhenTheWorkingCopyMovesToABranch) {
     SvnFixture repository;
-    repository.write(u"a.c"_s);
-    repository.commitAll(u"two"_s);
-    const QString branch = u"file://"_s + repository.tree.path(u"repo"_s) + u"/branches/b"_s;
+    repository.commit({{u"a.c"_s}});
+    const QString branch = repository.url(u"branches/b"_s);
     repository.svn({u"copy"_s, u"-q"_s, u"-m"_s, u"branch"_s, u"."_s, branch});
     HistoryFixture f(repository);
     f.app.selectedTab = WorkflowTab::changes;
-    awaited(f.app.runSelectedProjectCommand(u"Switch"_s, {u"switch"_s, branch}, RefreshAfter::yes, ShowOutput::always));
+    f.run(u"Switch"_s, {u"switch"_s, branch});
     EXPECT_EQ(f.files(), u"trunk/a.c: A 2"_list);
     EXPECT_EQ(f.app.historyDiffID.value(), (FileRevisionID{u"trunk/a.c"_s, 2}));
 }
 
-/// A file that was renamed, a merge, names that need care.
-class GitHistoryFixture : public GitFixture {
-public:
-    GitHistoryFixture() {
-        writeAll({{u"ä #%@.c"_s, "one\ntwo\nthree\n"}, {u"b.c"_s}});
-        commitAll(u"first"_s);
-        git(u"checkout|-q|-b|side"_list);
-        write(u"side.c"_s, "s\n");
-        commitAll(u"side"_s);
-        git(u"checkout|-q|main"_list);
-        git(u"mv|ä #%@.c|new.c"_list);
-        commitAll(u"rename"_s);
-        git(u"merge|-q|--no-edit|side"_list);
-    }
-};
-
 TEST(History, OfGitHoldsRenamesMergesAndTheFirstCommit) {
-    GitHistoryFixture repository;
+    GitFixture repository;
+    repository.commit({{u"ä #%@.c"_s, "one\ntwo\nthree\n"}, {u"b.c"_s}});
+    repository.git(u"checkout|-q|-b|side"_list);
+    repository.commit({{u"side.c"_s, "s\n"}});
+    repository.git(u"checkout|-q|main"_list);
+    repository.git(u"mv|ä #%@.c|new.c"_list);
+    repository.commitAll();
+    repository.git(u"merge|-q|--no-edit|side"_list);
     HistoryFixture f(repository);
     ASSERT_EQ(f.app.logEntries.value().size(), 4);
     EXPECT_EQ(f.app.logEntries.value().first().paths, QList<SVNPathChange>()) << "a merge changes nothing by itself";
@@ -102,17 +109,14 @@ TEST(History, OfGitHoldsRenamesMergesAndTheFirstCommit) {
 
 TEST(History, FollowsTheSelectedCommitWhenANewOneMovesItsNumber) {
     GitFixture repository;
-    repository.write(u"a.c"_s, "1\n");
-    repository.commitAll(u"first"_s);
-    repository.write(u"a.c"_s, "2\n");
-    repository.commitAll(u"second"_s);
+    repository.commit({{u"a.c"_s, "1\n"}});
+    repository.commit({{u"a.c"_s, "2\n"}});
     HistoryFixture f(repository);
     f.select(u"a.c"_s, newestCommit - 1);
     const QString first = f.app.selectedRevisionToken();
     repository.write(u"a.c"_s, "3\n");
     awaited(f.app.refreshAll());
-    f.app.commitMessage = u"third"_s;
-    awaited(f.app.commitSelected());
+    f.commit({u"a.c"_s});
     EXPECT_EQ(f.files(), u"a.c: M 1000000, M 999999, A 999998"_list) << "shown at once";
     EXPECT_EQ(f.app.selectedRevisionToken(), first);
     EXPECT_EQ(f.diffLines(), u"+1"_list);
@@ -120,46 +124,36 @@ TEST(History, FollowsTheSelectedCommitWhenANewOneMovesItsNumber) {
 
 TEST(History, LoadsWhenItsTabIsShownAndLacksSomething) {
     SvnFixture repository;
-    repository.write(u"a.c"_s);
-    repository.commitAll(u"two"_s);
-    HistoryFixture f;
-    f.open(repository.path(), RepositoryKind::svn);
-    EXPECT_FALSE(f.app.historyLoaded);
-    f.app.selectedTab = WorkflowTab::history;
-    awaited(f.app.tabChanged());
-    EXPECT_EQ(f.files(), u"a.c: A 2"_list);
-    f.app.selectedTab = WorkflowTab::archives;
-    awaited(f.app.tabChanged());
-    EXPECT_EQ(f.app.archiveEntries.value(), f.app.logEntries.value());
+    repository.commit({{u"a.c"_s}});
+    AppFixture f(repository);
+    const auto loaded = [&f] {
+        return std::pair<int, int>(f.app.logEntries.value().size(), f.app.archiveEntries.value().size());
+    };
+    const auto showBoth = [&f] {
+        f.showTab(WorkflowTab::history);
+        f.showTab(WorkflowTab::archives);
+    };
+    EXPECT_EQ(loaded(), std::pair(0, 0));
+    showBoth();
+    EXPECT_EQ(loaded(), std::pair(2, 2));
 
     // Nobody told the program: only a refresh finds that out.
-    repository.write(u"b.c"_s);
-    repository.commitAll(u"three"_s);
-    for (const WorkflowTab tab : {WorkflowTab::history, WorkflowTab::archives}) {
-        f.app.selectedTab = tab;
-        awaited(f.app.tabChanged());
-    }
-    EXPECT_EQ(f.app.logEntries.value().size(), 2);
-    EXPECT_EQ(f.app.archiveEntries.value().size(), 2);
+    repository.commit({{u"b.c"_s}});
+    showBoth();
+    EXPECT_EQ(loaded(), std::pair(2, 2));
     awaited(f.app.refreshArchives());
-    EXPECT_EQ(f.app.archiveEntries.value().size(), 3);
+    EXPECT_EQ(loaded(), std::pair(2, 3));
     awaited(f.app.refreshHistory());
-    EXPECT_EQ(f.app.logEntries.value().size(), 3);
+    EXPECT_EQ(loaded(), std::pair(3, 3));
 
     f.app.selectedTab = WorkflowTab::changes;
     repository.write(u"c.c"_s);
     awaited(f.app.refreshAll());
-    f.app.setCommitSelection(f.app.changes, true);
-    f.app.commitMessage = u"four"_s;
-    awaited(f.app.commitSelected());
-    awaited(f.app.runSelectedProjectCommand(u"Update"_s, {u"update"_s}, RefreshAfter::yes, ShowOutput::always));
-    EXPECT_EQ(f.app.logEntries.value().size(), 3) << "not shown, not loaded";
-    for (const WorkflowTab tab : {WorkflowTab::history, WorkflowTab::archives}) {
-        f.app.selectedTab = tab;
-        awaited(f.app.tabChanged());
-    }
-    EXPECT_EQ(f.app.logEntries.value().size(), 4);
-    EXPECT_EQ(f.app.archiveEntries.value().size(), 4);
+    f.commit({u"c.c"_s});
+    f.run(u"Update"_s, u"update"_list);
+    EXPECT_EQ(loaded(), std::pair(3, 3)) << "not shown, not loaded";
+    showBoth();
+    EXPECT_EQ(loaded(), std::pair(4, 4));
 }
 
 TEST(History, OfAnEmptyRepositoryIsEmptyAndNoFailure) {
@@ -172,35 +166,30 @@ TEST(History, OfAnEmptyRepositoryIsEmptyAndNoFailure) {
         {"Git before the first commit", git.path(), RepositoryKind::git},
     };
     for (const auto &[name, path, kind] : rows) {
-        HistoryFixture f;
-        f.openHistory(path, kind);
-        awaited(f.app.loadArchives());
+        AppFixture f;
+        f.open(path, kind);
+        f.showTab(WorkflowTab::history);
+        f.showTab(WorkflowTab::archives);
         EXPECT_TRUE(f.app.historyLoaded && f.app.archivesLoaded);
-        EXPECT_TRUE(f.app.logEntries.value().isEmpty() && f.app.archiveEntries.value().isEmpty());
-        EXPECT_EQ(f.app.selectedHistoryPath.value(), std::nullopt);
-        EXPECT_EQ(f.app.selectedRevision.value(), std::nullopt);
-        EXPECT_EQ(f.app.historyDiffID.value(), std::nullopt);
+        EXPECT_EQ(f.alertText(), QString());
     }
 }
 
 TEST(History, OfTheOldProjectIsGoneWhenAnotherIsSelected) {
     SvnFixture repository;
-    repository.write(u"a.c"_s);
-    repository.commitAll(u"two"_s);
+    repository.commit({{u"a.c"_s}});
     const GitFixture other;
     HistoryFixture f(repository);
     awaited(f.app.loadArchives());
     f.app.selectedArchiveEntryID = 2;
     f.app.selectedTab = WorkflowTab::changes;
-    f.open(other.path(), RepositoryKind::git);
+    f.open(other);
     EXPECT_TRUE(f.files().isEmpty() && f.app.logEntries.value().isEmpty() && f.app.archiveEntries.value().isEmpty());
     EXPECT_FALSE(f.app.historyLoaded || f.app.archivesLoaded);
-    EXPECT_EQ(f.app.selectedHistoryPath.value(), std::nullopt);
-    EXPECT_EQ(f.app.selectedRevision.value(), std::nullopt);
-    EXPECT_EQ(f.app.selectedArchiveEntryID.value(), std::nullopt);
+    EXPECT_FALSE(f.app.selectedHistoryPath.value() || f.app.selectedRevision.value());
+    EXPECT_FALSE(f.app.selectedArchiveEntryID.value() || f.app.historyDiffID.value());
     EXPECT_EQ(f.app.historyLineSummary.value(), LineChangeSummary());
     EXPECT_EQ(f.app.historyDiffText.value(), QString());
-    EXPECT_EQ(f.app.historyDiffID.value(), std::nullopt);
 }
 
 TEST(History, ShowsBothVersionsOfAPicture) {
@@ -209,23 +198,16 @@ TEST(History, ShowsBothVersionsOfAPicture) {
         {"changed", u"a@b.png"_s, 1, "\x89PNG one", "\x89PNG two"},
         {"added", u"a@b.png"_s, 2, {}, "\x89PNG one"},
     };
-    const auto fill = [](auto &repository) {
-        repository.write(u"a@b.png"_s, "\x89PNG one");
-        repository.commitAll(u"first"_s);
-        repository.write(u"a@b.png"_s, "\x89PNG two");
-        repository.commitAll(u"second"_s);
-    };
     SvnFixture svn;
-    fill(svn);
-    svn.svn(u"delete|-q|a@b.png@"_list);
-    svn.commitAll(u"third"_s);
     GitFixture git;
-    fill(git);
-    git.git(u"rm|-q|a@b.png"_list);
-    git.commitAll(u"third"_s);
-    for (const RepositoryKind kind : {RepositoryKind::svn, RepositoryKind::git}) {
-        HistoryFixture f;
-        f.openHistory(kind == RepositoryKind::svn ? svn.path() : git.path(), kind);
+    const Rows<RepositoryFixture *, QStringList> repositories{{"svn", &svn, u"delete|-q|a@b.png@"_list},
+                                                              {"git", &git, u"rm|-q|a@b.png"_list}};
+    for (const auto &[kind, repository, deletion] : repositories) {
+        repository->commit({{u"a@b.png"_s, "\x89PNG one"}});
+        repository->commit({{u"a@b.png"_s, "\x89PNG two"}});
+        repository->run(deletion);
+        repository->commitAll();
+        HistoryFixture f(*repository);
         const qint64 newest = f.app.logEntries.value().first().revision;
         for (const auto &[name, path, age, before, after] : rows) {
             f.select(path, newest - age);

@@ -69,15 +69,6 @@ TEST_F(IncomingLoads, AsksBothAtOnceAndShowsTheListBeforeItsSumAndDiff) {
     EXPECT_EQ(app->incomingLineSummary.value(), (LineChangeSummary{2, 1}));
 }
 
-TEST_F(IncomingLoads, RunsNoLogWithoutARange) {
-    load();
-    finishStatus("10");
-    ASSERT_TRUE(waitUntil([&] { return app->incomingLoaded.value(); }));
-    settle();
-    EXPECT_EQ(tool->vectors(), (QList<QStringList>{infoRun, statusRun}));
-    EXPECT_EQ(app->incoming.incomingRangeDescription(), u"r10 to r10"_s);
-}
-
 TEST_F(IncomingLoads, AFailedLogLeavesRangeAndListAsTheyWere) {
     load();
     finishStatus("11");
@@ -96,10 +87,8 @@ TEST_F(IncomingLoads, AFailedLogLeavesRangeAndListAsTheyWere) {
 TEST_F(IncomingLoads, AnOlderLoadNeitherReplacesANewerOneNorTellsOfItsFailure) {
     load();
     load();
-    tool->runs[2].promise->addResult(SVNCommandResult{{}, 0, printedInfo, {}});
-    tool->runs[2].promise->finish();
-    tool->runs[3].promise->addResult(SVNCommandResult{{}, 0, statusAt("12"), {}});
-    tool->runs[3].promise->finish();
+    finishRun(2, printedInfo);
+    finishRun(3, statusAt("12"));
     finish(logTo(u"12"_s), printedLog({"12"}));
     ASSERT_TRUE(waitUntil([&] { return !app->busyMessage.value(); }));
     finish(infoRun, printedInfo);
@@ -156,13 +145,6 @@ TEST_F(IncomingLoads, ARefreshAsksAgainForWhatASilentServerHolds) {
     loadAll();
     ASSERT_TRUE(waitForRun(diffOf(u"11"_s), 3));
     EXPECT_EQ(runs(summaryTo12), 2) << "each reads the whole range";
-    for (int i = 0; i < 3; ++i)
-        finish(diffOf(u"11"_s), "+eleven\n");
-    EXPECT_TRUE(waitUntil([&] { return app->incomingDiffText.value() == u"+eleven\n"_s; }));
-    finish(summaryTo12, "Index: a\n@@ -1 +1 @@\n-x\n+y\n+z\n");
-    EXPECT_TRUE(waitUntil([&] { return app->incomingLineSummary.value() == LineChangeSummary{2, 1}; }));
-    settle();
-    EXPECT_EQ(runs(summaryTo12), 2) << "the sum is known";
 }
 
 } // namespace

@@ -1,6 +1,5 @@
-#include "incoming_fixture.h"
+#include "support/app_test.h"
 #include "support/svn_server.h"
-#include "support/test.h"
 
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -8,17 +7,67 @@
 namespace kestor {
 namespace {
 
+/// A repository with a working copy of its trunk, at revision 2, and a second one ("theirs") of somebody who commits on
+/// the side.
+class SharedRepository : public SvnFixture {
+public:
+    /// The trunk holds "a.c", "src/b.c" and "icon@2x.png".
+    SharedRepository() {
+        commit({{u"a.c"_s, "one\n"}, {u"src/b.c"_s, "b\n"}, {u"icon@2x.png"_s, "\x89PNG one"}});
+        runTool(u"svn"_s, {u"checkout"_s, u"-q"_s, url(u"trunk"_s), tree.path(u"theirs"_s)}, tree.path());
+    }
+
+    QByteArray theirSvn(const QStringList &arguments) const {
+        return runTool(u"svn"_s, arguments, tree.path(u"theirs"_s));
+    }
+    /// Adds everything and commits it, a file with new content, too.
+    void theyCommit(const QString &relative, const QByteArray &content) {
+        tree.write(u"theirs/"_s + relative, content);
+        theirSvn(u"add|-q|--force|."_list);
+        theirSvn(u"commit|-q|-m|theirs"_list);
+        theirSvn(u"update|-q"_list);
+    }
+};
+
+/// A controller on its Incoming tab.
+class IncomingFixture : public AppFixture {
+public:
+    IncomingFixture() { app.selectedTab = WorkflowTab::incoming; }
+    explicit IncomingFixture(const SvnFixture &project) : IncomingFixture() { open(project); }
+
+    /// "r2 to r5: 5 4 3", the selected revision in brackets.
+    QString range() const {
+        QStringList revisions;
+        for (const LogEntry &entry : app.incomingEntries.value()) {
+            const QString number = QString::number(entry.revision);
+            const bool selected = app.selectedIncomingRevision.value() == entry.revision;
+            revisions.append(selected ? u'[' + number + u']' : number);
+        }
+        return app.incoming.incomingRangeDescription().value_or(u"-"_s) + u": "_s + revisions.join(u' ');
+    }
+    /// The items that are out of date as "LETTER path".
+    QStringList outdated() const {
+        QStringList all;
+        for (const WorkingCopyItem &item : app.incomingOutdatedItems.value())
+            all.append(shortName(item.kind) + u' ' + item.path);
+        return all;
+    }
+    void select(qint64 revision) {
+        app.selectedIncomingRevision = revision;
+        awaited(app.incoming.selectedIncomingRevisionChanged());
+    }
+    /// The added and removed lines of the published diff, without their heads.
+    QStringList diffLines() const { return changedLines(app.incomingDiffText); }
+};
+
 /// Three revisions: one of a file, one of several, one of a picture.
 class BusyColleague : public SharedRepository {
 public:
     BusyColleague() {
-        theyWrite(u"a.c"_s, "one\ntwo\n");
-        theyCommit(u"three"_s);
-        theyWrite(u"new.c"_s, "n\n");
+        theyCommit(u"a.c"_s, "one\ntwo\n");
         theirSvn(u"delete|-q|src/b.c"_list);
-        theyCommit(u"four"_s);
-        theyWrite(u"icon@2x.png"_s, "\x89PNG two");
-        theyCommit(u"five"_s);
+        theyCommit(u"new.c"_s, "n\n");
+        theyCommit(u"icon@2x.png"_s, "\x89PNG two");
     }
 };
 
@@ -28,7 +77,6 @@ TEST(Incoming, ShowsWhatAnUpdateWouldBring) {
     EXPECT_EQ(f.range(), u"r2 to r5: [5] 4 3"_s);
     EXPECT_EQ(f.outdated(), u"M .|M a.c|M icon@2x.png|A new.c|D src/b.c"_list);
     EXPECT_EQ(f.app.incomingLineSummary.value(), (LineChangeSummary{3, 2}));
-    EXPECT_EQ(f.app.busyMessage.value(), std::nullopt);
     EXPECT_EQ(f.app.incomingDiffRevision.value(), 5);
     EXPECT_EQ(f.app.selectedRevisionToken(), u"5"_s);
     const DiffPreview picture = f.app.incomingDiffPreview;
@@ -49,7 +97,7 @@ TEST(Incoming, IsTrueAfterAnUpdateWithoutARestart) {
     BusyColleague repository;
     repository.write(u"a.c"_s, "one\nmine\n");
     IncomingFixture f(repository);
-    awaited(f.app.runSelectedProjectCommand(u"Update"_s, u"update"_list, RefreshAfter::yes, ShowOutput::always));
+    f.run(u"Update"_s, u"update"_list);
     EXPECT_EQ(f.range(), u"r5 to r5: "_s);
     EXPECT_TRUE(f.app.incomingLoaded);
     EXPECT_EQ(f.outdated(), QStringList());
@@ -63,16 +111,11 @@ TEST(Incoming, CountsNothingThatAnUpdateOnAnotherTabHasBrought) {
     const BusyColleague repository;
     IncomingFixture f(repository);
     f.app.selectedTab = WorkflowTab::changes;
-    const auto update = [&f](const QString &revision) {
-        awaited(f.app.runSelectedProjectCommand(u"Update"_s, {u"update"_s, u"-r"_s, revision}, RefreshAfter::yes,
-                                                ShowOutput::always));
-    };
-    update(u"4"_s);
+    f.run(u"Update"_s, u"update|-r|4"_list);
     EXPECT_EQ(f.range(), u"r2 to r5: [5] 4 3"_s) << "some of it is still to come";
-    update(u"5"_s);
+    f.run(u"Update"_s, u"update"_list);
     EXPECT_EQ(f.range(), u"-: "_s);
-    f.app.selectedTab = WorkflowTab::incoming;
-    awaited(f.app.tabChanged());
+    f.showTab(WorkflowTab::incoming);
     EXPECT_EQ(f.range(), u"r5 to r5: "_s);
 }
 
@@ -80,21 +123,17 @@ TEST(Incoming, LoadsAgainWhenItIsShownAfterACommandOrHasNothing) {
     SharedRepository repository;
     IncomingFixture f(repository);
     EXPECT_EQ(f.range(), u"r2 to r2: "_s);
-    repository.theyWrite(u"a.c"_s, "2\n");
-    repository.theyCommit(u"three"_s);
+    repository.theyCommit(u"a.c"_s, "2\n");
     awaited(f.app.tabChanged());
     EXPECT_EQ(f.range(), u"r2 to r3: [3]"_s) << "it was empty";
-    repository.theyWrite(u"a.c"_s, "3\n");
-    repository.theyCommit(u"four"_s);
+    repository.theyCommit(u"a.c"_s, "3\n");
     awaited(f.app.tabChanged());
     EXPECT_EQ(f.range(), u"r2 to r3: [3]"_s) << "nothing asked for it";
     f.app.selectedTab = WorkflowTab::changes;
-    awaited(f.app.runSelectedProjectCommand(u"Pull"_s, u"update|-r|3"_list, RefreshAfter::yes, ShowOutput::always));
-    f.app.selectedTab = WorkflowTab::incoming;
-    awaited(f.app.tabChanged());
+    f.run(u"Pull"_s, u"update|-r|3"_list);
+    f.showTab(WorkflowTab::incoming);
     EXPECT_EQ(f.range(), u"r3 to r4: [4]"_s);
-    repository.theyWrite(u"a.c"_s, "5\n");
-    repository.theyCommit(u"five"_s);
+    repository.theyCommit(u"a.c"_s, "5\n");
     awaited(f.app.incoming.refreshIncoming());
     EXPECT_EQ(f.range(), u"r3 to r5: 5 [4]"_s);
     const GitFixture other;
@@ -103,63 +142,17 @@ TEST(Incoming, LoadsAgainWhenItIsShownAfterACommandOrHasNothing) {
     EXPECT_EQ(f.range(), u"-: "_s) << "of the project before";
 }
 
-TEST(Incoming, KnowsWorkingCopiesOfEveryShape) {
-    const Rows<std::function<void(SharedRepository &)>, QString, QStringList> rows{
-        {"mixed revisions",
-         [](SharedRepository &r) {
-             r.theyWrite(u"a.c"_s, "2\n");
-             r.theyCommit(u"three"_s);
-             r.theyWrite(u"src/b.c"_s, "2\n");
-             r.theyCommit(u"four"_s);
-             r.svn(u"update|-q|-r|3"_list);
-             r.svn(u"update|-q|-r|2|a.c"_list);
-         },
-         u"r2 to r4: [4] 3"_s, u"M a.c|M src/b.c"_list},
-        {"a switched folder",
-         [](SharedRepository &r) {
-             r.theirSvn({u"copy"_s, u"-q"_s, u"-m"_s, u"three"_s, r.url(u"trunk/src"_s), r.url(u"branches/src"_s)});
-             r.svn(u"update|-q"_list);
-             r.svn({u"switch"_s, u"-q"_s, r.url(u"branches/src"_s), u"src"_s});
-             r.theirSvn({u"switch"_s, u"-q"_s, r.url(u"branches/src"_s), u"src"_s});
-             r.theyWrite(u"src/b.c"_s, "branch\n");
-             r.theyCommit(u"four"_s);
-         },
-         u"r3 to r4: "_s, u"M src/b.c"_list},
-        {"an external of another repository",
-         [](SharedRepository &r) {
-             runTool(u"svnadmin"_s, {u"create"_s, r.tree.path(u"lib"_s)}, r.tree.path());
-             const QString library = u"file://"_s + r.tree.path(u"lib"_s);
-             r.svn({u"propset"_s, u"-q"_s, u"svn:externals"_s, library + u" lib"_s, u"."_s});
-             r.commitAll(u"three"_s);
-             runTool(u"svn"_s, {u"mkdir"_s, u"-q"_s, u"-m"_s, u"1"_s, library + u"/d"_s}, r.tree.path());
-         },
-         u"r3 to r3: "_s, u"M lib|A lib/d"_list},
-        {"added on both sides",
-         [](SharedRepository &r) {
-             r.theyWrite(u"both.c"_s, "theirs\n");
-             r.theyCommit(u"three"_s);
-             r.write(u"both.c"_s, "mine\n");
-             r.svn(u"add|-q|both.c"_list);
-         },
-         u"r2 to r3: [3]"_s, u"A both.c"_list},
-        {"revisions that change nothing here",
-         [](SharedRepository &r) {
-             r.theirSvn({u"mkdir"_s, u"-q"_s, u"-m"_s, u"three"_s, r.url(u"branches/b"_s)});
-         },
-         u"r2 to r3: "_s,
-         {}},
-    };
-    for (const auto &[name, prepare, range, wantedOutdated] : rows) {
-        SharedRepository repository;
-        prepare(repository);
-        IncomingFixture f(repository);
-        EXPECT_EQ(f.range(), range);
-        // The folder itself counts as changed where names come or go.
-        QStringList outdated = f.outdated();
-        outdated.removeAll(u"M ."_s);
-        EXPECT_EQ(outdated, wantedOutdated);
-        EXPECT_EQ(f.app.incomingDiffText.value().isEmpty(), f.app.incomingEntries.value().isEmpty());
-    }
+TEST(Incoming, KnowsASwitchedFolder) {
+    SharedRepository r;
+    const QString branch = r.url(u"branches/src"_s);
+    r.theirSvn({u"copy"_s, u"-q"_s, u"-m"_s, u"three"_s, r.url(u"trunk/src"_s), branch});
+    r.svn(u"update|-q"_list);
+    r.svn({u"switch"_s, u"-q"_s, branch, u"src"_s});
+    r.theirSvn({u"switch"_s, u"-q"_s, branch, u"src"_s});
+    r.theyCommit(u"src/b.c"_s, "branch\n");
+    const IncomingFixture f(r);
+    EXPECT_EQ(f.range(), u"r3 to r4: "_s);
+    EXPECT_TRUE(f.outdated().contains(u"M src/b.c"_s));
 }
 
 TEST(Incoming, ComesFromAServerAndWaitsForOneThatNeverAnswers) {
@@ -206,8 +199,7 @@ TEST(Incoming, TellsOfAURLThatIsGoneAndGoesOnWhenItIsMadeAnew) {
 
 TEST(Incoming, KeepsWhatIsStillToComeBelowAFolderThatIsAtTheHead) {
     SharedRepository repository;
-    repository.theyWrite(u"a.c"_s, "2\n");
-    repository.theyCommit(u"three"_s);
+    repository.theyCommit(u"a.c"_s, "2\n");
     repository.svn(u"update|-q"_list);
     repository.svn(u"update|-q|-r|2|a.c"_list);
     IncomingFixture f(repository);
@@ -223,10 +215,8 @@ TEST(Incoming, ComesFromAURLWithASpaceAndAnAtSign) {
     repository.theirSvn({u"copy"_s, u"-q"_s, u"-m"_s, u"three"_s, repository.url(u"trunk"_s), url});
     runTool(u"svn"_s, {u"checkout"_s, u"-q"_s, url, repository.tree.path(u"line@2"_s)}, repository.tree.path());
     repository.theirSvn({u"switch"_s, u"-q"_s, url});
-    repository.theyWrite(u"src/b.c"_s, "b\nc\n");
-    repository.theyCommit(u"four"_s);
-    repository.theyWrite(u"icon@2x.png"_s, "\x89PNG two");
-    repository.theyCommit(u"five"_s);
+    repository.theyCommit(u"src/b.c"_s, "b\nc\n");
+    repository.theyCommit(u"icon@2x.png"_s, "\x89PNG two");
     IncomingFixture f;
     f.open(repository.tree.path(u"line@2"_s), RepositoryKind::svn);
     EXPECT_EQ(f.range(), u"r3 to r5: [5] 4"_s);

@@ -1,4 +1,3 @@
-#include "model/language_configuration_store.h"
 #include "support/app_test.h"
 
 namespace kestor {
@@ -16,21 +15,6 @@ TEST(LanguageRules, ASyntaxFileThatColorsNothingIsToldOf) {
         EXPECT_EQ(fixture.app.customLanguageRules.value().first().syntaxFilePath, folder.path(name));
         EXPECT_EQ(fixture.app.alert.value().has_value(), name != u"good") << name.toStdString();
     }
-}
-
-TEST(LanguageRules, UnreadableOnesAreKeptBeforeTheFirstSave) {
-    const QString key = u"KestorSVN.customLanguageRules"_s;
-    TempTree folder;
-    QSettings settings(folder.path(u"test.conf"_s), QSettings::IniFormat);
-    settings.setValue(key, QByteArray("[{\"id\": 7}]"));
-    ScriptedUser user;
-    AppState app(settings, user, systemTools(settings));
-    app.languageRules.removeCustomLanguageRule(QUuid::createUuid());
-    EXPECT_EQ(settings.value(key).toByteArray(), "[{\"id\": 7}]") << "nothing changed, nothing saved";
-    app.languageRules.addCustomLanguageRule();
-    app.languageRules.addCustomLanguageRule();
-    EXPECT_EQ(settings.value(key + u".unreadable"_s).toByteArray(), "[{\"id\": 7}]");
-    EXPECT_EQ(LanguageConfigurationStore(settings).load().size(), 2);
 }
 
 } // namespace

@@ -28,19 +28,6 @@ std::string shown(AppFixture &f, const QString &path) {
     return name(preview.oldData) + ' ' + name(preview.newData);
 }
 
-TEST(MediaPreview, KindsGoByTheExtension) {
-    const std::pair<std::optional<DiffPreviewKind>, QStringList> rows[] = {
-        {DiffPreviewKind::image, u"assets/Logo.PNG|a.svg|icon@2x.jpeg|a.b.webp"_list},
-        {DiffPreviewKind::font, u"fonts/A.ttf|A.OTF|A.otc|A.dfont|A.woff2|A.pfb"_list},
-        {DiffPreviewKind::audio, u"chime.ogg|a.wav|a.mp3"_list},
-        {std::nullopt, u"main.cpp|png|images.png/readme|a.ts|clip.mp4|trailing.|data.bin"_list},
-    };
-    for (const auto &[kind, paths] : rows) {
-        for (const QString &path : paths)
-            EXPECT_EQ(mediaPreviewKind(path), kind) << qPrintable(path);
-    }
-}
-
 TEST(MediaPreview, TooLargeOrAbsentVersionsAreNotShown) {
     EXPECT_EQ(mediaPreview(DiffPreviewKind::image, u"a.png"_s, std::nullopt, std::nullopt), std::nullopt);
     const QByteArray huge(largestPreviewedFile + 1, '\0');
@@ -53,12 +40,10 @@ TEST(MediaPreview, TooLargeOrAbsentVersionsAreNotShown) {
 
 TEST(MediaPreview, OfASubversionProjectHasTheVersionsThatExist) {
     SvnFixture repository;
-    for (const QString &name : u"modified.png|deleted.png|missing.png|icon@2x.png|-dash.png|emptied.png|"
-                               "replaced.png|linked.png|data.bin|text.c"_list)
-        repository.write(name, imageBefore);
-    repository.commitAll(u"first"_s);
-    for (const QString &name : u"modified.png|icon@2x.png|-dash.png|added.png|new.png|data.bin"_list)
-        repository.write(name, imageAfter);
+    repository.commit(u"modified.png|deleted.png|missing.png|icon@2x.png|-dash.png|emptied.png|"
+                      "replaced.png|linked.png|data.bin|text.c"_list,
+                      imageBefore);
+    repository.writeAll(u"modified.png|icon@2x.png|-dash.png|added.png|new.png|data.bin"_list, imageAfter);
     repository.write(u"emptied.png"_s, "");
     repository.tree.makeDirectory(u"wc/"_s + u"folder.png"_s);
     repository.svn(u"add|added.png"_list);
@@ -70,20 +55,14 @@ TEST(MediaPreview, OfASubversionProjectHasTheVersionsThatExist) {
     QFile::link(repository.path(u"modified.png"_s), repository.path(u"linked.png"_s));
     QFile::link(repository.path(u"modified.png"_s), repository.path(u"link.png"_s));
     AppFixture f(repository);
-    struct Row {
-        const char *path;
-        std::string shown;
-    };
-    const Row rows[] = {
+    const Rows<std::string> rows{
         {"modified.png", "before after"}, {"icon@2x.png", "before after"},    {"-dash.png", "before after"},
         {"emptied.png", "before empty"},  {"replaced.png", "- after"},        {"added.png", "- after"},
         {"new.png", "- after"},           {"deleted.png", "before -"},        {"missing.png", "before -"},
         {"linked.png", "before -"},       {"link.png", "Unknown file type."}, {"data.bin", "Unknown file type."},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.path);
-        EXPECT_EQ(shown(f, QString::fromUtf8(row.path)), row.shown);
-    }
+    for (const auto &[path, expected] : rows)
+        EXPECT_EQ(shown(f, QString::fromUtf8(path)), expected);
     EXPECT_EQ(f.alertText(), QString());
 }
 
@@ -96,9 +75,7 @@ TEST(MediaPreview, OfAGitProjectFollowsRenamesAndDoesWithoutHead) {
     EXPECT_EQ(shown(f, u"logo.svg"_s), "- other");
     EXPECT_TRUE(f.app.diffText.value().endsWith(u"+<svg/>"_s)) << qPrintable(f.app.diffText.value());
 
-    repository.writeAll(
-        {{u"sub/größe.png"_s, imageBefore}, {u"old.png"_s, imageBefore}, {u"deleted.png"_s, imageAfter}});
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"sub/größe.png"_s, imageBefore}, {u"old.png"_s, imageBefore}, {u"deleted.png"_s, imageAfter}});
     repository.write(u"sub/größe.png"_s, imageAfter);
     repository.git(u"mv|old.png|sub/new.png"_list);
     repository.git(u"rm|-q|deleted.png"_list);

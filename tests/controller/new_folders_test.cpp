@@ -1,18 +1,12 @@
 #include "controller/new_folders.h"
 #include "controller/repository_addresses.h"
-#include "support/temp_tree.h"
 #include "support/test.h"
 
 namespace kestor {
 namespace {
 
 TEST(RepositoryAddresses, SayTheirToolAndOfferAName) {
-    struct Row {
-        QString url;
-        RepositoryKind kind;
-        QString name;
-    };
-    const Row rows[] = {
+    const std::tuple<QString, RepositoryKind, QString> rows[] = {
         {u"git@example.org:team/app.git"_s, RepositoryKind::git, u"app"_s},
         {u"git@example.org:app"_s, RepositoryKind::git, u"git@example.org:app"_s},
         {u"ssh://git@example.org/app/"_s, RepositoryKind::git, u"app"_s},
@@ -24,9 +18,9 @@ TEST(RepositoryAddresses, SayTheirToolAndOfferAName) {
         {u"https://example.org/my%20project"_s, RepositoryKind::svn, u"my%20project"_s},
         {u"///"_s, RepositoryKind::svn, u"Working Copy"_s},
     };
-    for (const Row &row : rows) {
-        EXPECT_EQ(repositoryKindOf(row.url), row.kind) << row.url.toStdString();
-        EXPECT_EQ(offeredFolderName(row.url), row.name) << row.url.toStdString();
+    for (const auto &[url, kind, name] : rows) {
+        EXPECT_EQ(repositoryKindOf(url), kind) << url.toStdString();
+        EXPECT_EQ(offeredFolderName(url), name) << url.toStdString();
     }
 }
 
@@ -41,12 +35,8 @@ TEST(RepositoryAddresses, AreRefusedWhenTheyAreOptionsOrPathsOfWindows) {
 }
 
 TEST(RepositoryAddresses, KeepTheirAtFromBeingARevision) {
-    struct Row {
-        QString url;
-        QString target;    ///< to read
-        QString newTarget; ///< to make
-    };
-    const Row rows[] = {
+    // To read and to make.
+    const std::tuple<QString, QString, QString> rows[] = {
         {u"https://me@host/trunk"_s, u"https://me@host/trunk"_s, u"https://me@host/trunk"_s},
         {u"svn+ssh://me@host"_s, u"svn+ssh://me@host@"_s, u"svn+ssh://me@host@"_s},
         {u"file:///r/icon@2x.png"_s, u"file:///r/icon@2x.png@"_s, u"file:///r/icon@2x.png@"_s},
@@ -58,38 +48,22 @@ TEST(RepositoryAddresses, KeepTheirAtFromBeingARevision) {
         {u"file:///r/a@{2024-02-01}"_s, u"file:///r/a@{2024-02-01}"_s, u"file:///r/a@{2024-02-01}@"_s},
         {u"file:///r/a%40b@7"_s, u"file:///r/a%40b@7"_s, u"file:///r/a%40b@7@"_s},
     };
-    for (const Row &row : rows) {
-        EXPECT_EQ(svnURLTarget(row.url), row.target) << row.url.toStdString();
-        EXPECT_EQ(svnNewURLTarget(row.url), row.newTarget) << row.url.toStdString();
+    for (const auto &[url, target, newTarget] : rows) {
+        EXPECT_EQ(svnURLTarget(url), target) << url.toStdString();
+        EXPECT_EQ(svnNewURLTarget(url), newTarget) << url.toStdString();
     }
 }
 
 TEST(NewFolders, TakeOnePlainName) {
     for (const QString &good : u"app|.app|..app|a b|-x|größe@2|a\\b"_list)
         EXPECT_EQ(folderNameRefusal(good), std::nullopt) << good.toStdString();
-    EXPECT_EQ(folderNameRefusal(QString()),
-              (Refusal{u"Folder Name Required"_s, u"Choose a name for the new folder."_s}));
-    for (const QString &bad : u".|..|a/b|/tmp|../x|a/"_list) {
-        const std::optional<Refusal> refusal = folderNameRefusal(bad);
-        ASSERT_TRUE(refusal) << bad.toStdString();
-        EXPECT_EQ(refusal->title, u"Invalid Folder Name"_s);
-    }
+    for (const QString &bad : u"|.|..|a/b|/tmp|../x|a/"_list)
+        EXPECT_NE(folderNameRefusal(bad), std::nullopt) << bad.toStdString();
     EXPECT_EQ(folderIn(u"/"_s, u"a"_s), u"/a"_s);
     EXPECT_EQ(newRepositoryAt(u"/tmp/x/../Demo"_s), (NewRepository{u"/tmp/Demo"_s, u"/tmp/Demo.repo"_s}));
     for (const QString &unnamed : u"/tmp/|/tmp/.|/tmp/..|/tmp/x/.."_list)
         EXPECT_EQ(newRepositoryAt(unnamed), std::nullopt) << unnamed.toStdString();
     EXPECT_EQ(fileURL(u"/tmp/a b#c%ü?"_s), u"file:///tmp/a%20b%23c%25%C3%BC%3F"_s);
-}
-
-TEST(NewFolders, ReplaceNothingButAnEmptyFolder) {
-    TempTree tree;
-    tree.makeDirectory(u"empty"_s);
-    tree.writeAll({{u"hidden/.file"_s}, {u"file"_s}});
-    QFile::link(tree.path(u"nowhere"_s), tree.path(u"dangling"_s));
-    for (const QString &free : u"none|empty"_list)
-        EXPECT_EQ(standingDestinationRefusal(tree.path(free)), std::nullopt) << free.toStdString();
-    for (const QString &taken : u"hidden|file|dangling"_list)
-        EXPECT_NE(standingDestinationRefusal(tree.path(taken)), std::nullopt) << taken.toStdString();
 }
 
 } // namespace

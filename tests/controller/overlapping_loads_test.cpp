@@ -48,16 +48,19 @@ TEST_F(OverlappingLoads, AnOlderProjectsRowsNeverReplaceTheNewOnes) {
     selectProject(0);
     ASSERT_TRUE(waitForRun(status, 1));
     EXPECT_EQ(app->busyMessage.value(), u"Loading changes"_s);
-    selectProject(1);
+    selectProject(0);
     ASSERT_TRUE(waitForRun(status, 2));
+    selectProject(1);
+    ASSERT_TRUE(waitForRun(status, 3));
     // The second project answers first.
-    tool->runs[tool->vectors().lastIndexOf(status)].promise->addResult(SVNCommandResult{{}, 0, " M two.c\n", {}});
-    tool->runs[tool->vectors().lastIndexOf(status)].promise->finish();
+    finishRun(tool->vectors().lastIndexOf(status), " M two.c\n");
     ASSERT_TRUE(waitUntil([&] { return paths() == u"two.c"_list; }));
     EXPECT_EQ(app->busyMessage.value(), std::nullopt);
     finish(status, " M one.c\n");
+    finish(status, "", 128);
     settle();
     EXPECT_EQ(paths(), u"two.c"_list);
+    EXPECT_EQ(app->alert.value(), std::nullopt);
     EXPECT_EQ(app->selectedChangeID.value(), u"two.c"_s);
 }
 
@@ -74,17 +77,6 @@ TEST_F(OverlappingLoads, ASupersededLoadTakesBackNoOtherBusyMessage) {
     EXPECT_TRUE(waitUntil([&] { return !app->busyMessage.value(); }));
 }
 
-TEST_F(OverlappingLoads, TheFailureOfAnOldLoadStaysUntold) {
-    selectProject(0);
-    ASSERT_TRUE(waitForRun(status, 1));
-    selectProject(1);
-    ASSERT_TRUE(waitForRun(status, 2));
-    ASSERT_TRUE(tool->finish(status, "", 128, "fatal: gone"));
-    finish(status, " M two.c\n");
-    ASSERT_TRUE(waitUntil([&] { return paths() == u"two.c"_list; }));
-    EXPECT_EQ(app->alert.value(), std::nullopt);
-}
-
 TEST_F(OverlappingLoads, AnOlderDiffNeverReplacesTheNewOne) {
     app->selectedProjectID = app->projects.value()[0].id;
     app->changes = QList<WorkingCopyItem>{{.path = u"a.c"_s, .kind = SVNStatusKind::modified},
@@ -94,10 +86,6 @@ TEST_F(OverlappingLoads, AnOlderDiffNeverReplacesTheNewOne) {
         tasks.push_back(app->selectedChangeChanged());
     }
     ASSERT_TRUE(waitUntil([&] { return tool->runs.size() == 2; }));
-    const auto finishRun = [this](qsizetype run, const QByteArray &printed) {
-        tool->runs[run].promise->addResult(SVNCommandResult{{}, 0, printed, {}});
-        tool->runs[run].promise->finish();
-    };
     finishRun(1, "+new\n");
     ASSERT_TRUE(waitUntil([&] { return app->diffText.value() == u"+new\n"_s; }));
     finishRun(0, "+old\n");
@@ -121,8 +109,7 @@ TEST_F(OverlappingLoads, AnOlderHistoryNeverReplacesTheNewOne) {
     loadHistoryOf(1);
     ASSERT_EQ(tool->vectors(), (QList<QStringList>{log, log, log}));
     EXPECT_EQ(app->busyMessage.value(), u"Loading history"_s);
-    tool->runs[2].promise->addResult(SVNCommandResult{{}, 0, printedLog("two.c", {"abc"}), {}});
-    tool->runs[2].promise->finish();
+    finishRun(2, printedLog("two.c", {"abc"}));
     ASSERT_TRUE(waitUntil([&] { return app->historyLoaded.value(); }));
     EXPECT_EQ(app->busyMessage.value(), std::nullopt) << "the list is there, its sum and diff may follow";
     ASSERT_TRUE(tool->finish(log, "", 128, "fatal: gone"));
@@ -132,23 +119,6 @@ TEST_F(OverlappingLoads, AnOlderHistoryNeverReplacesTheNewOne) {
     settle();
     EXPECT_EQ(app->selectedHistoryPath.value(), u"two.c"_s);
     EXPECT_EQ(app->alert.value(), std::nullopt);
-}
-
-TEST_F(OverlappingLoads, WalkingThroughRevisionsLoadsTheLastOneAndFewOnTheWay) {
-    loadHistoryOf(0);
-    finish(log, printedLog("a.c", {"h0", "h1", "h2", "h3", "h4"}));
-    ASSERT_TRUE(waitForRun(diffVector(u"h0"_s)));
-    for (qint64 age = 1; age < 5; ++age) {
-        app->selectedRevision = 1000000 - age;
-        tasks.push_back(app->selectedHistoryRevisionChanged());
-    }
-    finish(diffVector(u"h1"_s), "+1\n");
-    finish(diffVector(u"h4"_s), "+4\n");
-    ASSERT_TRUE(waitUntil([&] { return app->historyDiffText.value() == u"+4\n"_s; }));
-    finish(diffVector(u"h0"_s), "+0\n");
-    settle();
-    EXPECT_EQ(app->historyDiffID.value(), (FileRevisionID{u"a.c"_s, 1000000 - 4}));
-    EXPECT_FALSE(tool->vectors().contains(diffVector(u"h2"_s)) || tool->vectors().contains(diffVector(u"h3"_s)));
 }
 
 TEST_F(OverlappingLoads, ARefreshAsksAgainForTheDiffThatASilentServerHolds) {
@@ -164,16 +134,13 @@ TEST_F(OverlappingLoads, ARefreshAsksAgainForTheDiffThatASilentServerHolds) {
 }
 
 TEST(Lifetime, AStateThatGoesAwayWhileToolsRunLeavesNothingBehind) {
-    const TempTree folder;
-    runTool(u"git"_s, u"init|-q"_list, folder.path());
-    QSettings settings(folder.path(u"test.conf"_s), QSettings::IniFormat);
-    ScriptedUser user;
+    const GitFixture repository;
     {
-        AppState app(settings, user, systemTools(settings));
-        app.addProject(folder.path(), RepositoryKind::git);
-        app.runGitCommand(u"Wait"_s, {u"-c"_s, u"alias.wait=!sleep 60"_s, u"wait"_s}, folder.path(), RefreshAfter::yes,
-                          ShowOutput::always);
-        EXPECT_TRUE(app.busyMessage.value().has_value());
+        AppFixture f(repository);
+        f.app.refreshAll();
+        f.app.runGitCommand(u"Wait"_s, u"-c|alias.wait=!sleep 60|wait"_list, repository.path(), RefreshAfter::yes,
+                            ShowOutput::always);
+        EXPECT_TRUE(f.app.busyMessage.value().has_value());
     }
     HeldApp::settle();
 }

@@ -12,8 +12,7 @@ QStringList projectNames(const AppState &app) {
 
 TEST(Projects, AddingASubfolderRegistersTheRootAndLoadsIt) {
     SvnFixture repository;
-    repository.write(u"src/a.c"_s);
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"src/a.c"_s}});
     repository.write(u"src/a.c"_s, "changed\n");
     AppFixture f;
     f.user.chosenDirectory = repository.path(u"src"_s);
@@ -189,7 +188,7 @@ TEST(Projects, TheFolderIsOpenedOrItsAbsenceTold) {
     AppFixture f;
     awaited(f.app.openFinder());
     EXPECT_EQ(f.alertText(), u"No Project Selected: Choose a project first."_s);
-    f.open(repository.path(), RepositoryKind::git);
+    f.open(repository);
     awaited(f.app.openBoth());
     EXPECT_EQ(f.user.asked, (QStringList{u"terminal "_s + repository.path(), u"file manager "_s + repository.path()}));
     f.user.fileManagerWorks = false;

@@ -1,4 +1,5 @@
 #include "support/app_test.h"
+#include "support/environment_variable.h"
 
 #include <functional>
 
@@ -8,8 +9,6 @@ namespace {
 /// A trash of its own as long as it lives.
 class TrashFixture {
 public:
-    TrashFixture() { qputenv("XDG_DATA_HOME", qPrintable(tree.path(u"data"_s))); }
-    ~TrashFixture() { qunsetenv("XDG_DATA_HOME"); }
     /// Puts a file where the trash would be.
     void block() { tree.write(u"data"_s); }
     QStringList files() const {
@@ -18,12 +17,12 @@ public:
 
 private:
     TempTree tree{};
+    EnvironmentVariable variable{"XDG_DATA_HOME", QFile::encodeName(tree.path(u"data"_s))};
 };
 
 TEST(Revert, AsksWithTheNumbersAndCancelsQuietly) {
     GitFixture repository;
-    repository.write(u"m.c"_s, "one\n");
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"m.c"_s, "one\n"}});
     AppFixture f(repository);
     awaited(f.app.revertAllPaths());
     EXPECT_EQ(f.alertText(), u"No Paths Selected: There are no changed paths to revert."_s);
@@ -36,15 +35,13 @@ TEST(Revert, AsksWithTheNumbersAndCancelsQuietly) {
     EXPECT_EQ(f.user.asked.last(), u"confirm Revert: Revert all 2 changed path(s)? Local changes will be discarded. 1 "
                                    "unversioned path(s) will be deleted from disk."_s);
     EXPECT_EQ(f.rows(), u"*M m.c|? n.c"_list);
-    EXPECT_EQ(repository.tree.read(u"wc/m.c"_s), "two\n");
+    EXPECT_EQ(repository.read(u"m.c"_s), "two\n");
 }
 
 TEST(Revert, OfEverythingInSubversionLeavesTheBaseAndNothingElse) {
     const TrashFixture trash;
     SvnFixture repository;
-    for (const QString &name : u"m.c|d.c|gone.c|icon@2x.txt"_list)
-        repository.write(name, "one\n");
-    repository.commitAll(u"first"_s);
+    repository.commit(u"m.c|d.c|gone.c|icon@2x.txt"_list, "one\n");
     const QStringList before = repository.tree.entries();
     repository.writeAll({{u"m.c"_s, "two\n"}, {u"icon@2x.txt"_s, "two\n"}});
     repository.svn(u"delete|d.c"_list);
@@ -54,9 +51,9 @@ TEST(Revert, OfEverythingInSubversionLeavesTheBaseAndNothingElse) {
     awaited(f.app.revertAllPaths());
     EXPECT_TRUE(f.rows().isEmpty());
     EXPECT_EQ(repository.tree.entries(), before);
-    EXPECT_EQ(repository.tree.read(u"wc/m.c"_s), "one\n");
+    EXPECT_EQ(repository.read(u"m.c"_s), "one\n");
     EXPECT_EQ(trash.files(), u"n.c"_list);
-    EXPECT_TRUE(f.app.commandOutput.value()->stdoutText.endsWith(u"\n\nDeleted 1 path(s)"_s));
+    EXPECT_TRUE(f.output().stdoutText.endsWith(u"\n\nDeleted 1 path(s)"_s));
 }
 
 TEST(Revert, OfAnAddedFolderKeepsItsFilesOnDisk) {
@@ -71,10 +68,8 @@ TEST(Revert, OfAnAddedFolderKeepsItsFilesOnDisk) {
 TEST(Revert, InSubversionTakesCopiesMovesAndConflictsWhole) {
     const TrashFixture trash;
     SvnFixture repository;
-    repository.writeAll({{u"a/x.c"_s, "one\n"}, {u"c.c"_s, "one\n"}});
-    repository.commitAll(u"first"_s);
-    repository.write(u"c.c"_s, "two\n");
-    repository.commitAll(u"second"_s);
+    repository.commit({{u"a/x.c"_s, "one\n"}, {u"c.c"_s, "one\n"}});
+    repository.commit({{u"c.c"_s, "two\n"}});
     repository.svn(u"update|-q|-r|2"_list);
     const QStringList before = repository.tree.entries();
     repository.svn(u"copy|-q|a|copied"_list);
@@ -83,7 +78,6 @@ TEST(Revert, InSubversionTakesCopiesMovesAndConflictsWhole) {
     repository.svn(u"update|-q|--accept|postpone|c.c"_list);
     AppFixture f(repository);
     awaited(f.app.revertAllPaths());
-    EXPECT_EQ(f.app.commandOutput.value()->title, u"Revert"_s);
     EXPECT_TRUE(f.rows().isEmpty());
     EXPECT_EQ(repository.tree.entries(), before);
 }
@@ -216,7 +210,7 @@ TEST(Revert, InGitLeavesWhatStandsAtAnOldNameAlone) {
     repository.git(u"config|status.renames|copies"_list);
     repository.writeAll(
         {{u"old.c"_s, "one\ntwo\nthree\n"}, {u"origin.c"_s, "four\nfive\nsix\n"}, {u"cached.c"_s, "one\n"}});
-    repository.commitAll(u"first"_s);
+    repository.commitAll();
     repository.git(u"mv|old.c|new.c"_list);
     repository.writeAll(
         {{u"old.c"_s, "precious\n"}, {u"copy.c"_s, "four\nfive\nsix\n"}, {u"origin.c"_s, "four\nfive\nedited\n"}});
@@ -226,33 +220,27 @@ TEST(Revert, InGitLeavesWhatStandsAtAnOldNameAlone) {
     AppFixture f(repository);
     for (const QString &path : u"new.c|copy.c|cached.c"_list)
         awaited(f.app.revertPath(path));
-    EXPECT_EQ(repository.tree.read(u"wc/old.c"_s), "precious\n");
-    EXPECT_EQ(repository.tree.read(u"wc/origin.c"_s), "four\nfive\nedited\n");
-    EXPECT_EQ(repository.tree.read(u"wc/cached.c"_s), "one\n");
+    EXPECT_EQ(repository.read(u"old.c"_s), "precious\n");
+    EXPECT_EQ(repository.read(u"origin.c"_s), "four\nfive\nedited\n");
+    EXPECT_EQ(repository.read(u"cached.c"_s), "one\n");
     EXPECT_EQ(trash.files(), u"cached.c|copy.c|new.c"_list);
 }
 
 TEST(Revert, OfAGitConflictWorksForEachSide) {
     const TrashFixture trash;
     GitFixture repository;
-    for (const QString &name : u"both.c|ours.c|theirs.c"_list)
-        repository.write(name, "base\n");
-    repository.commitAll(u"base"_s);
+    repository.commit(u"both.c|ours.c|theirs.c"_list, "base\n");
     repository.git(u"checkout|-q|-b|side"_list);
     repository.git(u"rm|-q|theirs.c"_list);
-    repository.writeAll({{u"both.c"_s, "side\n"}, {u"ours.c"_s, "side\n"}});
-    repository.commitAll(u"side"_s);
+    repository.commit({{u"both.c"_s, "side\n"}, {u"ours.c"_s, "side\n"}});
     repository.git(u"checkout|-q|main"_list);
     repository.git(u"rm|-q|ours.c"_list);
-    repository.writeAll({{u"both.c"_s, "main\n"}, {u"theirs.c"_s, "main\n"}});
-    repository.commitAll(u"main"_s);
+    repository.commit({{u"both.c"_s, "main\n"}, {u"theirs.c"_s, "main\n"}});
     const QStringList before = repository.tree.entries();
     repository.git({u"-c"_s, u"alias.try=!git merge -q side || true"_s, u"try"_s});
     AppFixture f(repository);
     EXPECT_EQ(f.rows().size(), 3);
-    f.app.setCommitSelection(f.app.changes, true);
-    f.app.commitMessage = u"merged"_s;
-    awaited(f.app.commitSelected());
+    f.commit({u"both.c"_s, u"ours.c"_s, u"theirs.c"_s});
     EXPECT_EQ(f.alertText(), u"Commit Failed: both.c still holds conflict markers. Resolve the conflict before "
                              "committing it."_s);
     awaited(f.app.revertAllPaths());
@@ -286,8 +274,7 @@ TEST(Revert, OfEverythingEndsWhatWaitsForACommitInGit) {
 TEST(Revert, OfAnAddedGitFileGoesThroughTheTrashOrNotAtAll) {
     TrashFixture trash;
     GitFixture repository;
-    repository.write(u"m.c"_s, "one\n");
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"m.c"_s, "one\n"}});
     repository.write(u"a.c"_s, "precious\n");
     repository.git(u"add|a.c"_list);
     repository.write(u"m.c"_s, "two\n");
@@ -295,8 +282,8 @@ TEST(Revert, OfAnAddedGitFileGoesThroughTheTrashOrNotAtAll) {
     trash.block();
     awaited(f.app.revertAllPaths());
     EXPECT_EQ(f.alertText(), u"Revert Failed: a.c could not be moved to the trash. Nothing was changed."_s);
-    EXPECT_EQ(repository.tree.read(u"wc/a.c"_s), "precious\n");
-    EXPECT_EQ(repository.tree.read(u"wc/m.c"_s), "two\n");
+    EXPECT_EQ(repository.read(u"a.c"_s), "precious\n");
+    EXPECT_EQ(repository.read(u"m.c"_s), "two\n");
     const TrashFixture working;
     awaited(f.app.revertAllPaths());
     EXPECT_EQ(working.files(), u"a.c"_list);
@@ -307,13 +294,12 @@ TEST(Revert, OfUnversionedFilesWithoutATrashRemovesThemAsConfirmed) {
     TrashFixture trash;
     trash.block();
     GitFixture repository;
-    repository.write(u"kept.c"_s);
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"kept.c"_s}});
     repository.write(u"new/n.c"_s);
     AppFixture f(repository);
     awaited(f.app.revertPath(u"new/n.c"_s));
     EXPECT_EQ(repository.tree.entries(u"wc"_s), u"kept.c"_list);
-    EXPECT_EQ(f.app.commandOutput.value()->stdoutText, u"Deleted 1 path(s)"_s);
+    EXPECT_EQ(f.output().stdoutText, u"Deleted 1 path(s)"_s);
 }
 
 TEST(Revert, InAFolderThatIsGoneSaysSoAndNothingElse) {
@@ -335,7 +321,7 @@ TEST(Revert, BeforeTheFirstCommitOnlyUnstages) {
     AppFixture f(repository);
     awaited(f.app.revertAllPaths());
     EXPECT_EQ(f.rows(), u"? a.c"_list);
-    EXPECT_EQ(repository.tree.read(u"wc/a.c"_s), "precious\n");
+    EXPECT_EQ(repository.read(u"a.c"_s), "precious\n");
 }
 
 TEST(Ignore, AddsWhatIsMissingAndReloads) {
@@ -345,14 +331,13 @@ TEST(Ignore, AddsWhatIsMissingAndReloads) {
     AppFixture f;
     awaited(f.app.ignoreSelectedPaths());
     EXPECT_EQ(f.alertText(), u"No Project Selected: Choose a project first."_s);
-    f.open(repository.path(), RepositoryKind::svn);
+    f.open(repository);
     f.app.selectedChangeID = u"build/[x].o"_s;
     awaited(f.app.ignoreSelectedPaths());
-    EXPECT_EQ(repository.tree.read(u"wc/.kestorignore"_s), "*.tmp\r\nlast\r\n/build/\\[x].o\r\n");
+    EXPECT_EQ(repository.read(u".kestorignore"_s), "*.tmp\r\nlast\r\n/build/\\[x].o\r\n");
     EXPECT_EQ(f.rows(), u"? .kestorignore|? keep.c"_list);
     f.user.promptAnswer = u"path=build/[x].o"_answer;
     awaited(f.app.includeIgnoredPath());
-    EXPECT_EQ(f.user.asked.last(), u"prompt Include Ignored Path: Path="_s);
     EXPECT_EQ(f.rows(), u"? .kestorignore|? build/[x].o|? keep.c"_list);
     QFile::link(repository.tree.path(u"out"_s), repository.path(u"build/out"_s));
     awaited(f.app.refreshStatus());

@@ -1,4 +1,5 @@
 #include "support/app_test.h"
+#include "support/environment_variable.h"
 #include "tools/svn_preference.h"
 
 namespace kestor {
@@ -23,7 +24,7 @@ protected:
         awaited(f.app.svnProgram.setSVNExecutable());
         return path;
     }
-    QString output() const { return f.app.commandOutput.value()->stdoutText; }
+    QString output() const { return f.output().stdoutText; }
 
     TempTree tree{};
     AppFixture f{};
@@ -45,37 +46,35 @@ TEST_F(TypedCommands, AreParsedBeforeAnythingRuns) {
         EXPECT_EQ(typed(line), wantedAlert);
         EXPECT_EQ(f.app.commandOutput.value(), std::nullopt);
     }
-    EXPECT_EQ(f.user.asked.first(), u"prompt Run svn Command: Arguments="_s);
 }
 
 TEST_F(TypedCommands, RunInTheProjectAndLoadWhatTheyChanged) {
     EXPECT_EQ(typed(u"--version --quiet"_s), QString()) << "also without a project";
-    EXPECT_EQ(f.app.commandOutput.value()->title, u"svn --version"_s);
+    EXPECT_EQ(f.output().title, u"svn --version"_s);
     SvnFixture repository;
-    f.open(repository.path(), RepositoryKind::svn);
+    f.open(repository);
     EXPECT_EQ(typed(u"mkdir 'a b' --quiet"_s), QString());
     EXPECT_EQ(f.rows(), u"*A a b"_list);
-    EXPECT_EQ(f.app.commandOutput.value()->title, u"svn mkdir"_s);
+    EXPECT_EQ(f.output().title, u"svn mkdir"_s);
 }
 
 TEST_F(TypedCommands, ThatWaitForAnEditorOrAPasswordFailAtOnce) {
     SvnFixture repository;
     repository.write(u"a.c"_s);
     repository.svn(u"add|a.c"_list);
-    f.open(repository.path(), RepositoryKind::svn);
-    qputenv("EDITOR", "sleep 3600;");
+    f.open(repository);
+    const EnvironmentVariable editor("EDITOR", "sleep 3600;");
     for (const QString &line : u"propedit svn:ignore .|propedit --revprop -r 1 svn:log|commit"_list) {
         SCOPED_TRACE(line.toStdString());
         const QString alert = typed(line);
         EXPECT_TRUE(startsWith(alert, u"svn "_s) && alert.contains(u"svn: E2"_s));
     }
-    qunsetenv("EDITOR");
 }
 
 TEST_F(TypedCommands, ShowWhatTheChosenProgramDoes) {
     const QString path = choose("#!/bin/sh\necho partly; exit 3\n");
     EXPECT_EQ(typed(u"x"_s), u"svn x Failed: partly\n"_s);
-    EXPECT_EQ(f.app.commandOutput.value()->status, 3);
+    EXPECT_EQ(f.output().status, 3);
     choose("#!/bin/sh\nhead -c 8000000 /dev/zero | tr '\\0' x\n");
     EXPECT_EQ(typed(u"x"_s), QString());
     EXPECT_EQ(output().size(), 8'000'000);
@@ -94,11 +93,27 @@ TEST_F(TypedCommands, ShowWhatTheChosenProgramDoes) {
     EXPECT_FALSE(f.settings.contains(svnExecutablePathKey));
     EXPECT_EQ(f.app.svnExecutablePath.value(), QString());
     awaited(f.app.svnProgram.showSVNHelp());
-    EXPECT_EQ(f.app.commandOutput.value()->title, u"svn Help"_s);
+    EXPECT_EQ(f.output().title, u"svn Help"_s);
     EXPECT_TRUE(output().contains(u"Available subcommands:"_s));
     awaited(f.app.svnProgram.showSVNVersion());
-    EXPECT_EQ(f.app.commandOutput.value()->title, u"svn Version"_s);
+    EXPECT_EQ(f.output().title, u"svn Version"_s);
     EXPECT_TRUE(output().startsWith(u"svn, version 1."_s));
+}
+
+TEST(Commands, ShowOutputOnlyWhenThereIsSomeOrItIsWanted) {
+    SvnFixture repository;
+    AppFixture f(repository);
+    const QStringList silent = u"cleanup"_list;
+    awaited(f.app.runSelectedProjectCommand(u"Cleanup"_s, silent, RefreshAfter::no, ShowOutput::whenPrinted));
+    EXPECT_EQ(f.app.commandOutput.value(), std::nullopt);
+    awaited(f.app.runSelectedProjectCommand(u"Cleanup"_s, silent, RefreshAfter::no, ShowOutput::always));
+    EXPECT_EQ(f.output().title, u"Cleanup"_s);
+    repository.write(u"new.c"_s);
+    awaited(
+        f.app.runSelectedProjectCommand(u"Add"_s, {u"add"_s, u"new.c"_s}, RefreshAfter::yes, ShowOutput::whenPrinted));
+    EXPECT_EQ(f.output().stdoutText, u"A         new.c\n"_s);
+    EXPECT_EQ(f.rows(), u"*A new.c"_list);
+    EXPECT_EQ(f.alertText(), QString());
 }
 
 } // namespace

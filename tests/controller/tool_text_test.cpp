@@ -1,4 +1,3 @@
-#include "controller/path_targets.h"
 #include "controller/tool_text.h"
 #include "support/test.h"
 
@@ -19,14 +18,6 @@ TEST(ToolText, OneBadByteCostsOnlyItsOwnLineTheUnicode) {
     EXPECT_EQ(toolText("\xFF\n\xEF\xBB\xBF"
                        "a"),
               u"ÿ\n\uFEFFa"_s);
-}
-
-TEST(SvnTarget, HidesPegRevisionsAndOptions) {
-    EXPECT_EQ(svnTarget(u"src/a.c"_s), u"src/a.c"_s);
-    EXPECT_EQ(svnTarget(u"icon@2x.png"_s), u"icon@2x.png@"_s);
-    EXPECT_EQ(svnTarget(u"-r@1"_s), u"./-r@1@"_s);
-    EXPECT_EQ(svnTarget(u"a/-b"_s), u"a/-b"_s);
-    EXPECT_EQ(svnDiffTarget(u"-r@1"_s), u"./-r@1"_s);
 }
 
 } // namespace

@@ -26,46 +26,43 @@ inline bool waitUntil(const std::function<bool()> &condition) {
     return true;
 }
 
-template <typename Value>
-QCoro::Task<> storeResult(QCoro::Task<Value> task, std::optional<Value> *value, std::exception_ptr *error) {
-    try {
-        Value result = co_await task;
-        value->emplace(std::move(result));
-    } catch (...) {
-        *error = std::current_exception();
-    }
-}
+/// Whether a task has ended, and what it threw.
+struct TaskEnd {
+    bool reached = false;
+    std::exception_ptr error{};
+};
 
-inline QCoro::Task<> storeEnd(QCoro::Task<> task, bool *ended, std::exception_ptr *error) {
+inline QCoro::Task<> storeEnd(QCoro::Task<> task, TaskEnd *end) {
     try {
         co_await task;
     } catch (...) {
-        *error = std::current_exception();
+        end->error = std::current_exception();
     }
-    *ended = true;
+    end->reached = true;
 }
 
-/// The value of a finished task; spins the event loop until then and rethrows what the task threw.
+/// Spins the event loop until the task has ended, and rethrows what it threw.
+inline void awaited(QCoro::Task<> task) {
+    TaskEnd end;
+    const QCoro::Task<> storing = storeEnd(std::move(task), &end);
+    if (!waitUntil([&] { return end.reached; }))
+        throw std::runtime_error("the task did not end in time");
+    if (end.error)
+        std::rethrow_exception(end.error);
+}
+
+template <typename Value>
+QCoro::Task<> storeResult(QCoro::Task<Value> task, std::optional<Value> *value) {
+    Value result = co_await task;
+    value->emplace(std::move(result));
+}
+
+/// The same with the value of the task.
 template <typename Value>
 Value awaited(QCoro::Task<Value> task) {
     std::optional<Value> value;
-    std::exception_ptr error;
-    const QCoro::Task<> storing = storeResult(std::move(task), &value, &error);
-    if (!waitUntil([&] { return value.has_value() || error != nullptr; }))
-        throw std::runtime_error("the task did not end in time");
-    if (error)
-        std::rethrow_exception(error);
+    awaited(storeResult(std::move(task), &value));
     return *std::move(value);
-}
-
-inline void awaited(QCoro::Task<> task) {
-    bool ended = false;
-    std::exception_ptr error;
-    const QCoro::Task<> storing = storeEnd(std::move(task), &ended, &error);
-    if (!waitUntil([&] { return ended; }))
-        throw std::runtime_error("the task did not end in time");
-    if (error)
-        std::rethrow_exception(error);
 }
 
 } // namespace kestor::testing

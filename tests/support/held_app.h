@@ -28,6 +28,11 @@ public:
         ASSERT_TRUE(waitUntil([&] { return tool->finish(arguments, output, status, status == 0 ? "" : "svn: E1"); }))
             << qPrintable(arguments.join(u' '));
     }
+    /// Ends the run with that number.
+    void finishRun(qsizetype number, const QByteArray &output) {
+        tool->runs[number].promise->addResult(SVNCommandResult{{}, 0, output, {}});
+        tool->runs[number].promise->finish();
+    }
     qsizetype runs(const QStringList &arguments) const { return tool->vectors().count(arguments); }
     bool waitForRun(const QStringList &arguments, qsizetype count = 1) const {
         return waitUntil([&] { return runs(arguments) == count; });

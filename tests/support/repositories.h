@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/project.h"
 #include "support/temp_tree.h"
 
 #include <QByteArray>
@@ -8,10 +9,10 @@
 
 namespace kestor::testing {
 
-/// A real Subversion repository ("repo") with a working copy ("wc") of its trunk in one temporary folder.
-class SvnFixture {
+/// A real working copy or repository ("wc") in a temporary folder.
+class RepositoryFixture {
 public:
-    SvnFixture();
+    virtual ~RepositoryFixture() = default;
 
     /// The absolute path of `relative` in the working copy.
     QString path(const QString &relative = {}) const;
@@ -22,31 +23,53 @@ public:
         for (const WrittenFile &file : files)
             write(file.path, file.content);
     }
-    /// Runs svn in the working copy and returns what it printed.
-    QByteArray svn(const QStringList &arguments) const;
+    void writeAll(const QStringList &paths, const QByteArray &content) {
+        for (const QString &path : paths)
+            write(path, content);
+    }
+    QByteArray read(const QString &relative) const { return tree.read(QStringLiteral("wc/") + relative); }
+    /// Runs the tool in the working copy and returns what it printed.
+    virtual QByteArray run(const QStringList &arguments) const = 0;
     /// Adds everything and commits it.
-    void commitAll(const QString &message) const;
+    virtual void commitAll(const QString &message = QStringLiteral("change")) const = 0;
+    /// The same with these files, which it writes first.
+    void commit(std::initializer_list<WrittenFile> files) {
+        writeAll(files);
+        commitAll();
+    }
 
+    /// The same with files of one content.
+    void commit(const QStringList &paths, const QByteArray &content) {
+        writeAll(paths, content);
+        commitAll();
+    }
+
+    RepositoryKind kind;
     TempTree tree{};
+
+protected:
+    explicit RepositoryFixture(RepositoryKind toolKind) : kind(toolKind) {}
 };
 
-/// A real Git repository ("wc") with the branch "main" in a temporary folder.
-class GitFixture {
+/// A real Subversion repository ("repo") with a working copy of its trunk, which is at revision 1.
+class SvnFixture : public RepositoryFixture {
+public:
+    SvnFixture();
+
+    QByteArray run(const QStringList &arguments) const override;
+    QByteArray svn(const QStringList &arguments) const { return run(arguments); }
+    void commitAll(const QString &message = QStringLiteral("change")) const override;
+    QString url(const QString &relative) const;
+};
+
+/// A real Git repository with the branch "main".
+class GitFixture : public RepositoryFixture {
 public:
     GitFixture();
 
-    QString path(const QString &relative = {}) const;
-    void write(const QString &relative, const QByteArray &content = "x\n") {
-        tree.write(QStringLiteral("wc/") + relative, content);
-    }
-    void writeAll(std::initializer_list<WrittenFile> files) {
-        for (const WrittenFile &file : files)
-            write(file.path, file.content);
-    }
-    QByteArray git(const QStringList &arguments) const;
-    void commitAll(const QString &message) const;
-
-    TempTree tree{};
+    QByteArray run(const QStringList &arguments) const override;
+    QByteArray git(const QStringList &arguments) const { return run(arguments); }
+    void commitAll(const QString &message = QStringLiteral("change")) const override;
 };
 
 } // namespace kestor::testing

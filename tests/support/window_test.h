@@ -44,6 +44,14 @@ inline QStringList itemTexts(const QMenu &menu) {
     return texts;
 }
 
+/// Triggers the item of that text.
+inline void clickItem(const QMenu &menu, const QString &text) {
+    for (QAction *item : menu.actions()) {
+        if (item->text() == text)
+            item->trigger();
+    }
+}
+
 /// Shows a window and waits until it has the keyboard.
 inline void activate(QWidget &window) {
     window.show();

@@ -84,18 +84,6 @@ TEST(ChildProcess, LaunchFailuresSayWhy) {
     }
 }
 
-TEST(ChildProcess, CheckedStatusThrowsTheResult) {
-    ChildProcesses children;
-    try {
-        awaited(children.run(shell(u"echo said; exit 2"_s), CheckStatus::yes));
-        FAIL() << "nothing thrown";
-    } catch (const SVNClientError &error) {
-        EXPECT_EQ(error.errorDescription(), u"said\n"_s);
-        ASSERT_NE(error.failedResult(), nullptr);
-        EXPECT_EQ(error.failedResult()->status, 2);
-    }
-}
-
 TEST(ChildProcess, HasASessionOfItsOwnAndTheInheritedInput) {
     const QString script = u"ps -o sid= -p $$ | tr -d ' '; echo $$; readlink /proc/$$/fd/0"_s;
     const QStringList lines = runShell(script).stdoutText().split(u'\n');

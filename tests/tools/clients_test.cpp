@@ -2,7 +2,6 @@
 #include "support/temp_tree.h"
 #include "support/test.h"
 #include "tools/arguments.h"
-#include "tools/git_client.h"
 #include "tools/svn_admin_client.h"
 #include "tools/svn_client.h"
 
@@ -11,22 +10,11 @@
 namespace kestor {
 namespace {
 
-/// Sets PATH for the life of the object.
-class PathVariable {
-public:
-    explicit PathVariable(const QByteArray &value) { qputenv("PATH", value); }
-    ~PathVariable() { qputenv("PATH", saved); }
-    Q_DISABLE_COPY_MOVE(PathVariable)
-
-private:
-    QByteArray saved = qgetenv("PATH");
-};
-
 class Clients : public ::testing::Test {
 protected:
-    QString failure(Tool &tool, const QString &directory = {}) {
+    QString failure(Tool &tool) {
         try {
-            awaited(tool.run(args("--version", "--quiet"), directory, CheckStatus::yes));
+            awaited(tool.run(args("--version", "--quiet"), {}, CheckStatus::yes));
         } catch (const SVNClientError &error) {
             return error.errorDescription();
         }
@@ -42,7 +30,6 @@ protected:
     QSettings settings{tree.path(u"settings.ini"_s), QSettings::IniFormat};
     SVNClient svn{settings};
     SVNAdminClient svnAdmin{settings};
-    GitClient git;
 };
 
 TEST_F(Clients, ChosenSvnIsUsedFromTheNextRunOn) {
@@ -67,17 +54,6 @@ TEST_F(Clients, BadChoiceFailsInsteadOfFallingBack) {
     choose({});
     EXPECT_EQ(failure(svn), u"(none)"_s);
     EXPECT_EQ(svn.displayExecutable(), QString());
-}
-
-TEST_F(Clients, PathIsReadAnewOnEachRun) {
-    writeProgram(u"svn"_s, "echo mine");
-    writeProgram(u"git"_s, "echo mine");
-    const PathVariable path(tree.path().toUtf8() + ":/usr/bin:/bin");
-    EXPECT_EQ(awaited(svn.run({}, {}, CheckStatus::yes)).stdoutText(), u"mine\n"_s);
-    EXPECT_EQ(svn.displayExecutable(), tree.path(u"svn"_s));
-    const QString gone = tree.path(u"gone"_s);
-    EXPECT_EQ(failure(git, gone),
-              u"Could not launch %1: The folder %2 does not exist."_s.arg(tree.path(u"git"_s), gone));
 }
 
 } // namespace

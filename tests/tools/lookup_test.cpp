@@ -15,73 +15,55 @@ QProcessEnvironment environmentOf(const QStringList &assignments) {
 }
 
 TEST(ExecutableSearch, FirstPlaceThatHasItWins) {
-    enum class Wanted : std::uint8_t { svn, svnadmin, git };
-    struct Row {
-        const char *name;
-        Wanted wanted;
-        QString preferred;
-        QStringList environment, executables;
-        QString found; ///< "" when none is
-    };
+    const QString svn = u"svn"_s;
+    const QString admin = u"svnadmin"_s;
+    const QString git = u"git"_s;
     const QStringList path = args("PATH=/a::/b/");
     const QStringList usualSvn =
         args("/opt/local/bin/svn", "/opt/homebrew/bin/svn", "/usr/local/bin/svn", "/usr/bin/svn");
     const QStringList usualGit =
         args("/usr/local/bin/git", "/opt/local/bin/git", "/opt/homebrew/bin/git", "/usr/bin/git");
-    const Row rows[] = {
-        {"preference untested", Wanted::svn, u"/x/svn"_s, path, args("/a/svn"), u"/x/svn"_s},
-        {"first in PATH", Wanted::svn, {}, path, args("/b/svn", "/a/svn"), u"/a/svn"_s},
-        {"PATH before the usual folders", Wanted::svn, {}, path, args("/usr/bin/svn", "/b/svn"), u"/b/svn"_s},
-        {"usual folders in order", Wanted::svn, {}, path, usualSvn, u"/opt/local/bin/svn"_s},
-        {"nowhere", Wanted::svn, {}, path, args("/svn", "/c/svn"), {}},
-        {"beside the preference", Wanted::svnadmin, u"/x/bin/svn"_s, path, args("/a/svnadmin", "/x/bin/svnadmin"),
-         u"/x/bin/svnadmin"_s},
-        {"not beside the preference", Wanted::svnadmin, u"/x/bin/svn"_s, path, args("/a/svnadmin"), u"/a/svnadmin"_s},
-        {"git in PATH", Wanted::git, {}, path, args("/usr/bin/git", "/b/git"), u"/b/git"_s},
-        {"the system's git first", Wanted::git, {}, path, usualGit, u"/usr/bin/git"_s},
-        {"no git", Wanted::git, u"/a/git"_s, {}, {}, {}},
+    // The program, the chosen svn, what can be run; and the one found, "" for none.
+    const Rows<QString, QString, QStringList, QString> rows{
+        {"preference untested", svn, u"/x/svn"_s, args("/a/svn"), u"/x/svn"_s},
+        {"first in PATH", svn, {}, args("/b/svn", "/a/svn"), u"/a/svn"_s},
+        {"PATH before the usual folders", svn, {}, args("/usr/bin/svn", "/b/svn"), u"/b/svn"_s},
+        {"usual folders in order", svn, {}, usualSvn, u"/opt/local/bin/svn"_s},
+        {"nowhere", svn, {}, args("/svn", "/c/svn"), {}},
+        {"beside the preference", admin, u"/x/bin/svn"_s, args("/a/svnadmin", "/x/bin/svnadmin"), u"/x/bin/svnadmin"_s},
+        {"git in PATH", git, {}, args("/usr/bin/git", "/b/git"), u"/b/git"_s},
+        {"the system's git first", git, {}, usualGit, u"/usr/bin/git"_s},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        const auto isExecutable = [&](const QString &candidate) {
-            return row.executables.contains(candidate);
+    for (const auto &[name, program, preferred, executables, expected] : rows) {
+        const auto isExecutable = [&all = executables](const QString &candidate) {
+            return all.contains(candidate);
         };
-        const QProcessEnvironment environment = environmentOf(row.environment);
-        const std::optional<QString> found =
-            row.wanted == Wanted::svn        ? resolvedSVNPath(row.preferred, environment, isExecutable)
-            : row.wanted == Wanted::svnadmin ? resolvedSVNAdminPath(row.preferred, environment, isExecutable)
-                                             : resolvedGitPath(environment, isExecutable);
-        EXPECT_EQ(found.has_value(), !row.found.isEmpty());
-        EXPECT_EQ(found.value_or(QString()), row.found);
+        const QProcessEnvironment environment = environmentOf(path);
+        const std::optional<QString> found = program == svn ? resolvedSVNPath(preferred, environment, isExecutable)
+                                             : program == admin
+                                                 ? resolvedSVNAdminPath(preferred, environment, isExecutable)
+                                                 : resolvedGitPath(environment, isExecutable);
+        EXPECT_EQ(found.value_or(QString()), expected);
     }
 }
 
 TEST(ChildEnvironment, GitGetsItsConfigurationAfterWhatIsThere) {
-    const Rows<QStringList, int> rows{
-        {"first", {}, 0},
-        {"after others",
+    const Rows<QStringList, QStringList> rows{
+        {"nothing", {}, args("core.quotePath=false")},
+        {"others",
          args("GIT_CONFIG_COUNT=2", "GIT_CONFIG_KEY_0=a.b", "GIT_CONFIG_VALUE_0=x", "GIT_CONFIG_KEY_1=c.d",
               "GIT_CONFIG_VALUE_1=y"),
-         2},
-        {"unreadable count", args("GIT_CONFIG_COUNT=some"), 0},
-        {"negative count", args("GIT_CONFIG_COUNT=-1"), 0},
+         args("a.b=x", "c.d=y", "core.quotePath=false")},
+        {"unreadable count", args("GIT_CONFIG_COUNT=some"), args("core.quotePath=false")},
+        {"negative count", args("GIT_CONFIG_COUNT=-1"), args("core.quotePath=false")},
     };
-    for (const auto &[name, wantedInherited, before] : rows) {
-        const QProcessEnvironment inherited = environmentOf(wantedInherited);
-        const QProcessEnvironment environment = gitChildEnvironment(inherited, RunPurpose::userCommand);
-        const int count = environment.value(u"GIT_CONFIG_COUNT"_s).toInt();
-        QStringList added;
-        for (int i = before; i < count; ++i) {
-            const QString number = QString::number(i);
-            added.append(environment.value(u"GIT_CONFIG_KEY_"_s + number) + u'=' +
-                         environment.value(u"GIT_CONFIG_VALUE_"_s + number));
-        }
-        EXPECT_TRUE(added.contains(u"core.quotePath=false"_s));
-        EXPECT_FALSE(added.contains(u"="_s));
-        for (int i = 0; i < before; ++i) {
-            const QString key = u"GIT_CONFIG_KEY_"_s + QString::number(i);
-            EXPECT_EQ(environment.value(key), inherited.value(key));
-        }
+    for (const auto &[name, inherited, wanted] : rows) {
+        const QProcessEnvironment environment = gitChildEnvironment(environmentOf(inherited), RunPurpose::userCommand);
+        QStringList settings;
+        for (int i = 0; i < environment.value(u"GIT_CONFIG_COUNT"_s).toInt(); ++i)
+            settings.append(environment.value(u"GIT_CONFIG_KEY_%1"_s.arg(i)) + u'=' +
+                            environment.value(u"GIT_CONFIG_VALUE_%1"_s.arg(i)));
+        EXPECT_EQ(settings.first(wanted.size()), wanted);
     }
 }
 
