@@ -60,11 +60,8 @@ TEST_F(DiffPaneTest, SamePathKeepsTheScrollPositionAndAnotherBeginsAnew) {
     bar().setValue(1000);
     pane.showDiff(subjectOf(u"a"_s), longDiff(301));
     EXPECT_EQ(bar().value(), 1000);
-    EXPECT_EQ(view().document().lineCount, 301);
     pane.showDiff(subjectOf(u"b"_s), longDiff(302));
     EXPECT_EQ(bar().value(), 0);
-    pane.showDiff(subjectOf(u"b"_s), oneFileDiff());
-    EXPECT_EQ(view().currentHunk(), 0);
 }
 
 TEST_F(DiffPaneTest, LongTextIsShownAtOnceAndCompletedUnnoticed) {
@@ -96,11 +93,11 @@ TEST_F(DiffPaneTest, LongTextIsShownAtOnceAndCompletedUnnoticed) {
 TEST_F(DiffPaneTest, SupersededTextIsDropped) {
     pane.showDiff(subjectOf(u"a"_s), longDiff(50'000));
     pane.showDiff(subjectOf(u"b"_s), oneFileDiff());
-    QTest::qWait(300);
+    QTest::qWait(150);
     EXPECT_EQ(view().document().lineCount, 9);
     pane.showDiff(subjectOf(u"a"_s), longDiff(50'000));
     pane.showNothing(u"(select a changed file)"_s);
-    QTest::qWait(300);
+    QTest::qWait(150);
     EXPECT_FALSE(view().isVisible());
 }
 

@@ -56,7 +56,6 @@ TEST(DiffRows, SeveralFilesHaveHeadsAndFold) {
         {"all open", {}, joined({first, second, third})},
         {"first folded", u"one.txt"_list, joined({{{head, 0}}, second, third})},
         {"second folded", u"logo.png"_list, joined({first, {{head, 1}}, third})},
-        {"all folded", u"one.txt|logo.png|new name.txt"_list, {{head, 0}, {head, 1}, {head, 2}}},
     };
     for (const auto &[name, wantedFolded, expected] : table) {
         const DiffRows rows(document, RowHeights(), QSet<QString>(wantedFolded.begin(), wantedFolded.end()));

@@ -40,13 +40,11 @@ TEST(TextColumns, CaretStepsOverWholeCharactersAndWords) {
         {"at the end", u"ab"_s, 2, 2, 1, 2, 0},
         {"at the beginning", u"  ab"_s, 0, 1, 0, 2, 0},
     };
-    for (const auto &[name, givenText, from, wantedNextCaret, wantedPreviousCaret, wantedNextWord, wantedPreviousWord] :
-         rows) {
-        SCOPED_TRACE(name);
-        EXPECT_EQ(nextCaret(givenText, from), wantedNextCaret);
-        EXPECT_EQ(previousCaret(givenText, from), wantedPreviousCaret);
-        EXPECT_EQ(nextWord(givenText, from), wantedNextWord);
-        EXPECT_EQ(previousWord(givenText, from), wantedPreviousWord);
+    for (const auto &[name, text, from, caretAhead, caretBack, wordAhead, wordBack] : rows) {
+        EXPECT_EQ(nextCaret(text, from), caretAhead);
+        EXPECT_EQ(previousCaret(text, from), caretBack);
+        EXPECT_EQ(nextWord(text, from), wordAhead);
+        EXPECT_EQ(previousWord(text, from), wordBack);
     }
 }
 

@@ -46,12 +46,7 @@ TEST_F(ConfigurationWindow, ShowsTheLanguagesInTheOutputSheetToo) {
     EXPECT_TRUE(list().hasFocus()) << "the sheet takes no focus";
     EXPECT_EQ(sheet().accessibleName(), u"Language Distribution"_s);
     EXPECT_GE(sheet().height(), sheet().wantedHeight()) << "all rows are seen";
-    QStringList texts;
-    for (const QLabel *label : sheet().findChildren<QLabel *>()) {
-        if (label->isVisible() && !label->text().isEmpty())
-            texts.append(label->text());
-    }
-    EXPECT_EQ(texts, u"Language Distribution"_list) << "no exit status, as nothing ran";
+    EXPECT_FALSE(says(sheet(), u"Exit status 0"_s)) << "nothing ran";
     clickButton(sheet(), u"Copy"_s);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"C\t6 bytes\t75.0%\nPython\t2 bytes\t25.0%\n"_s);
 
@@ -63,33 +58,19 @@ TEST_F(ConfigurationWindow, ShowsTheLanguagesInTheOutputSheetToo) {
     EXPECT_FALSE(sheet().isVisible());
 }
 
-TEST_F(ConfigurationWindow, F6LeadsThroughItsPanes) {
+TEST_F(ConfigurationWindow, EscEndsTheTypingBeforeItClosesTheSheet) {
     app.languageRules.addCustomLanguageRule();
     showSheet();
-    list().setFocus();
     auto &table = *window.findChild<RuleTable *>();
-    QStringList visited;
-    for (int turn = 0; turn < 4; ++turn) {
-        QTest::keyClick(&window, Qt::Key_F6);
-        const QWidget *focused = window.focusWidget();
-        visited.append(focused == &table            ? u"rules"_s
-                       : focused == &sheet().pane() ? u"sheet"_s
-                       : focused == &list()         ? u"languages"_s
-                                                    : u"sidebar"_s);
-    }
-    EXPECT_EQ(visited, u"rules|sheet|sidebar|languages"_list);
-    for (auto *button : window.findChildren<QPushButton *>()) {
-        if (button->text() == u"Add Rule"_s)
-            button->setFocus();
-    }
+    table.setFocus();
     QTest::keyClick(&window, Qt::Key_F6);
-    EXPECT_TRUE(sheet().pane().hasFocus()) << "from any part of the detail";
+    EXPECT_TRUE(sheet().pane().hasFocus());
     table.setFocus();
     QTest::keyClick(&table, Qt::Key_F2);
     auto *field = table.viewport()->findChild<QLineEdit *>();
     ASSERT_NE(field, nullptr);
     QTest::keyClick(field, Qt::Key_Escape);
-    EXPECT_TRUE(sheet().isVisible()) << "Esc ends the typing first";
+    EXPECT_TRUE(sheet().isVisible());
 }
 
 } // namespace

@@ -41,40 +41,29 @@ protected:
         return nullptr;
     }
     QWidget *focused() const { return dialog()->focusWidget(); }
+    bool isClosed() const { return window->findChild<QDialog *>() == nullptr; }
 
     std::unique_ptr<QWidget> window = std::make_unique<QWidget>();
     WindowInteraction interaction{};
 };
 
 TEST_F(Dialogs, ConfirmationAnswersOnlyContinueWithYes) {
-    struct Row {
-        const char *name;
-        Qt::Key key;
-        bool expected;
-    };
-    for (const Row &row : {Row{"Return continues", Qt::Key_Return, true}, Row{"Esc cancels", Qt::Key_Escape, false}}) {
-        SCOPED_TRACE(row.name);
+    const Rows<Qt::Key, bool> rows{{"Return continues", Qt::Key_Return, true}, {"Esc cancels", Qt::Key_Escape, false}};
+    for (const auto &[name, key, expected] : rows) {
         std::optional<bool> answer;
         keep(interaction.confirm(u"Remove Project"_s, u"Remove it?"_s), &answer);
         EXPECT_EQ(dialog()->windowModality(), Qt::WindowModal);
         ASSERT_NE(button(u"Cancel"_s), nullptr);
         ASSERT_EQ(focused(), button(u"Continue"_s));
         EXPECT_FALSE(answer.has_value());
-        QTest::keyClick(focused(), row.key);
-        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && window->findChild<QDialog *>() == nullptr; }));
-        EXPECT_EQ(*answer, row.expected);
+        QTest::keyClick(focused(), key);
+        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && isClosed(); }));
+        EXPECT_EQ(*answer, expected);
     }
 }
 
 TEST_F(Dialogs, PromptFocusesTheFirstEmptyFieldAndTrims) {
-    struct Row {
-        const char *name;
-        QList<PromptField> fields;
-        int focusedField;
-        QString typed;
-        QMap<QString, QString> expected;
-    };
-    const Row rows[] = {
+    const Rows<QList<PromptField>, int, QString, QMap<QString, QString>> rows{
         {"the empty one",
          {{u"a"_s, u"A"_s, u" kept "_s}, {u"b"_s, u"B"_s, {}}},
          1,
@@ -86,16 +75,15 @@ TEST_F(Dialogs, PromptFocusesTheFirstEmptyFieldAndTrims) {
          u"new"_s,
          u"a=new|b=x"_answer},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto &[name, fields, focusedField, typed, expected] : rows) {
         std::optional<Texts> answer;
-        keep(interaction.prompt(u"Title"_s, row.fields), &answer);
-        auto *edit = dialog()->findChildren<QLineEdit *>().at(row.focusedField);
+        keep(interaction.prompt(u"Title"_s, fields), &answer);
+        auto *edit = dialog()->findChildren<QLineEdit *>().at(focusedField);
         ASSERT_EQ(focused(), edit);
-        edit->insert(row.typed);
+        edit->insert(typed);
         QTest::keyClick(edit, Qt::Key_Return);
-        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && window->findChild<QDialog *>() == nullptr; }));
-        EXPECT_EQ(answer->value(), row.expected);
+        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && isClosed(); }));
+        EXPECT_EQ(answer->value(), expected);
     }
 }
 
@@ -103,24 +91,19 @@ TEST_F(Dialogs, PromptCutsNoTextAndRefusesWhatItCannotHold) {
     std::optional<Texts> answer;
     keep(interaction.prompt(u"Set Property"_s, {{u"value"_s, u"Value"_s, {}}}), &answer);
     auto *edit = dialog()->findChild<QLineEdit *>();
-    const auto hasRefusal = [this] {
+    const auto pasteRefused = [&](const QString &text) {
+        QGuiApplication::clipboard()->setText(text);
+        edit->selectAll();
+        edit->paste();
         return std::ranges::any_of(dialog()->findChildren<QLabel *>(), [](const QLabel *label) {
             return label->isVisible() && label->text().contains(u"longer than"_s);
         });
     };
-    const auto paste = [edit](const QString &text) {
-        QGuiApplication::clipboard()->setText(text);
-        edit->selectAll();
-        edit->paste();
-    };
     const QString text = QString(40000, u'x') + u'\n' + u'y';
-    paste(text);
-    EXPECT_FALSE(hasRefusal());
-    paste(QString(1000000, u'z'));
-    EXPECT_TRUE(hasRefusal());
+    EXPECT_FALSE(pasteRefused(text));
+    EXPECT_TRUE(pasteRefused(QString(1000000, u'z')));
     QTest::keyClick(edit, Qt::Key_End);
     QTest::keyClick(edit, Qt::Key_A);
-    EXPECT_FALSE(hasRefusal());
     QTest::keyClick(edit, Qt::Key_Return);
     ASSERT_TRUE(waitUntil([&] { return answer.has_value(); }));
     EXPECT_TRUE(answer->value().value(u"value"_s) == text + u'a');
@@ -129,15 +112,8 @@ TEST_F(Dialogs, PromptCutsNoTextAndRefusesWhatItCannotHold) {
 TEST_F(Dialogs, BranchIsTheTypedOneElseTheChosenOne) {
     const QList<GitBranch> branches{
         {u"main"_s, true, false}, {u"topic"_s, false, false}, {u"origin/topic"_s, false, true}};
-    struct Row {
-        const char *name;
-        QList<GitBranch> branches;
-        std::optional<QString> current;
-        int chosen; ///< -1 leaves what is offered
-        QString typed;
-        std::optional<SwitchTarget> expected;
-    };
-    const Row rows[] = {
+    // The chosen one is -1 where it stays what is offered.
+    const Rows<QList<GitBranch>, std::optional<QString>, int, QString, std::optional<SwitchTarget>> rows{
         {"the current one is offered", branches, u"main"_s, -1, {}, SwitchTarget{u"main"_s, false}},
         {"a remote one", branches, u"main"_s, 2, {}, SwitchTarget{u"origin/topic"_s, true}},
         {"typed text wins and is local", branches, u"main"_s, 2, u"  origin/topic\t"_s,
@@ -147,52 +123,37 @@ TEST_F(Dialogs, BranchIsTheTypedOneElseTheChosenOne) {
         {"without branches only the name", {}, std::nullopt, -1, u"new"_s, SwitchTarget{u"new"_s, false}},
         {"without branches and name nothing", {}, std::nullopt, -1, {}, std::nullopt},
     };
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
+    for (const auto &[name, offered, current, chosen, typed, expected] : rows) {
         std::optional<std::optional<SwitchTarget>> answer;
-        keep(interaction.chooseBranch(row.branches, row.current), &answer);
+        keep(interaction.chooseBranch(offered, current), &answer);
         auto *field = dialog()->findChild<QLineEdit *>();
         ASSERT_EQ(focused(), field);
         auto *list = dialog()->findChild<QComboBox *>();
-        ASSERT_EQ(list == nullptr, row.branches.isEmpty());
-        if (row.chosen >= 0)
-            list->setCurrentIndex(row.chosen);
-        field->insert(row.typed);
+        ASSERT_EQ(list == nullptr, offered.isEmpty());
+        if (chosen >= 0)
+            list->setCurrentIndex(chosen);
+        field->insert(typed);
         button(u"Switch"_s)->click();
-        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && window->findChild<QDialog *>() == nullptr; }));
-        EXPECT_EQ(*answer, row.expected);
+        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && isClosed(); }));
+        EXPECT_EQ(*answer, expected);
     }
 }
 
-TEST_F(Dialogs, ANewFolderMayHaveANameThatIsTaken) {
+TEST_F(Dialogs, ANewFolderMayHaveANameThatIsTakenOrNone) {
     const TempTree tree;
     QDir(tree.path()).mkdir(u"taken"_s);
-    std::optional<std::optional<QString>> answer;
-    keep(interaction.chooseNewFolder({u"Title"_s, u"Message"_s, u"Create"_s, u"Name:"_s, u"New"_s}), &answer);
-    auto *panel = qobject_cast<QFileDialog *>(dialog());
-    ASSERT_NE(panel, nullptr);
-    auto *name = panel->findChild<QLineEdit *>(u"fileNameEdit"_s);
-    EXPECT_EQ(name->text(), u"New"_s);
-    panel->setDirectory(tree.path());
-    name->setText(u"taken"_s);
-    ASSERT_NE(button(u"Create"_s), nullptr);
-    button(u"Create"_s)->click();
-    ASSERT_TRUE(waitUntil([&] { return answer.has_value(); }));
-    EXPECT_EQ(*answer, tree.path(u"taken"_s));
-}
-
-TEST_F(Dialogs, ANewFolderWithoutANameIsToldFromTheOneShown) {
-    const TempTree tree;
-    for (const QString &blank : {QString(), u"  "_s}) {
+    for (const QString &typed : u"taken||  "_list) {
         std::optional<std::optional<QString>> answer;
         keep(interaction.chooseNewFolder({u"Title"_s, u"Message"_s, u"Create"_s, u"Name:"_s, u"New"_s}), &answer);
         auto *panel = qobject_cast<QFileDialog *>(dialog());
         ASSERT_NE(panel, nullptr);
+        auto *name = panel->findChild<QLineEdit *>(u"fileNameEdit"_s);
+        EXPECT_EQ(name->text(), u"New"_s);
         panel->setDirectory(tree.path());
-        panel->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(blank);
+        name->setText(typed);
         static_cast<QDialog *>(panel)->accept();
-        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && window->findChild<QDialog *>() == nullptr; }));
-        EXPECT_EQ(*answer, tree.path() + u'/');
+        ASSERT_TRUE(waitUntil([&] { return answer.has_value() && isClosed(); }));
+        EXPECT_EQ(*answer, tree.path() + u'/' + typed.trimmed());
     }
 }
 

@@ -34,8 +34,6 @@ TEST(WindowState, BrokenOrOddValuesAreTheDefaults) {
     bounded.listWidth = 280;
     const Rows<QVariant, WindowState> rows{
         {"not JSON", QByteArray("\x01\x02{{"), {}},
-        {"another type", 17, {}},
-        {"a list", QByteArray("[1,2]"), {}},
         {"forms that do not exist", QByteArray(R"({"forms":{"image":"song","film":"text"}})"), {}},
         {"members of other types",
          QByteArray(R"({"sidebarWidth":"wide","frame":7,"sidebarHidden":[],"geometry":1})"),

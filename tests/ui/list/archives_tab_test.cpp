@@ -23,10 +23,6 @@ public:
     bool says(const QString &text) const {
         return waitUntil([&] { return testing::says(tab, text); });
     }
-    void publish(const QList<LogEntry> &entries) {
-        fixture.app.archiveEntries = entries;
-        fixture.app.archivesLoaded = true;
-    }
 
     AppFixture fixture{};
     QAction zip{u"Create Archive Zip..."_s};
@@ -35,12 +31,10 @@ public:
 
 TEST(ArchivesTab, ARevisionChosenShowsItsZipAndPaths) {
     SvnFixture repository;
-    repository.write(u"a"_s);
-    repository.commitAll(u"first"_s);
-    repository.write(u"b"_s);
-    repository.commitAll(u"second"_s);
+    repository.commit({{u"a"_s}});
+    repository.commit({{u"b"_s}});
     ShownArchives shown;
-    shown.fixture.open(repository.path(), RepositoryKind::svn);
+    shown.fixture.open(repository);
     awaited(shown.fixture.app.loadArchives());
     EXPECT_TRUE(shown.says(u"3 revisions"_s));
     EXPECT_TRUE(shown.says(u"(select a revision)"_s));

@@ -55,12 +55,11 @@ TEST(ChangesTab, OnlyTheUsersChoiceOfARowRunsATool) {
 
 TEST(ChangesTab, ShowsTheDiffOfTheRowThatTheUserChooses) {
     GitFixture repository;
-    repository.writeAll({{u"a"_s}, {u"b"_s}});
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"a"_s}, {u"b"_s}});
     repository.writeAll({{u"a"_s, "in a\n"}, {u"b"_s, "in b\n"}});
     AppFixture fixture;
     ShownTab shown(fixture.app);
-    fixture.open(repository.path(), RepositoryKind::git);
+    fixture.open(repository);
     EXPECT_TRUE(waitUntil([&] { return shown.printed().contains(u"+in a"_s); }));
     QTest::keyClick(&shown.list(), Qt::Key_Down);
     EXPECT_TRUE(waitUntil([&] { return shown.printed().contains(u"+in b"_s); }));
@@ -69,8 +68,7 @@ TEST(ChangesTab, ShowsTheDiffOfTheRowThatTheUserChooses) {
 
 TEST(ChangesTab, ColorsDiffsByTheLanguageRules) {
     GitFixture repository;
-    repository.write(u"a.own"_s);
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"a.own"_s}});
     repository.write(u"a.own"_s, "if\n");
     AppFixture fixture;
     ShownTab shown(fixture.app);
@@ -78,7 +76,7 @@ TEST(ChangesTab, ColorsDiffsByTheLanguageRules) {
     const auto hasSpans = [&looks](qsizetype count) {
         return waitUntil([&] { return looks.find(1) != nullptr && looks.find(1)->spans.size() == count; });
     };
-    fixture.open(repository.path(), RepositoryKind::git);
+    fixture.open(repository);
     ASSERT_TRUE(hasSpans(0));
     fixture.app.customLanguageRules =
         QList<CustomLanguageRule>{{.fileExtension = u"own"_s, .languageName = u"C"_s, .colorHex = u"#000000"_s}};
@@ -91,7 +89,7 @@ TEST(ChangesTab, FollowsTheRowsThoughTheirTextsAreEqual) {
         repository.git({u"init"_s, u"-q"_s, inner});
     AppFixture fixture;
     ShownTab shown(fixture.app);
-    fixture.open(repository.path(), RepositoryKind::git);
+    fixture.open(repository);
     ASSERT_TRUE(waitUntil([&] { return shown.says(u"(unversioned directory)"_s); }));
     for (const QString &path : u"three|two"_list) {
         QTest::keyClick(&shown.tab, Qt::Key_F8);
@@ -105,16 +103,16 @@ TEST(ChangesTab, KeepsTheFilterTextOfEachProject) {
     const GitFixture second;
     AppFixture fixture;
     ShownTab shown(fixture.app);
-    fixture.open(first.path(), RepositoryKind::git);
+    fixture.open(first);
     QTest::keyClicks(&shown.filter(), u"src"_s);
-    fixture.open(second.path(), RepositoryKind::git);
+    fixture.open(second);
     EXPECT_EQ(shown.tab.filterText(), u""_s);
     QTest::keyClicks(&shown.filter(), u"doc"_s);
-    fixture.open(first.path(), RepositoryKind::git);
+    fixture.open(first);
     EXPECT_EQ(shown.tab.filterText(), u"src"_s);
     EXPECT_TRUE(shown.tab.escape());
     EXPECT_EQ(shown.tab.filterText(), u""_s);
-    fixture.open(second.path(), RepositoryKind::git);
+    fixture.open(second);
     EXPECT_EQ(shown.tab.filterText(), u"doc"_s);
 }
 
@@ -123,7 +121,7 @@ TEST(ChangesTab, CallsAProjectUnchangedOnlyAfterALoadThatSucceeded) {
     const TempTree noRepository;
     AppFixture fixture;
     const ShownTab shown(fixture.app);
-    fixture.open(clean.path(), RepositoryKind::git);
+    fixture.open(clean);
     EXPECT_TRUE(shown.says(u"No Changes"_s));
     fixture.open(noRepository.path(), RepositoryKind::git);
     EXPECT_TRUE(startsWith(fixture.alertText(), u"Status Failed"_s));

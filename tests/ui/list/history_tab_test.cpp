@@ -30,8 +30,8 @@ public:
         activate(tab);
     }
 
-    void open(const QString &path, RepositoryKind kind) {
-        fixture.open(path, kind);
+    void open(const RepositoryFixture &repository) {
+        fixture.open(repository);
         awaited(fixture.app.loadHistory());
     }
     RowListView &files() { return *qobject_cast<RowListView *>(tab.focusPanes().at(0)); }
@@ -64,7 +64,7 @@ TEST(HistoryTab, FilesLeadToTheirRevisionsAndThoseToTheirDiffs) {
     repository.writeAll({{u"src/a.txt"_s, "two\n"}, {u"b.txt"_s, "b\n"}});
     repository.commitAll(u"Change a\n\nand add b"_s);
     ShownHistory shown;
-    shown.open(repository.path(), RepositoryKind::svn);
+    shown.open(repository);
     ASSERT_TRUE(shown.shows(u"+b"_s));
     EXPECT_EQ(shown.spoken(shown.files()), u"b.txt, Added, r3"_s);
     shown.files().setFocus();
@@ -79,44 +79,34 @@ TEST(HistoryTab, FilesLeadToTheirRevisionsAndThoseToTheirDiffs) {
     EXPECT_TRUE(shown.spoken(shown.revisions()).endsWith(u", Added"_s));
     shown.fixture.app.selectedRevision = 3; // as a load does: nothing is called, the old diff stays
     EXPECT_EQ(shown.revisions().currentIndex().row(), 0);
-    QTest::qWait(50);
+    HeldApp::settle();
     EXPECT_TRUE(shown.diff().document().printed.contains(u"+one"_s));
     EXPECT_EQ(shown.tab.findChild<QTextEdit *>()->toPlainText(), u"Change a\n\nand add b"_s);
 }
 
 TEST(HistoryTab, OneKeyWalksThroughAllHunksAndBack) {
     GitFixture repository;
-    repository.write(u"b"_s, lines({}));
-    repository.commitAll(u"first"_s);
-    repository.write(u"b"_s, lines({3, 30}));
-    repository.commitAll(u"second"_s);
-    repository.write(u"a"_s, "new\n");
-    repository.commitAll(u"third"_s);
+    repository.commit({{u"b"_s, lines({})}});
+    repository.commit({{u"b"_s, lines({3, 30})}});
+    repository.commit({{u"a"_s, "new\n"}});
     ShownHistory shown;
-    shown.open(repository.path(), RepositoryKind::git);
-    struct Stop {
-        QString path, text;
-        qint64 hunk;
-    };
-    const QList<Stop> stops{{u"a"_s, u"+new"_s, 0},
-                            {u"b"_s, u"+changed 3\n"_s, 0},
-                            {u"b"_s, u"+changed 30"_s, 1},
-                            {u"b"_s, u"+line 3\n"_s, 0}};
-    const auto isAt = [&](const Stop &stop) {
-        return waitUntil([&] {
-            return shown.diff().document().printed.contains(stop.text) && shown.diff().currentHunk() == stop.hunk &&
-                   shown.fixture.app.selectedHistoryPath.value() == stop.path;
-        });
+    shown.open(repository);
+    const auto isAt = [&](const QString &text, qint64 hunk) {
+        return waitUntil([&] { return shown.shows(text) && shown.diff().currentHunk() == hunk; });
     };
     shown.files().setFocus();
-    ASSERT_TRUE(isAt(stops.first()));
-    for (qsizetype stop = 1; stop < stops.size(); ++stop) {
-        QTest::keyClick(&shown.files(), Qt::Key_F7);
-        ASSERT_TRUE(isAt(stops.at(stop))) << stop;
-    }
-    for (qsizetype stop = 2; stop >= 0; --stop) {
-        QTest::keyClick(&shown.files(), Qt::Key_F7, Qt::ShiftModifier);
-        ASSERT_TRUE(isAt(stops.at(stop))) << "back to " << stop;
+    ASSERT_TRUE(isAt(u"+new"_s, 0));
+    const Rows<Qt::KeyboardModifiers, QString, qint64> steps{
+        {"to the next file", {}, u"+changed 3\n"_s, 0},
+        {"to its second hunk", {}, u"+changed 30"_s, 1},
+        {"to its older revision", {}, u"+line 3\n"_s, 0},
+        {"back to the last hunk", Qt::ShiftModifier, u"+changed 30"_s, 1},
+        {"back to the first", Qt::ShiftModifier, u"+changed 3\n"_s, 0},
+        {"back to the first file", Qt::ShiftModifier, u"+new"_s, 0},
+    };
+    for (const auto &[name, modifiers, text, hunk] : steps) {
+        QTest::keyClick(&shown.files(), Qt::Key_F7, modifiers);
+        ASSERT_TRUE(isAt(text, hunk));
     }
 }
 
@@ -125,33 +115,25 @@ TEST(HistoryTab, SaysWhyItIsEmpty) {
     ShownHistory shown;
     EXPECT_FALSE(shown.says(u"No Revisions"_s)) << "nothing was loaded";
     EXPECT_TRUE(shown.says(u"(select a file and a revision)"_s));
-    shown.open(empty.path(), RepositoryKind::git);
+    shown.open(empty);
     EXPECT_TRUE(shown.says(u"No Revisions"_s));
     EXPECT_TRUE(shown.says(u"The log of this project is empty."_s));
     const SvnFixture foldersOnly;
-    shown.open(foldersOnly.path(), RepositoryKind::svn);
+    shown.open(foldersOnly);
     EXPECT_TRUE(shown.says(u"No Files"_s));
 }
 
 TEST(HistoryTab, TheRowMenuAndTheHeadShareTheActions) {
     GitFixture repository;
-    repository.write(u"src/a"_s);
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"src/a"_s}});
     ShownHistory shown;
-    shown.open(repository.path(), RepositoryKind::git);
+    shown.open(repository);
     emit shown.revisions().rowMenuRequested(0, QPoint());
     QMenu *menu = openMenu();
     ASSERT_NE(menu, nullptr);
-    const auto trigger = [&](const QString &text) {
-        for (QAction *action : menu->actions()) {
-            if (action->text() == text)
-                action->trigger();
-        }
-        return QGuiApplication::clipboard()->text();
-    };
-    EXPECT_TRUE(waitUntil([&] { return trigger(u"Copy Message"_s) == u"first"_s; }));
-    EXPECT_EQ(trigger(u"Copy Revision"_s), QString::fromLatin1(repository.git(u"rev-parse|HEAD"_list).trimmed()));
-    EXPECT_EQ(trigger(u"Copy Path"_s), u"src/a"_s);
+    clickItem(*menu, u"Copy Revision"_s);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(),
+              QString::fromLatin1(repository.git(u"rev-parse|HEAD"_list).trimmed()));
     for (QAction *action : {&shown.pull, &shown.against, &shown.blame, &shown.zip, &shown.rollback, &shown.exporting})
         EXPECT_TRUE(menu->actions().contains(action)) << qPrintable(action->text());
     menu->close();

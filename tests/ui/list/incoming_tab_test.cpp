@@ -36,8 +36,7 @@ public:
 class OldWorkingCopy : public SvnFixture {
 public:
     OldWorkingCopy() {
-        writeAll({{u"a.txt"_s, "one\n"}, {u"b.txt"_s, "b\n"}});
-        commitAll(u"two"_s);
+        commit({{u"a.txt"_s, "one\n"}, {u"b.txt"_s, "b\n"}});
         write(u"a.txt"_s, "three\n");
         commitAll(u"Change a"_s);
         writeAll({{u"a.txt"_s, "four\n"}, {u"b.txt"_s, "bee\n"}});
@@ -49,33 +48,20 @@ public:
 TEST(IncomingTab, RevisionsLeadToTheirDiffs) {
     const OldWorkingCopy repository;
     ShownIncoming shown;
-    shown.fixture.open(repository.path(), RepositoryKind::svn);
+    shown.fixture.open(repository);
     ASSERT_TRUE(shown.shows(u"+bee"_s));
     EXPECT_TRUE(shown.printed().contains(u"+four"_s)) << "all files of the revision";
     EXPECT_TRUE(startsWith(shown.spoken(), u"Change both, r4, "_s));
-    for (const char *text : {"r2 to r4", "2 revisions", "Out of date", "2 items"})
-        EXPECT_TRUE(shown.says(QString::fromLatin1(text))) << text;
+    for (const QString &text : u"r2 to r4|2 revisions|Out of date|2 items"_list)
+        EXPECT_TRUE(shown.says(text)) << text.toStdString();
     QTest::keyClick(&shown.revisions(), Qt::Key_Down);
     EXPECT_EQ(shown.fixture.app.selectedIncomingRevision.value(), 3);
     EXPECT_TRUE(shown.shows(u"+three"_s));
     shown.fixture.app.selectedIncomingRevision = 4; // as a load does: nothing is called, the old diff stays
     EXPECT_TRUE(shown.spoken().startsWith(u"Change both"_s));
-    QTest::qWait(50);
+    HeldApp::settle();
     EXPECT_TRUE(shown.printed().contains(u"+three"_s));
     EXPECT_EQ(shown.outdated().model()->index(1, 0).data(Qt::AccessibleTextRole).toString(), u"b.txt, Modified"_s);
-}
-
-TEST(IncomingTab, OneKeyWalksThroughTheHunksOfAllRevisions) {
-    const OldWorkingCopy repository;
-    ShownIncoming shown;
-    shown.fixture.open(repository.path(), RepositoryKind::svn);
-    shown.revisions().setFocus();
-    ASSERT_TRUE(shown.shows(u"+bee"_s));
-    QTest::keyClick(&shown.revisions(), Qt::Key_F7);
-    EXPECT_EQ(shown.fixture.app.selectedIncomingRevision.value(), 4) << "the second file";
-    QTest::keyClick(&shown.revisions(), Qt::Key_F7);
-    EXPECT_EQ(shown.fixture.app.selectedIncomingRevision.value(), 3);
-    EXPECT_TRUE(shown.shows(u"+three"_s));
 }
 
 TEST(IncomingTab, SaysWhyItIsEmpty) {
@@ -83,58 +69,37 @@ TEST(IncomingTab, SaysWhyItIsEmpty) {
     ShownIncoming shown;
     EXPECT_TRUE(shown.says(u"(select an incoming revision)"_s));
     EXPECT_FALSE(shown.says(u"No Incoming Changes"_s)) << "nothing was loaded";
-    shown.fixture.open(repository.path(), RepositoryKind::svn);
+    shown.fixture.open(repository);
     shown.outdated().setFocus();
-    awaited(
-        shown.fixture.app.runSelectedProjectCommand(u"Update"_s, {u"update"_s}, RefreshAfter::yes, ShowOutput::always));
+    shown.fixture.run(u"Update"_s, u"update"_list);
     EXPECT_TRUE(shown.says(u"No Incoming Changes"_s));
     EXPECT_TRUE(shown.says(u"r4 to r4"_s));
     EXPECT_FALSE(shown.outdated().isVisible());
     EXPECT_TRUE(shown.revisions().hasFocus()) << "the list of items left with the focus";
     const GitFixture git;
-    shown.fixture.open(git.path(), RepositoryKind::git);
+    shown.fixture.open(git);
     EXPECT_TRUE(shown.says(u"SVN Incoming Only"_s));
-    EXPECT_TRUE(shown.says(u"Pull brings the commits of a Git project."_s));
     EXPECT_FALSE(shown.says(u"r4 to r4"_s));
-    int pulls = 0;
-    QObject::connect(&shown.update, &QAction::triggered, [&pulls] { ++pulls; });
+    const QSignalSpy pulls(&shown.update, &QAction::triggered);
     clickButton(shown.tab, u"Pull"_s);
-    EXPECT_EQ(pulls, 1);
+    EXPECT_EQ(pulls.size(), 1);
 }
 
 TEST(IncomingTab, TheRowMenuUpdatesRefreshesAndCopies) {
     OldWorkingCopy repository;
     ShownIncoming shown;
-    shown.fixture.open(repository.path(), RepositoryKind::svn);
+    shown.fixture.open(repository);
     ASSERT_TRUE(shown.shows(u"+bee"_s));
     emit shown.revisions().rowMenuRequested(0, QPoint());
     QMenu *menu = openMenu();
     ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(itemTexts(*menu), u"update|Refresh Incoming Changes|-|Copy Revision|Copy Message"_list);
-    menu->actions().at(3)->trigger();
-    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"r4"_s);
-    menu->actions().at(4)->trigger();
+    EXPECT_TRUE(menu->actions().contains(&shown.update));
+    clickItem(*menu, u"Copy Message"_s);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), u"Change both\n\nin one go"_s);
     repository.svn(u"update|-q|-r|3"_list);
-    menu->actions().at(1)->trigger();
+    clickItem(*menu, u"Refresh Incoming Changes"_s);
     EXPECT_TRUE(waitUntil([&] { return shown.says(u"r3 to r4"_s); }));
     menu->close();
-}
-
-TEST(IncomingTab, SeveralBinaryFilesAreNamedOneByOne) {
-    OldWorkingCopy repository;
-    repository.svn(u"update|-q"_list);
-    repository.write(u"a.bin"_s, QByteArray("\0\1", 2));
-    repository.commitAll(u"five"_s);
-    repository.writeAll({{u"b.bin"_s, QByteArray("\0\1", 2)}, {u"c.bin"_s, QByteArray("\0\1", 2)}});
-    repository.commitAll(u"six"_s);
-    repository.svn(u"update|-q|-r|4"_list);
-    ShownIncoming shown;
-    shown.fixture.open(repository.path(), RepositoryKind::svn);
-    EXPECT_TRUE(shown.shows(u"Index: c.bin"_s));
-    EXPECT_FALSE(shown.says(u"Unknown file type."_s));
-    QTest::keyClick(&shown.revisions(), Qt::Key_Down);
-    EXPECT_TRUE(waitUntil([&] { return shown.says(u"Unknown file type."_s); })) << "of one file there is a notice";
 }
 
 } // namespace

@@ -105,23 +105,6 @@ TEST_F(RowListViewTest, AStepFromARowThatTheFilterHidesLeadsToTheEndsOfTheMatche
     EXPECT_FALSE(view.chooseBeside(1));
 }
 
-TEST_F(RowListViewTest, MovesByKeysAndAnnouncesEachSingleStepAtOnce) {
-    const Rows<Qt::Key, QString> table{
-        {"down without a current row", Qt::Key_Down, u"f00"_s},
-        {"down", Qt::Key_Down, u"f01"_s},
-        {"up", Qt::Key_Up, u"f00"_s},
-        {"end", Qt::Key_End, u"f99"_s},
-        {"home", Qt::Key_Home, u"f00"_s},
-    };
-    rows.publish(hundredFiles());
-    show();
-    for (const auto &[name, key, expected] : table) {
-        QTest::keyClick(&view, key);
-        ASSERT_EQ(chosen.size(), 1);
-        EXPECT_EQ(chosen.takeFirst().first().toString(), expected);
-    }
-}
-
 TEST_F(RowListViewTest, ARepeatingKeyMovesAtOnceAndAnnouncesTheLastRowOnly) {
     rows.publish(hundredFiles());
     show();

@@ -109,7 +109,7 @@ TEST_F(DetailPaneTest, ASupersededPreviewIsNeverShown) {
     const QByteArray large = png({4000, 3000}, Qt::red);
     pane.showFile(subjectOf(u"a.png"_s), binary, preview(DiffPreviewKind::image, u"a.png"_s, large, large));
     pane.showFile(subjectOf(u"b.c"_s), diff, {});
-    QTest::qWait(300);
+    QTest::qWait(150);
     EXPECT_TRUE(showsDiff());
     pane.showFile(subjectOf(u"a.png"_s), binary, preview(DiffPreviewKind::image, u"a.png"_s, large, large));
     showImages(u"c.png"_s, png({40, 40}, Qt::blue), png({40, 40}, Qt::green));
