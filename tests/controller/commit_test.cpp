@@ -220,9 +220,7 @@ TEST(Commit, OfGitFollowsTheIndexWhereTheDiskSaysOtherwise) {
             git.git(u"add|staged"_list);
         change(git);
         AppFixture f(git);
-        tickOnly(f, ticked);
-        f.app.commitMessage = u"why"_s;
-        awaited(f.app.commitSelected());
+        f.commit(ticked);
         EXPECT_EQ(f.alertText(), alert);
         EXPECT_EQ(git.git(u"diff|--name-status|--no-renames|first|HEAD"_list), committed);
         EXPECT_EQ(f.rows(), left);

@@ -62,9 +62,10 @@ protected:
     }
     /// The rows after the action, with its alert if there is one.
     QStringList after(QCoro::Task<> action) {
-        f.app.alert = std::nullopt;
         awaited(std::move(action));
-        return f.alertText().isEmpty() ? f.rows() : QStringList(f.alertText());
+        const QString alert = f.alertText();
+        f.app.alert = std::nullopt;
+        return alert.isEmpty() ? f.rows() : QStringList(alert);
     }
     void answer(const Answer &texts) { f.user.promptAnswer = texts; }
     void tick(const QSet<QString> &paths) { f.app.selectedCommitPaths = paths; }

@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 constexpr int changedRows = 100'000;
 constexpr int unversionedFiles = 50'000;
 constexpr int revisions = 20'000;
-constexpr int changedLines = 250'000; ///< each with a removed, an added and two equal lines
+constexpr int diffChanges = 250'000; ///< each with a removed, an added and two equal lines
 constexpr int filesPerFolder = 500;
 
 QByteArray fileName(int number) {
@@ -147,7 +147,7 @@ QList<Pause> manyChangedRows(double longest) {
 
 QList<Pause> longDiff(double longest) {
     WatchedWindow user(longest);
-    user.prints(u"diff"_s, printedDiff(changedLines));
+    user.prints(u"diff"_s, printedDiff(diffChanges));
     user.open();
     user.press<DiffView>(Qt::Key_End, Qt::ControlModifier);
     user.press<DiffView>(Qt::Key_PageUp);

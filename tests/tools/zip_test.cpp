@@ -42,6 +42,7 @@ TEST(Zip, KeepsWhatAFolderIs) {
     setUp(u"src/.hidden"_s, 0444);
     setUp(u"src/empty"_s, 0700);
     setUp(u"src/größe"_s, 0755);
+    setUp(u"src"_s, 0755);
     const QList<QByteArray> expected = listing(tree.path(u"src"_s));
     ::mkfifo(QFile::encodeName(tree.path(u"src/pipe"_s)).constData(), 0600);
     setUp(u"src"_s, 0755);

@@ -123,6 +123,7 @@ TEST(ConfigurationTab, TheSelectedRuleTakesASyntaxFile) {
     const QStringList withFile{u"h|C Header|#555555|None"_s, u"glsl|Shader|#555555|~/glsl.sublime-syntax"_s};
     EXPECT_EQ(shown.rows(), withFile);
     EXPECT_FALSE(shown.field()) << "its path is chosen, not typed";
+    clear.setFocus();
     QTest::keyClick(&clear, Qt::Key_Space);
     EXPECT_EQ(shown.savedRules().at(1).syntaxFilePath, std::nullopt);
     EXPECT_TRUE(choose.hasFocus()) << "the focus stays in the row";

@@ -46,7 +46,8 @@ TEST(PreviewVersion, HostileDataIsDescribed) {
     };
     boundImageMemory();
     for (const auto &[name, kind, data, head, text] : rows) {
-        const PreviewVersion version = decoded(kind, data.startsWith("<svg") ? u"a.svg"_s : u"a.png"_s, data);
+        const QString extension = data.startsWith("<svg") ? u"svg"_s : data.startsWith("P6") ? u"ppm"_s : u"png"_s;
+        const PreviewVersion version = decoded(kind, u"a."_s + extension, data);
         if (head.isEmpty())
             continue; // to survive it is enough
         EXPECT_EQ(versionText(version), head);
