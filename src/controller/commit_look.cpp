@@ -52,6 +52,12 @@ GitRowFacts factsOnDisk(const GitRowFacts &facts, const QString &root) {
     return still;
 }
 
+/// Whether a name of the row was no UTF-8, so that no tool can be told of it.
+bool hasLostName(const WorkingCopyItem &item, const CommitRequest &request, const Project &project) {
+    const bool lost = item.path.contains(QChar::ReplacementCharacter) && !standsInside(item.path, project.path);
+    return lost || request.git.oldNames.value(item.path).contains(QChar::ReplacementCharacter);
+}
+
 /// Notes how Git can be told of a deletion, for which `git add` and a commit by name look at the disk alone.
 void lookAtDeletion(CommitRequest &request, const QString &path, const QString &root) {
     const bool kept = standsInside(path, root);
@@ -75,6 +81,8 @@ std::optional<QString> obstacleOf(const WorkingCopyItem &item, const QFileInfo &
         return item.path + u" is on disk again. Refresh before committing it."_s;
     if (item.kind == SVNStatusKind::conflicted && info.isFile() && holdsConflictMarkers(info.filePath()))
         return item.path + u" still holds conflict markers. Resolve the conflict before committing it."_s;
+    if (hasLostName(item, request, project))
+        return item.path + u" has a name that is not UTF-8. Untick it and commit it in a terminal."_s;
     if (const std::optional<QString> nested = nestedRepository(item, project))
         return *nested + u" is a repository of its own. Untick it and what is in it, then commit again."_s;
     return std::nullopt;

@@ -1,5 +1,9 @@
 #include "controller/commit_selection.h"
 
+#include "rules/working_copy_paths.h"
+
+#include <algorithm>
+
 namespace kestor {
 
 namespace {
@@ -12,6 +16,23 @@ bool isDoubtful(const WorkingCopyItem &item) {
 /// Whether a decision of earlier is still one on this row.
 bool counts(TickDecision decision, const WorkingCopyItem &item) {
     return decision != TickDecision::tick || !isDoubtful(item);
+}
+
+QSet<QString> externalFolders(const QList<WorkingCopyItem> &items) {
+    QSet<QString> folders;
+    for (const WorkingCopyItem &item : items) {
+        if (item.kind == SVNStatusKind::external)
+            folders.insert(item.path);
+    }
+    return folders;
+}
+
+bool liesInAny(const QString &path, const QSet<QString> &folders) {
+    if (folders.isEmpty())
+        return false;
+    const QStringList above = foldersAbove(path);
+    return std::any_of(above.begin(), above.end(),
+                       [&folders](const QString &folder) { return folders.contains(folder); });
 }
 
 } // namespace
@@ -40,11 +61,13 @@ TickDecision decisionOn(const WorkingCopyItem &item, bool selected) {
 }
 
 QSet<QString> ticksFor(const QList<WorkingCopyItem> &items, const TickDecisions &decisions) {
+    const QSet<QString> externals = externalFolders(items);
     QSet<QString> ticks;
     for (const WorkingCopyItem &item : items) {
         const auto decision = decisions.constFind(item.path);
         const bool decided = decision != decisions.constEnd() && counts(*decision, item);
-        const bool ticked = decided ? *decision != TickDecision::untick : isTickedAtFirst(item);
+        const bool ticked =
+            decided ? *decision != TickDecision::untick : isTickedAtFirst(item) && !liesInAny(item.path, externals);
         if (ticked && isCommittable(item))
             ticks.insert(item.path);
     }

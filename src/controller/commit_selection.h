@@ -28,7 +28,8 @@ TickDecision decisionOn(const WorkingCopyItem &item, bool selected);
 using TickDecisions = QHash<QString, TickDecision>;
 
 /// The ticks of `items`: as the user decided, else as isTickedAtFirst says, whatever the row was before. A tick does
-/// not outlive that the row becomes doubtful.
+/// not outlive that the row becomes doubtful. What lies in an external is not ticked at first: a commit would take it
+/// to the external's repository.
 QSet<QString> ticksFor(const QList<WorkingCopyItem> &items, const TickDecisions &decisions);
 
 /// The decisions on paths that are still rows, and that still count.

@@ -1,6 +1,6 @@
 #include "controller/git_status.h"
 
-#include "controller/tool_text.h"
+#include "model/utf8_text.h"
 #include "parsers/git_parsers.h"
 #include "rules/working_copy_paths.h"
 
@@ -45,7 +45,7 @@ QString takeName(QByteArrayView &text) {
         const qsizetype arrow = text.indexOf(" -> ");
         const QByteArrayView name = arrow < 0 ? text : text.first(arrow);
         text = text.sliced(name.size());
-        return toolText(name);
+        return utf8Text(name);
     }
     QByteArray name;
     qsizetype i = 1;
@@ -67,7 +67,7 @@ QString takeName(QByteArrayView &text) {
         name.append(static_cast<char>(byte));
     }
     text = text.sliced(std::min(i + 1, text.size()));
-    return toolText(name);
+    return utf8Text(name);
 }
 
 struct Names {

@@ -35,7 +35,8 @@ struct GitStatus {
     friend bool operator==(const GitStatus &, const GitStatus &) = default;
 };
 
-/// Reads `git status --porcelain=v1`, names with quotes, line feeds, tabs or " -> " included. Any thread.
+/// Reads `git status --porcelain=v1`, names with quotes, line feeds, tabs or " -> " included. Bytes of names that are
+/// no UTF-8 become U+FFFD. Any thread.
 GitStatus gitStatus(QStringView text);
 
 } // namespace kestor

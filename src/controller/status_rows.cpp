@@ -2,6 +2,7 @@
 
 #include "controller/git_status.h"
 #include "controller/tool_text.h"
+#include "model/utf8_text.h"
 #include "parsers/svn_xml_parsers.h"
 #include "rules/project_bounds.h"
 #include "rules/status_filter.h"
@@ -43,8 +44,10 @@ bool deniesWorkingCopy(const SVNCommandResult &status, const QString &root) {
 StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray &output) {
     GitStatus read;
     std::optional<QList<WorkingCopyItem>> listed;
+    // A name that is no UTF-8 gets replacement characters, as the names of the disk do: letters would make it the name
+    // of another file.
     if (kind == RepositoryKind::git)
-        read = gitStatus(toolText(output));
+        read = gitStatus(utf8Text(output));
     else
         listed = StatusParser::parseWhole(isValidUtf8(output) ? output : toolText(output).toUtf8());
     if (listed)

@@ -26,6 +26,13 @@ TEST(CommitSelection, DecidesWhoHasATickBoxAndWhoStartsTicked) {
     }
 }
 
+TEST(CommitSelection, LeavesWhatLiesInExternalsUnticked) {
+    using K = SVNStatusKind;
+    const QList<WorkingCopyItem> items{
+        {u"ext/deep/f"_s, K::modified}, {u"ext"_s, K::external}, {u"extra"_s, K::modified}};
+    EXPECT_EQ(ticksFor(items, {}), QSet<QString>{u"extra"_s});
+}
+
 TEST(CommitSelection, ALaterLoadKeepsWhatTheUserDecided) {
     using K = SVNStatusKind;
     const QList<WorkingCopyItem> before{{u"ticked"_s, K::unversioned}, {u"gone"_s, K::modified},

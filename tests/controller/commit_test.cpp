@@ -1,6 +1,10 @@
 #include "rules/working_copy_paths.h"
 #include "support/app_test.h"
 
+#include <cstdio>
+#include <fstream>
+#include <string>
+
 namespace kestor {
 namespace {
 
@@ -286,6 +290,21 @@ TEST(Commit, StaysOutOfRepositoriesInUnversionedFolders) {
         EXPECT_TRUE(contains(f.alertText(), u"deep is a repository of its own."_s));
     }
     EXPECT_TRUE(svn.svn(u"status|deep/other"_list).startsWith("M "));
+}
+
+TEST(Commit, ANameThatIsNoUtf8IsNoOtherFile) {
+    GitFixture git;
+    git.commit({{u"caf\u00E9.txt"_s, "one\n"}});
+    const std::string latin1 = git.path(u"caf"_s).toStdString() + "\xE9.txt";
+    std::ofstream(latin1) << "x\n";
+    AppFixture f(git);
+    EXPECT_EQ(f.rows(), u"? caf\uFFFD.txt"_list);
+    awaited(f.app.revertAllPaths());
+    EXPECT_EQ(git.read(u"caf\u00E9.txt"_s), "one\n");
+    f.commit({u"caf\uFFFD.txt"_s});
+    EXPECT_EQ(f.alertText(), u"Commit Failed: caf\uFFFD.txt has a name that is not UTF-8. Untick it and commit it in a "
+                             "terminal."_s);
+    std::remove(latin1.c_str()); // the temporary tree cannot name it
 }
 
 } // namespace
