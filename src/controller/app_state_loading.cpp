@@ -4,6 +4,7 @@
 #include "controller/git_info.h"
 #include "controller/git_status.h"
 #include "controller/status_rows.h"
+#include "controller/status_run.h"
 #include "controller/tool_text.h"
 #include "parsers/svn_xml_parsers.h"
 #include "tools/arguments.h"
@@ -175,7 +176,7 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
         SVNCommandResult result;
         std::optional<SVNClientError> failure;
         try {
-            result = co_await tool->run(statusArguments(project.kind), project.path, CheckStatus::yes, purpose);
+            result = co_await runStatus(tool, project, purpose);
             if (deniesWorkingCopy(result, project.path))
                 failure = SVNClientError::commandFailed(result);
         } catch (const SVNClientError &error) {
