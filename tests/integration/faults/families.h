@@ -14,13 +14,12 @@ struct Family {
     RepositoryKind kind = RepositoryKind::svn;
     QString alert{};    ///< the title of its failure, as an expression
     unsigned needs = 0; ///< what it fails without; it goes on without anything else
-    QCoro::Task<> (*start)(Session &session, const World &world) = nullptr;
+    QCoro::Task<> (*start)(Session &session) = nullptr;
 
     /// Keeps addresses out of the names of tests.
     friend void PrintTo(const Family &family, std::ostream *out) { *out << family.name.toStdString(); }
 };
 
-/// With KESTOR_ALL_FAULTS set all of them, else those that are run most.
 QList<Family> allFamilies();
 
 } // namespace kestor::testing

@@ -43,95 +43,48 @@ void setAccess(const QString &root, Access access) {
 }
 
 void breakInterpreter(World &world) {
-    for (const QString &name : {u"svn"_s, u"svnadmin"_s, u"git"_s}) {
+    for (const QString &name : {u"svn"_s, u"svnadmin"_s, u"git"_s})
         world.tools.write(u"bin/"_s + name, "#!/no/such/program\n");
-    }
 }
+
+void moveProject(const World &world, const QString &from, const QString &to) {
+    QDir().rename(world.path(from), world.path(to));
+}
+
+void setPreferencesAccess(const World &world, QFile::Permissions permissions) {
+    QFile::setPermissions(world.path(u"preferences/test.conf"_s), permissions);
+}
+
+constexpr rlim_t fullDisk = 16; ///< bytes, of any file
 
 } // namespace
 
 const QList<Fault> &allFaults() {
     static const QList<Fault> faults{
-        {"the tool is missing", tool, breakInterpreter},
-        {"the tool exits 1 silently", tool,
-         [](World &) {
-             setToolFault("silent");
-         }},
-        {"the tool is killed", tool,
-         [](World &) {
-             setToolFault("killed");
-         }},
-        {"300 kB of errors, then success", 0,
-         [](World &) {
-             setToolFault("flood");
-         }},
-        {"300 kB of errors, then failure", tool,
-         [](World &) {
-             setToolFault("flood-and-fail");
-         }},
-        {"output in Latin-1", 0,
-         [](World &) {
-             setToolFault("latin1");
-         }},
-        {"invalid UTF-8, then failure", tool,
-         [](World &) {
-             setToolFault("invalid-and-fail");
-         }},
-        {"the tool is replaced while it runs", 0,
-         [](World &) {
-             setToolFault("replaced");
-         }},
-        {"the tool is deleted while it runs", laterRuns,
-         [](World &) {
-             setToolFault("gone");
-         }},
-        {"the project folder is removed", folder,
-         [](World &world) {
-             QDir(world.path(u"wc"_s)).removeRecursively();
-         }},
-        {"the project folder is moved", folder,
-         [](World &world) { QDir().rename(world.path(u"wc"_s), world.path(u"moved"_s)); },
-         [](World &world) {
-             QDir().rename(world.path(u"moved"_s), world.path(u"wc"_s));
-         }},
-        {"the project folder is read-only", writableFolder,
-         [](World &world) { setAccess(world.path(u"wc"_s), Access::readOnly); },
-         [](World &world) {
-             setAccess(world.path(u"wc"_s), Access::full);
-         }},
-        {"the disk is full", disk, [](World &) { limitFiles(16); },
-         [](World &) {
-             limitFiles(RLIM_INFINITY);
-         }},
-        {"the preferences are unreadable", preferencesFile | readablePreferences,
-         [](World &world) { QFile::setPermissions(world.path(u"preferences/test.conf"_s), {}); },
-         [](World &world) {
-             QFile::setPermissions(world.path(u"preferences/test.conf"_s), QFile::ReadOwner | QFile::WriteOwner);
-         }},
-        {"the preferences are read-only", preferencesFile,
-         [](World &world) { setAccess(world.path(u"preferences"_s), Access::readOnly); },
-         [](World &world) {
-             setAccess(world.path(u"preferences"_s), Access::full);
-         }},
+        {"the tool is missing", breakInterpreter, nullptr, tool},
+        {"the tool exits 1 silently", [](World &) { setToolFault("silent"); }, nullptr, tool},
+        {"the tool is killed", [](World &) { setToolFault("killed"); }, nullptr, tool},
+        {"300 kB of errors, no UTF-8, then failure", [](World &) { setToolFault("noisy"); }, nullptr, tool},
+        {"300 kB of errors, output in Latin-1, replaced while it runs, then success",
+         [](World &) { setToolFault("odd"); }, nullptr, 0},
+        {"the tool is deleted while it runs", [](World &) { setToolFault("gone"); }, nullptr, laterRuns},
+        {"the project folder is removed", [](World &w) { QDir(w.path(u"wc"_s)).removeRecursively(); }, nullptr, folder},
+        {"the project folder is moved", [](World &w) { moveProject(w, u"wc"_s, u"moved"_s); },
+         [](World &w) { moveProject(w, u"moved"_s, u"wc"_s); }, folder},
+        {"the project folder is read-only", [](World &w) { setAccess(w.path(u"wc"_s), Access::readOnly); },
+         [](World &w) { setAccess(w.path(u"wc"_s), Access::full); }, writableFolder},
+        {"the disk is full", [](World &) { limitFiles(fullDisk); }, [](World &) { limitFiles(RLIM_INFINITY); }, disk},
+        {"the preferences are unreadable", [](World &w) { setPreferencesAccess(w, {}); },
+         [](World &w) { setPreferencesAccess(w, QFile::ReadOwner | QFile::WriteOwner); },
+         preferencesFile | readablePreferences},
+        {"the preferences are read-only", [](World &w) { setAccess(w.path(u"preferences"_s), Access::readOnly); },
+         [](World &w) { setAccess(w.path(u"preferences"_s), Access::full); }, preferencesFile},
     };
     return faults;
 }
 
-const QList<Fault> &faultsOfOneRun() {
-    static const QList<Fault> faults{
-        {"exits 1 silently", tool,
-         [](World &) {
-             setToolFault("silent");
-         }},
-        {"is killed", tool,
-         [](World &) {
-             setToolFault("killed");
-         }},
-    };
-    return faults;
-}
-
-void strikeAt(int run) {
+void failInRun(int run) {
+    qputenv("FAULT", "silent");
     qputenv("FAULT_AT", QByteArray::number(run));
 }
 

@@ -19,18 +19,17 @@ enum Need : unsigned {
 
 struct Fault {
     const char *name = "";
-    unsigned breaks = 0;
     void (*inject)(World &world) = nullptr;
-    /// Makes good again what can be; nothing for faults that reset() undoes.
+    /// Makes good again what healTools() and World::reset() do not.
     void (*heal)(World &world) = nullptr;
+    unsigned breaks = 0;
 };
 
 /// Those that strike in every run of a tool, and those around the tools.
 const QList<Fault> &allFaults();
-/// Those that can strike in a single run, chosen with strikeAt.
-const QList<Fault> &faultsOfOneRun();
-void strikeAt(int run);
-/// No fault strikes any more.
+/// The tool fails silently in the run with that number, and in no other.
+void failInRun(int run);
+/// No tool fails any more.
 void healTools();
 
 } // namespace kestor::testing

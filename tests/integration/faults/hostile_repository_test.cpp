@@ -1,22 +1,14 @@
 #include "support/awaited.h"
-#include "support/printers.h"
+#include "support/test.h"
 #include "world.h"
 
 #include <QDirIterator>
 #include <QFile>
 
-#include <gtest/gtest.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace kestor {
 namespace {
-
-using testing::awaited;
-using testing::runTool;
-using testing::Session;
-using testing::World;
 
 /// The content of every file below a folder, also of what Git keeps.
 QMap<QString, QByteArray> bytesBelow(const QString &folder) {
@@ -55,16 +47,11 @@ QStringList doEverything(Session &session) {
 }
 
 TEST(HostileRepository, PathsThatLeadOutOfItAreNeitherShownNorTouched) {
-    struct Row {
-        const char *name;
-        RepositoryKind kind;
-        QByteArray status;
-    };
     const auto svnStatus = [](const char *path, const char *item) {
         return QByteArray("<status><target path=\".\"><entry path=\"") + path + "\"><wc-status item=\"" + item +
                "\" props=\"none\"/></entry></target></status>";
     };
-    const Row rows[] = {
+    const Rows<RepositoryKind, QByteArray> rows{
         {"unversioned file above", RepositoryKind::git, "?? ../outside/precious.txt\n"},
         {"unversioned folder above", RepositoryKind::git, "?? ../outside/\n"},
         {"added file above", RepositoryKind::git, "A  ../outside/precious.txt\n"},
@@ -78,19 +65,18 @@ TEST(HostileRepository, PathsThatLeadOutOfItAreNeitherShownNorTouched) {
         {"unversioned behind a link", RepositoryKind::svn, svnStatus("leaving/precious.txt", "unversioned")},
     };
     std::map<RepositoryKind, std::unique_ptr<World>> worlds;
-    for (const Row &row : rows) {
-        SCOPED_TRACE(row.name);
-        std::unique_ptr<World> &world = worlds[row.kind];
+    for (const auto &[name, kind, status] : rows) {
+        std::unique_ptr<World> &world = worlds[kind];
         if (!world)
-            world = std::make_unique<World>(row.kind);
+            world = std::make_unique<World>(kind);
         world->reset();
-        world->tools.write(u"status"_s, row.status);
+        world->tools.write(u"status"_s, status);
         qputenv("FAULT", "hostile");
         qputenv("FAULT_AT", "all");
         Session session(*world);
         EXPECT_FALSE(doEverything(session).join(u'\n').contains(u"precious\n"_s));
-        EXPECT_EQ(world->live().entries(u"outside"_s), QStringList(u"precious.txt"_s));
-        EXPECT_EQ(world->live().read(u"outside/precious.txt"_s), "precious\n");
+        EXPECT_EQ(world->live.entries(u"outside"_s), QStringList(u"precious.txt"_s));
+        EXPECT_EQ(world->live.read(u"outside/precious.txt"_s), "precious\n");
     }
     qunsetenv("FAULT");
 }
@@ -104,17 +90,17 @@ TEST(HostileRepository, LinksAndNamesInItStayLinksAndNames) {
             QFile::link(target, world.path(u"wc/"_s + link));
         for (const QString &name :
              {u"a;touch pwned;$(touch pwned)`touch pwned`.txt"_s, u"--config-option=x"_s, u"-m"_s})
-            world.live().write(u"wc/"_s + name);
+            world.live.write(u"wc/"_s + name);
         Session session(world);
         EXPECT_FALSE(doEverything(session).join(u'\n').contains(u"precious\n"_s));
-        EXPECT_EQ(world.live().read(u"outside/precious.txt"_s), "precious\n");
-        EXPECT_FALSE(world.live().exists(u"wc/pwned"_s));
+        EXPECT_EQ(world.live.read(u"outside/precious.txt"_s), "precious\n");
+        EXPECT_FALSE(world.live.exists(u"wc/pwned"_s));
     }
 }
 
 TEST(HostileRepository, OpeningWhatBelongsElsewhereChangesNothingThere) {
     World world(RepositoryKind::git);
-    world.live().write(u"elsewhere/.git"_s, "gitdir: ../wc/.git\n");
+    world.live.write(u"elsewhere/.git"_s, "gitdir: ../wc/.git\n");
     const QMap<QString, QByteArray> before = bytesBelow(world.path(u"wc"_s));
     Session session(world);
     awaited(session.app.addProject(world.path(u"elsewhere"_s), RepositoryKind::git));

@@ -8,13 +8,15 @@
 #include <QSettings>
 
 #include <memory>
-#include <variant>
 
 namespace kestor::testing {
 
 /// A working copy ("wc") with changes of every kind, and all that is around it: other folders, preferences, the user's
 /// home and the folder for temporary files. Tools are found through scripts that behave as FAULT says.
 class World {
+    std::unique_ptr<SvnFixture> svn;
+    std::unique_ptr<GitFixture> git;
+
 public:
     explicit World(RepositoryKind repositoryKind);
     ~World();
@@ -26,25 +28,26 @@ public:
     void repairTools();
     /// The rows of the working copy, as the real tool has them.
     QStringList rows() const;
-    QString path(const QString &relative) const { return live().path(relative); }
-    /// The files of the user by their paths: those of "wc", "outside", "import" and "out".
+    QString path(const QString &relative) const { return live.path(relative); }
+    /// Of the repository, for what makes a new working copy.
+    QString url() const;
+    /// The files of the user by their paths: those of "wc", "outside" and "out".
     QMap<QString, QByteArray> files() const;
-    const TempTree &live() const;
-    TempTree &live();
     /// How often a tool has run since the reset.
     int toolRuns() const { return static_cast<int>(tools.read(QStringLiteral("runs")).count('\n')); }
 
     RepositoryKind kind;
+    TempTree &live;
     TempTree tools{}; ///< "bin" comes first in PATH
 
 private:
     void fill();
 
-    std::variant<std::monostate, SvnFixture, GitFixture> fixture{};
     TempTree original{};
 };
 
-/// The controller over the working copy of a world, with everything loaded, but no tool run.
+/// The controller over the working copy of a world, with everything loaded and ticked, but no tool run. Its user has an
+/// answer to every question.
 struct Session {
     explicit Session(const World &world);
     /// Publishes what `loaded` has.

@@ -1,8 +1,8 @@
 #include "controller/app_state.h"
 #include "model/language_configuration_store.h"
 #include "model/project_store.h"
-#include "support/printers.h"
 #include "support/repositories.h"
+#include "support/test.h"
 #include "tools/temporary_folder.h"
 
 #include <QFile>
@@ -13,15 +13,10 @@
 #include <algorithm>
 #include <archive.h>
 #include <archive_entry.h>
-#include <gtest/gtest.h>
 #include <unistd.h>
-
-using namespace Qt::StringLiterals;
 
 namespace kestor {
 namespace {
-
-using testing::TempTree;
 
 /// How often each operation is killed: KESTOR_KILLS where it is set.
 int killsOfEach() {
@@ -38,10 +33,7 @@ protected:
         for (int i = 0; i < 40; ++i)
             tree.write(u"wc/folder/file%1.txt"_s.arg(i), QByteArray(20000, 'x'));
         tree.write(u"wc/kept.txt"_s);
-        if (svn)
-            svn->commitAll(u"first"_s);
-        else
-            git->commitAll(u"first"_s);
+        svn ? svn->commitAll(u"first"_s) : git->commitAll(u"first"_s);
     }
 
     TempTree &root() { return svn ? svn->tree : git->tree; }
@@ -52,8 +44,8 @@ protected:
 
     const QString operation = QString::fromStdString(std::get<0>(GetParam()));
     const QString kind = QString::fromStdString(std::get<1>(GetParam()));
-    std::unique_ptr<testing::SvnFixture> svn = kind == u"svn" ? std::make_unique<testing::SvnFixture>() : nullptr;
-    std::unique_ptr<testing::GitFixture> git = kind == u"git" ? std::make_unique<testing::GitFixture>() : nullptr;
+    std::unique_ptr<SvnFixture> svn = kind == u"svn" ? std::make_unique<SvnFixture>() : nullptr;
+    std::unique_ptr<GitFixture> git = kind == u"git" ? std::make_unique<GitFixture>() : nullptr;
     qsizetype rules = 0;
 };
 
@@ -110,18 +102,12 @@ void Kills::expectSoundState() {
     if (svn)
         svn->svn({u"cleanup"_s});
     // Fails the test program when the working copy cannot be read.
-    if (svn)
-        svn->svn({u"status"_s});
-    else
-        git->git({u"status"_s, u"--porcelain"_s});
+    svn ? svn->svn({u"status"_s}) : git->git({u"status"_s});
     // The trash numbers a file whose way there was cut short before.
     const QStringList trash = root().entries(u"home/data/Trash/files"_s);
-    for (const QByteArray &name : root().read(u"made"_s).split('\n')) {
-        const QString file = QString::fromUtf8(name);
-        const auto isIt = [&file](const QString &entry) {
-            return entry.startsWith(file);
-        };
-        EXPECT_TRUE(exists(u"wc/"_s + file) || std::any_of(trash.begin(), trash.end(), isIt)) << name.toStdString();
+    for (const QString &file : QString::fromUtf8(root().read(u"made"_s)).split(u'\n')) {
+        const bool inTrash = std::ranges::any_of(trash, [&](const QString &entry) { return entry.startsWith(file); });
+        EXPECT_TRUE(inTrash || exists(u"wc/"_s + file)) << file.toStdString();
     }
     EXPECT_TRUE(exists(u"wc/folder/file39.txt"_s));
     // As the next start does.
