@@ -4,6 +4,7 @@
 #include "ui/list/filter_field.h"
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/changes_tab.h"
+#include "ui/tabs/tick_all_box.h"
 
 #include <algorithm>
 #include <memory>
@@ -126,6 +127,27 @@ TEST(ChangesTab, CallsAProjectUnchangedOnlyAfterALoadThatSucceeded) {
     fixture.open(noRepository.path(), RepositoryKind::git);
     EXPECT_TRUE(startsWith(fixture.alertText(), u"Status Failed"_s));
     EXPECT_FALSE(shown.says(u"No Changes"_s));
+}
+
+TEST(TickAllBox, FollowsTheShownRowsAndAsksOnlyWhileTheyMayChange) {
+    const Rows<TickCounts, Qt::CheckState> rows{
+        {"no row", {}, Qt::Unchecked},
+        {"no row with a box", {.tickable = 2, .ticked = 2}, Qt::Unchecked},
+        {"some", {.tickable = 2, .ticked = 1, .shownTickable = 2, .shownTicked = 1}, Qt::PartiallyChecked},
+        {"all", {.tickable = 3, .ticked = 2, .shownTickable = 2, .shownTicked = 2}, Qt::Checked},
+    };
+    TickAllBox box;
+    QSignalSpy asked(&box, &TickAllBox::requested);
+    for (const auto &[name, counts, state] : rows) {
+        box.showCounts(counts);
+        EXPECT_EQ(box.checkState(), state);
+    }
+    box.setTickAccess(TickAccess::held);
+    box.click();
+    EXPECT_EQ(asked.count(), 0);
+    box.setTickAccess(TickAccess::editable);
+    box.click();
+    EXPECT_EQ(asked.count(), 1);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "support/window_test.h"
 #include "ui/look/elided_path.h"
+#include "ui/look/home_path.h"
 
 namespace kestor {
 namespace {
@@ -20,7 +21,7 @@ TEST(ElidedPath, LosesFoldersFromTheMiddleAndThenTheMiddleOfTheName) {
         {"the name loses its middle", longPath, 12, u"…/"_s, u"ancho….inc"_s},
         {"the extension is kept to the last", longPath, 7, u"…/"_s, u"….inc"_s},
         {"a long ending is no extension", u"minutes.of the last meeting"_s, 9, u""_s, u"minu…ting"_s},
-        {"a leading dot starts no extension", u".gitattributes"_s, 7, u""_s, u".gi…tes"_s},
+        {"a leading dot starts no extension", u".bashrc"_s, 5, u""_s, u".b…rc"_s},
         {"no half of a character", u"a😀😀😀😀b.c"_s, 7, u""_s, u"a😀…b.c"_s},
         {"a slash at the end belongs to the name", u"a/build/"_s, 8, u"a/"_s, u"build/"_s},
     };
@@ -29,6 +30,14 @@ TEST(ElidedPath, LosesFoldersFromTheMiddleAndThenTheMiddleOfTheName) {
         EXPECT_EQ(shown.folder, folder);
         EXPECT_EQ(shown.name, file);
     }
+}
+
+TEST(HomePath, IsShortForWhatLiesInTheHomeFolder) {
+    const Rows<QString, QString> rows{{"the folder itself", u"/home/me"_s, u"~"_s},
+                                      {"below it", u"/home/me/a b"_s, u"~/a b"_s},
+                                      {"a name that begins alike", u"/home/me2/a"_s, u"/home/me2/a"_s}};
+    for (const auto &[name, path, shown] : rows)
+        EXPECT_EQ(homeRelativePath(path, u"/home/me"_s), shown);
 }
 
 } // namespace
