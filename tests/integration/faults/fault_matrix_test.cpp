@@ -19,9 +19,10 @@ struct Outcome {
     int toolRuns = 0;
 };
 
-/// A list of names in Latin-1 has other signs in place of their letters.
-QStringList withLatinNamesLost(QStringList rows) {
-    return rows.replaceInStrings(u"é"_s, u"\uFFFD"_s);
+/// A list in Latin-1 has no name of a file with other letters than ASCII's.
+QStringList withAsciiNames(QStringList rows) {
+    rows.removeIf([](const QString &row) { return row.contains(u'é') || row.contains(QChar::ReplacementCharacter); });
+    return rows;
 }
 
 class FaultMatrix : public ::testing::TestWithParam<Family> {
@@ -40,7 +41,7 @@ protected:
         awaited(loaded->app.loadInfo());
         awaited(loaded->app.loadHistory());
         awaited(loaded->app.loadArchives());
-        rowsBefore = withLatinNamesLost(loaded->rows());
+        rowsBefore = withAsciiNames(loaded->rows());
         filesBefore = world.files();
         good = outcomeWith({"nothing is wrong"}, {});
         EXPECT_EQ(good.alerts, QStringList());
@@ -78,7 +79,7 @@ Outcome FaultMatrix::outcomeWith(const Fault &fault, std::optional<int> failingR
     EXPECT_EQ(session.app.busyMessage.value(), std::nullopt);
     outcome.toolRuns = world.toolRuns();
     if (session.app.changesLoaded && session.app.selectedProjectID.value() == session.project.id)
-        outcome.shown = withLatinNamesLost(session.rows());
+        outcome.shown = withAsciiNames(session.rows());
     outcome.asked = session.user.asked;
     EXPECT_EQ(world.live.entries(u"tmp"_s), QStringList());
     healTools();
@@ -87,7 +88,7 @@ Outcome FaultMatrix::outcomeWith(const Fault &fault, std::optional<int> failingR
         fault.heal(world);
     outcome.files = world.files();
     if (world.live.exists(u"wc"_s))
-        outcome.rows = withLatinNamesLost(world.rows());
+        outcome.rows = withAsciiNames(world.rows());
     const QSettings written(session.settings.fileName(), QSettings::IniFormat);
     EXPECT_EQ(written.value(u"old"_s).toString(), u"kept"_s);
     return outcome;
@@ -129,7 +130,8 @@ void FaultMatrix::expectSoundEnd(const Fault &fault, std::optional<int> failingR
     expectNothingLost(fault, outcome);
     const bool showsOldRows = outcome.shown == rowsBefore && !outcome.alerts.isEmpty();
     EXPECT_TRUE(showsOldRows || outcome.shown.value_or(outcome.rows) == outcome.rows)
-        << "shown: " << outcome.shown->join(u'\n').toStdString();
+        << "shown: " << outcome.shown->join(u'\n').toStdString()
+        << "\nthere: " << outcome.rows.join(u'\n').toStdString();
     EXPECT_TRUE(outcome.files == filesBefore || outcome.asked == good.asked) << "not asked before files went";
 }
 
