@@ -110,8 +110,8 @@ private:
         std::vector<FileHistorySource::File> sorted;
         sorted.reserve(static_cast<std::size_t>(end - begin));
         for (const qsizetype position : order.positions(paths))
-            sorted.push_back(std::move(begin[position]));
-        std::move(sorted.begin(), sorted.end(), begin);
+            sorted.push_back(begin[position]);
+        std::copy(sorted.begin(), sorted.end(), begin);
     }
 
     /// Until now they were slices of the log's paths.

@@ -43,20 +43,20 @@ bool deniesWorkingCopy(const SVNCommandResult &status, const QString &root) {
 
 StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray &output) {
     GitStatus read;
-    std::optional<QList<WorkingCopyItem>> listed;
+    bool isWhole = true;
     // A name that is no UTF-8 gets replacement characters, as the names of the disk do: letters would make it the name
     // of another file.
-    if (kind == RepositoryKind::git)
+    if (kind == RepositoryKind::git) {
         read = gitStatus(utf8Text(output));
-    else
-        listed = StatusParser::parseWhole(isValidUtf8(output) ? output : toolText(output).toUtf8());
-    if (listed)
-        read.items = *std::move(listed);
+    } else {
+        auto listed = StatusParser::parseWhole(isValidUtf8(output) ? output : toolText(output).toUtf8());
+        isWhole = listed.has_value();
+        read.items = std::move(listed).value_or(QList<WorkingCopyItem>());
+    }
     // No tool says of a project what leaves it; nothing outside shall be walked, shown or acted on if one does.
     read.items.removeIf(
         [](const WorkingCopyItem &item) { return leavesRoot(item.path) || isMetadataOfTheOtherTool(item); });
-    return {displayedStatusItems(read.items, root, kind), read.facts,
-            kind == RepositoryKind::git || listed.has_value()};
+    return {displayedStatusItems(read.items, root, kind), read.facts, isWhole};
 }
 
 } // namespace kestor

@@ -57,7 +57,7 @@ public:
     SvnFixture();
 
     QByteArray run(const QStringList &arguments) const override;
-    QByteArray svn(const QStringList &arguments) const { return run(arguments); }
+    QByteArray svn(const QStringList &arguments) const { return SvnFixture::run(arguments); }
     void commitAll(const QString &message = QStringLiteral("change")) const override;
     QString url(const QString &relative) const;
 };
@@ -68,7 +68,7 @@ public:
     GitFixture();
 
     QByteArray run(const QStringList &arguments) const override;
-    QByteArray git(const QStringList &arguments) const { return run(arguments); }
+    QByteArray git(const QStringList &arguments) const { return GitFixture::run(arguments); }
     void commitAll(const QString &message = QStringLiteral("change")) const override;
 };
 

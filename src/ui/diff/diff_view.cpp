@@ -87,8 +87,8 @@ void DiffView::showBeginning() {
         showHunk(0);
 }
 
-/// The rows and everything that follows from their heights. The first fixed font costs milliseconds of a start, in which
-/// nothing is shown yet.
+/// The rows and everything that follows from their heights. The first fixed font costs milliseconds of a start, in
+/// which nothing is shown yet.
 void DiffView::rebuildRows() {
     if (isVisible() || shown->lineCount > 0 || !shown->isPlain())
         measures = diffMetrics(*shown, largestNumber, font(), textSizeDelta);

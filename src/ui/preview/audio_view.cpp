@@ -5,8 +5,8 @@
 #include "ui/look/theme.h"
 
 #include <QAbstractButton>
-#include <QHideEvent>
 #include <QHBoxLayout>
+#include <QHideEvent>
 #include <QLabel>
 #include <QPainter>
 #include <QSlider>
