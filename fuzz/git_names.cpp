@@ -24,7 +24,7 @@ QString inQuotes(const QString &name) {
         else
             quoted += byte;
     }
-    return u'"' + QString::fromUtf8(quoted) + u'"';
+    return u'"' + exactText(quoted) + u'"';
 }
 
 } // namespace
