@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fuzz/forbidden_characters.h"
 #include "fuzz/input_text.h"
 #include "fuzz/property.h"
 
@@ -15,9 +16,9 @@ namespace kestor::fuzz {
 
 /// `text` as svn prints it, so that a reader gets back every character.
 inline QByteArray escaped(const QString &text) {
-    constexpr std::pair<char, const char *> references[] = {{'&', "&amp;"},  {'<', "&lt;"},  {'>', "&gt;"},
-                                                            {'"', "&quot;"}, {'\t', "&#9;"}, {'\n', "&#10;"},
-                                                            {'\r', "&#13;"}};
+    constexpr std::pair<char, const char *> references[] = {{'&', "&amp;"},  {'<', "&lt;"},    {'>', "&gt;"},
+                                                            {'"', "&quot;"}, {'\'', "&apos;"}, {'\t', "&#9;"},
+                                                            {'\n', "&#10;"}, {'\r', "&#13;"}};
     QByteArray result = text.toUtf8();
     for (const auto &[character, reference] : references)
         result.replace(character, reference);
@@ -51,10 +52,11 @@ auto parsedEitherWay(QByteArrayView document) {
     return records;
 }
 
-/// A document that breaks off somewhere, at a place that depends on all of it.
+/// A document that breaks off somewhere, at a place that depends on all of it; at its beginning where the reader may
+/// read less of the whole than of the part.
 inline QByteArrayView brokenOff(QByteArrayView document) {
-    return document.isEmpty()
-               ? document
+    return document.isEmpty() || holdsForbidden(document)
+               ? QByteArrayView()
                : document.first(static_cast<qsizetype>(qHash(document, 0) % static_cast<std::size_t>(document.size())));
 }
 

@@ -1,7 +1,7 @@
+#include "fuzz/forbidden_characters.h"
 #include "fuzz/property.h"
 #include "parsers/svn_xml_reader.h"
 
-#include <algorithm>
 #include <expat.h>
 #include <memory>
 #include <string>
@@ -85,15 +85,6 @@ private:
     std::vector<Event> events{};
     std::string text{};
 };
-
-/// Characters that XML forbids and the reader takes as they stand.
-bool holdsForbidden(QByteArrayView document) {
-    const auto isControl = [](char c) {
-        return c > 0 && c < ' ' && c != '\t' && c != '\n' && c != '\r';
-    };
-    return std::any_of(document.begin(), document.end(), isControl) || document.contains("\xEF\xBF\xBE") ||
-           document.contains("\xEF\xBF\xBF");
-}
 
 } // namespace
 
