@@ -54,6 +54,13 @@ QByteArray lineEndOf(const QByteArray &content) {
     return lineFeed > 0 && content[lineFeed - 1] == '\r' ? QByteArray("\r\n") : QByteArray("\n");
 }
 
+void endLastLine(QByteArray &content, const QByteArray &lineEnd) {
+    if (content.isEmpty() || content.endsWith('\n'))
+        return;
+    // A carriage return more would become a part of the last line's rule.
+    content += content.endsWith('\r') ? QByteArray("\n") : lineEnd;
+}
+
 } // namespace
 
 QString ignoreRuleFor(QStringView path, PathType type) {
@@ -74,8 +81,7 @@ QByteArray withRules(const QByteArray &content, const QStringList &rules) {
         if (standing.contains(line))
             continue;
         standing.add(line);
-        if (!result.isEmpty() && !result.endsWith('\n'))
-            result += lineEnd;
+        endLastLine(result, lineEnd);
         result += line + lineEnd;
     }
     return result;
