@@ -23,7 +23,7 @@ double heapMegabytes() {
 }
 
 /// Every third row modified, the others unversioned, in folders of a hundred files.
-QList<WorkingCopyItem> sampleItems(const QString &prefix, int rowCount) {
+WorkingCopyItems sampleItems(const QString &prefix, int rowCount) {
     QList<WorkingCopyItem> items;
     items.reserve(rowCount); // as sorting leaves the rows of a load
     for (int number = 0; number < rowCount; ++number) {
@@ -34,13 +34,6 @@ QList<WorkingCopyItem> sampleItems(const QString &prefix, int rowCount) {
         items.append({.path = path, .kind = kind});
     }
     return items;
-}
-
-QSet<QString> allPaths(const QList<WorkingCopyItem> &items) {
-    QSet<QString> paths;
-    for (const WorkingCopyItem &item : items)
-        paths.insert(item.path);
-    return paths;
 }
 
 struct Bench {
@@ -56,7 +49,7 @@ struct Bench {
         QCoreApplication::processEvents();
         column.repaint();
     }
-    double publish(const QList<WorkingCopyItem> &items, const QSet<QString> &ticks) {
+    double publish(const WorkingCopyItems &items, const MarkedPaths &ticks) {
         QElapsedTimer timer;
         timer.start();
         rows.publish(items);
@@ -84,13 +77,13 @@ void run() {
     constexpr int rowCount = 100'000;
     Bench bench;
     const double before = heapMegabytes();
-    QList<WorkingCopyItem> items = sampleItems(u"src/library"_s, rowCount);
-    const QSet<QString> ticks = allPaths(items);
+    const WorkingCopyItems items = sampleItems(u"src/library"_s, rowCount);
+    const MarkedPaths ticks = MarkedPaths::all(items);
     const double firstPublish = bench.publish(items, ticks);
     report("memory of 100,000 rows, all ticked", heapMegabytes() - before, "MB");
     report("published to painted list", firstPublish, "ms");
-    const QList<WorkingCopyItem> others = sampleItems(u"src/program"_s, rowCount);
-    report("other rows published to painted list", bench.publish(others, allPaths(others)), "ms");
+    const WorkingCopyItems others = sampleItems(u"src/program"_s, rowCount);
+    report("other rows published to painted list", bench.publish(others, MarkedPaths::all(others)), "ms");
     report("filter keystroke, few matches", bench.slowestKeystroke(u"file_0999"_s), "ms");
     report("filter keystroke, no match", bench.slowestKeystroke(u"zzz"_s), "ms");
     report("filter keystroke, two words", bench.slowestKeystroke(u"module CPP"_s), "ms");
@@ -100,8 +93,8 @@ void runGrowth(int rowCount) {
     const QByteArray size = QByteArray::number(rowCount);
     Bench bench;
     const double before = heapMegabytes();
-    const QList<WorkingCopyItem> items = sampleItems(u"src/library"_s, rowCount);
-    const QSet<QString> ticks = allPaths(items);
+    const WorkingCopyItems items = sampleItems(u"src/library"_s, rowCount);
+    const MarkedPaths ticks = MarkedPaths::all(items);
     const double firstPublish = bench.publish(items, ticks);
     report("growth/memory of rows, all ticked/" + size, heapMegabytes() - before, "MB");
     report("growth/published to painted list/" + size, firstPublish, "ms");

@@ -122,7 +122,7 @@ void measureClick(RepositoryKind kind) {
     double tool = noTime;
     double ours = noTime;
     for (int click = 0; click < clicks; ++click) {
-        const QString path = window.app().changes.value().at(--row).path; // modified ones come last
+        const QString path = window.app().changes.value().pathAt(--row).toString(); // modified ones come last
         tool = std::min(tool, bareRun(kind, workingDiffArguments(kind, path, u"HEAD"_s), project.path));
         const DiffDocument *before = &window.part<DiffView>().document();
         QElapsedTimer timer;

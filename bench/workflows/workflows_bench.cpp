@@ -76,7 +76,7 @@ void changeFiles(Repository &repository) {
 double commitWithWindow(const QString &path, RepositoryKind kind) {
     AppFixture f;
     f.open(path, kind);
-    f.app.setCommitSelection(f.app.changes, true);
+    f.app.setCommitSelection(MarkedPaths::all(f.app.changes), true);
     f.app.commitMessage = u"all"_s;
     QElapsedTimer timer;
     double taken = 0;

@@ -7,14 +7,14 @@
 #include "model/file_history.h"
 #include "model/line_change_summary.h"
 #include "model/log_entry.h"
+#include "model/marked_paths.h"
 #include "model/project.h"
 #include "model/repository_info.h"
 #include "model/workflow_tab.h"
-#include "model/working_copy_item.h"
+#include "model/working_copy_items.h"
 
 #include <QList>
 #include <QProperty>
-#include <QSet>
 #include <QString>
 #include <QUuid>
 
@@ -38,10 +38,10 @@ struct AppProperties {
     QProperty<std::optional<QUuid>> selectedProjectID{};
     QProperty<WorkflowTab> selectedTab{WorkflowTab::changes};
 
-    QProperty<QList<WorkingCopyItem>> changes{};          ///< sorted by path
+    QProperty<WorkingCopyItems> changes{};                ///< sorted by path
     QProperty<bool> changesLoaded{false};                 ///< a load has succeeded: no `changes` means a clean project
     QProperty<std::optional<QString>> selectedChangeID{}; ///< a path
-    QProperty<QSet<QString>> selectedCommitPaths{};       ///< ticked paths, all of them in `changes`
+    QProperty<MarkedPaths> selectedCommitPaths{};         ///< ticked paths, all of them in `changes`
     QProperty<LineChangeSummary> changesLineSummary{};
     QProperty<QString> diffText{};        ///< as printed; "" when nothing is selected
     QProperty<DiffPreview> diffPreview{}; ///< kind `empty`: the diff text alone is shown

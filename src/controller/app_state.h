@@ -68,7 +68,7 @@ public:
     /// To be called whenever the user selects another change: loads its diff.
     QCoro::Task<> selectedChangeChanged();
     /// Ticks or unticks rows for the commit. Rows no commit can act on stay unticked.
-    void setCommitSelection(const QList<WorkingCopyItem> &items, bool selected);
+    void setCommitSelection(const MarkedPaths &rows, bool selected);
 
     // Commit: app_state_commit.cpp
     /// Commits the ticked rows with `commitMessage`. When that fails, message, ticks and working copy stay as they

@@ -11,8 +11,6 @@
 #include <QCoroFuture>
 #include <QtConcurrent>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace kestor {
@@ -49,25 +47,19 @@ QCoro::Task<> AppState::selectedChangeChanged() {
     return loadDiffForSelectedChange();
 }
 
-void AppState::setCommitSelection(const QList<WorkingCopyItem> &items, bool selected) {
-    const QSet<QString> before = selectedCommitPaths;
-    // Where all rows change, copying what was and taking out each would hold up the window.
-    const bool allRows = items.size() == changes.value().size();
-    QSet<QString> ticks = allRows ? QSet<QString>() : before;
-    if (selected)
-        ticks.reserve(std::max(ticks.size(), items.size()));
-    tickDecisions.reserve(std::max(tickDecisions.size(), items.size()));
-    for (const WorkingCopyItem &item : items) {
-        if (!isCommittable(item))
+void AppState::setCommitSelection(const MarkedPaths &rows, bool selected) {
+    const WorkingCopyItems &items = changes.value();
+    const MarkedPaths chosen = rows.in(items);
+    MarkedPaths ticks = selectedCommitPaths.value().in(items);
+    tickDecisions = remainingDecisions(items, tickDecisions);
+    for (qsizetype row = 0; row < items.size(); ++row) {
+        const WorkingCopyItem status = items.statusAt(row);
+        if (!chosen.isMarked(row) || !isCommittable(status))
             continue;
-        tickDecisions.insert(item.path, decisionOn(item, selected));
-        if (selected)
-            ticks.insert(item.path);
-        else if (!allRows)
-            ticks.remove(item.path);
+        ticks.mark(row, selected);
+        tickDecisions.decide(row, status, selected);
     }
     selectedCommitPaths = ticks;
-    release(before);
 }
 
 QCoro::Task<> AppState::loadDiffForSelectedChange() {

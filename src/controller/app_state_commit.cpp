@@ -63,10 +63,9 @@ QCoro::Task<> AppState::commit(Project project, CommitRequest ticked) {
     const CommandOutput output = co_await outputOf(u"Commit"_s, std::move(result));
     commandOutput = output;
     commitMessage = QString();
-    selectedCommitPaths = QSet<QString>();
+    selectedCommitPaths = MarkedPaths();
     // A path of the commit that is a row again, such as a file that Git stopped tracking, is another change.
-    for (const QString &path : std::as_const(ticked.ticked))
-        tickDecisions.remove(path);
+    tickDecisions = decisionsWithout(ticked.ticked, tickDecisions);
     co_await reloadAfterChange();
 }
 

@@ -24,8 +24,12 @@ QCoro::Task<> nothing() {
     co_return;
 }
 
-LoadedChanges loadedChanges(const StatusRows &rows, const TickDecisions &decisions) {
-    return {rows, ticksFor(rows.items, decisions), remainingDecisions(rows.items, decisions)};
+/// Rows that equal those shown are the same list, so that no second one is kept and nothing is compared again.
+LoadedChanges loadedChanges(StatusRows rows, const WorkingCopyItems &shown, const TickDecisions &decisions) {
+    if (rows.items == shown)
+        rows.items = shown;
+    const TickDecisions remaining = remainingDecisions(rows.items, decisions);
+    return {rows, ticksFor(rows.items, remaining), remaining};
 }
 
 } // namespace
@@ -187,8 +191,9 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
             throw *failure;
         }
         const TickDecisions before = tickDecisions;
-        const auto read = [kind = project.kind, path = project.path, output = result.stdoutData, before] {
-            return loadedChanges(statusRows(kind, path, output), before);
+        const WorkingCopyItems shown = changes;
+        const auto read = [kind = project.kind, path = project.path, output = result.stdoutData, shown, before] {
+            return loadedChanges(statusRows(kind, path, output), shown, before);
         };
         const LoadedChanges loaded = co_await QtConcurrent::run(&workers, read);
         if (!isCurrent(project, generation, statusGeneration))
@@ -203,10 +208,10 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
 }
 
 void AppState::publishChanges(const LoadedChanges &loaded, const TickDecisions &decisionsBefore) {
-    const QList<WorkingCopyItem> &items = loaded.rows.items;
+    const WorkingCopyItems &items = loaded.rows.items;
     // Whatever was ticked while the worker counted is not in its answer.
     const bool asBefore = tickDecisions == decisionsBefore;
-    const QSet<QString> ticks = asBefore ? loaded.ticked : ticksFor(items, tickDecisions);
+    const MarkedPaths ticks = asBefore ? loaded.ticked : ticksFor(items, tickDecisions);
     tickDecisions = asBefore ? loaded.decisions : remainingDecisions(items, tickDecisions);
     release(std::pair(changes.value(), selectedCommitPaths.value()));
     gitFacts = loaded.rows.git;

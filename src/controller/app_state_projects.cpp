@@ -116,12 +116,12 @@ void AppState::resetProjectState() {
     ++infoGeneration;
     ++historyGeneration;
     ++archivesGeneration;
-    changes = QList<WorkingCopyItem>();
+    changes = WorkingCopyItems();
     changesLoaded = false;
     selectedChangeID = std::nullopt;
-    selectedCommitPaths = QSet<QString>();
+    selectedCommitPaths = MarkedPaths();
     gitFacts = GitRowFacts();
-    tickDecisions.clear();
+    tickDecisions = TickDecisions();
     changesLineSummary = LineChangeSummary();
     publishDiff(std::nullopt, LoadedDiff());
     resetHistory();

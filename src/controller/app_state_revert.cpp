@@ -65,9 +65,16 @@ QCoro::Task<QList<PathCommand>> endingCommands(std::shared_ptr<Tool> git, QStrin
     co_return commands;
 }
 
-qsizetype versionedCount(const QList<WorkingCopyItem> &items) {
-    return std::ranges::count_if(items,
-                                 [](const WorkingCopyItem &item) { return item.kind != SVNStatusKind::unversioned; });
+bool isVersioned(const WorkingCopyItem &item) {
+    return item.kind != SVNStatusKind::unversioned;
+}
+
+/// Whether rows of `all` are all of its versioned ones.
+bool areAllVersioned(const QList<WorkingCopyItem> &items, const WorkingCopyItems &all) {
+    qsizetype others = -std::ranges::count_if(items, isVersioned);
+    for (qsizetype row = 0; row < all.size(); ++row)
+        others += isVersioned(all.statusAt(row)) ? 1 : 0;
+    return others == 0;
 }
 
 CommandOutput revertOutput(const QList<SVNCommandResult> &results, qsizetype deleted) {
@@ -91,12 +98,12 @@ QCoro::Task<> AppState::revertSelectedPaths() {
 }
 
 QCoro::Task<> AppState::revertAllPaths() {
-    return revert(changes, u"There are no changed paths to revert."_s, RevertScope::all);
+    return revert(changes.value().toList(), u"There are no changed paths to revert."_s, RevertScope::all);
 }
 
 QCoro::Task<> AppState::revertPath(QString path) {
-    QList<WorkingCopyItem> items = changes;
-    items.removeIf([&path](const WorkingCopyItem &item) { return item.path != path; });
+    const std::optional<qsizetype> row = changes.value().indexOf(path);
+    const QList<WorkingCopyItem> items = row ? QList{changes.value()[*row]} : QList<WorkingCopyItem>();
     return revert(items, u"Select a changed path first."_s, RevertScope::oneRow);
 }
 
@@ -151,7 +158,7 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
         co_return co_await QtConcurrent::run(&workers, plan);
     }
     const GitRowFacts facts = gitFacts;
-    const bool leavesNoChange = versionedCount(items) == versionedCount(changes);
+    const bool leavesNoChange = areAllVersioned(items, changes);
     const SVNCommandResult head = co_await lookedUpReference(tools.git, u"HEAD"_s, project.path);
     // Without an answer nobody knows what a revert would go back to.
     if (head.status != 0 && head.status != 1)

@@ -88,6 +88,13 @@ std::optional<QString> obstacleOf(const WorkingCopyItem &item, const QFileInfo &
     return std::nullopt;
 }
 
+bool isEverythingStagedTicked(const CommitRequest &request) {
+    QSet<QString> unticked = request.git.staged;
+    for (const WorkingCopyItem &item : request.items())
+        unticked.remove(item.path);
+    return unticked.isEmpty();
+}
+
 } // namespace
 
 CommitLook lookAtTickedPaths(const CommitRequest &ticked, const Project &project) {
@@ -105,7 +112,7 @@ CommitLook lookAtTickedPaths(const CommitRequest &ticked, const Project &project
         if (look.obstacle)
             return look;
     }
-    if (!request.keptOnDisk.isEmpty() && !request.ticked.contains(request.git.staged))
+    if (!request.keptOnDisk.isEmpty() && !isEverythingStagedTicked(request))
         look.obstacle = request.keptOnDisk.first() + u" is deleted in Git, but on disk. Git commits this only with "
                                                      "everything that is staged. Tick every changed path, then commit "
                                                      "again."_s;

@@ -56,10 +56,7 @@ QSet<QString> deletedWithTheirFolder(const QList<WorkingCopyItem> &items) {
 } // namespace
 
 QList<WorkingCopyItem> CommitRequest::items() const {
-    QList<WorkingCopyItem> all;
-    std::copy_if(changes.begin(), changes.end(), std::back_inserter(all),
-                 [this](const WorkingCopyItem &item) { return ticked.contains(item.path); });
-    return all;
+    return ticked.in(changes).items();
 }
 
 QStringList svnCommitPaths(const CommitRequest &request) {
@@ -138,9 +135,13 @@ CommitPlan gitCommitPlan(const CommitRequest &request, GitCommitExtent extent) {
 }
 
 bool coversWholeMerge(const CommitRequest &request) {
-    return std::all_of(request.changes.begin(), request.changes.end(), [&request](const WorkingCopyItem &item) {
-        return request.ticked.contains(item.path) || !isCommittable(item) || item.kind == SVNStatusKind::unversioned;
-    });
+    const MarkedPaths ticked = request.ticked.in(request.changes);
+    for (qsizetype row = 0; row < request.changes.size(); ++row) {
+        const WorkingCopyItem status = request.changes.statusAt(row);
+        if (!ticked.isMarked(row) && isCommittable(status) && status.kind != SVNStatusKind::unversioned)
+            return false;
+    }
+    return true;
 }
 
 } // namespace kestor

@@ -2,7 +2,8 @@
 
 #include "controller/git_status.h"
 #include "controller/path_command.h"
-#include "model/working_copy_item.h"
+#include "model/marked_paths.h"
+#include "model/working_copy_items.h"
 
 #include <QList>
 #include <QSet>
@@ -14,13 +15,13 @@ namespace kestor {
 
 /// What a commit takes.
 struct CommitRequest {
-    QList<WorkingCopyItem> changes{}; ///< all rows of the list
-    QSet<QString> ticked{};           ///< paths to commit, all of them in `changes`
-    QString message{};                ///< trimmed, not empty
-    GitRowFacts git{};                ///< old names only where nothing else stands now
-    QSet<QString> folders{};          ///< ticked paths that are folders on disk
-    QStringList keptOnDisk{};         ///< ticked deletions of Git's at whose paths something stands
-    QSet<QString> unaddable{};        ///< ticked deletions that `git add` cannot see: these, and those behind a link
+    WorkingCopyItems changes{}; ///< all rows of the list
+    MarkedPaths ticked{};       ///< paths to commit, all of them in `changes`
+    QString message{};          ///< trimmed, not empty
+    GitRowFacts git{};          ///< old names only where nothing else stands now
+    QSet<QString> folders{};    ///< ticked paths that are folders on disk
+    QStringList keptOnDisk{};   ///< ticked deletions of Git's at whose paths something stands
+    QSet<QString> unaddable{};  ///< ticked deletions that `git add` cannot see: these, and those behind a link
 
     /// The ticked rows in list order.
     QList<WorkingCopyItem> items() const;

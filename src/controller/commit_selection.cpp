@@ -2,6 +2,9 @@
 
 #include "rules/working_copy_paths.h"
 
+#include <QSet>
+#include <QStringList>
+
 #include <algorithm>
 
 namespace kestor {
@@ -13,24 +16,19 @@ bool isDoubtful(const WorkingCopyItem &item) {
            item.propertiesKind == SVNStatusKind::conflicted;
 }
 
-/// Whether a decision of earlier is still one on this row.
-bool counts(TickDecision decision, const WorkingCopyItem &item) {
-    return decision != TickDecision::tick || !isDoubtful(item);
-}
-
-QSet<QString> externalFolders(const QList<WorkingCopyItem> &items) {
+QSet<QString> externalFolders(const WorkingCopyItems &items) {
     QSet<QString> folders;
-    for (const WorkingCopyItem &item : items) {
-        if (item.kind == SVNStatusKind::external)
-            folders.insert(item.path);
+    for (qsizetype row = 0; row < items.size(); ++row) {
+        if (items.statusAt(row).kind == SVNStatusKind::external)
+            folders.insert(items.pathAt(row).toString());
     }
     return folders;
 }
 
-bool liesInAny(const QString &path, const QSet<QString> &folders) {
+bool liesInAny(QStringView path, const QSet<QString> &folders) {
     if (folders.isEmpty())
         return false;
-    const QStringList above = foldersAbove(path);
+    const QStringList above = foldersAbove(path.toString());
     return std::any_of(above.begin(), above.end(),
                        [&folders](const QString &folder) { return folders.contains(folder); });
 }
@@ -54,36 +52,40 @@ bool isTickedAtFirst(const WorkingCopyItem &item) {
     return isCommittable(item) && isChange(item.kind) && item.kind != SVNStatusKind::unversioned && !isDoubtful(item);
 }
 
-TickDecision decisionOn(const WorkingCopyItem &item, bool selected) {
-    if (!selected)
-        return TickDecision::untick;
-    return isDoubtful(item) ? TickDecision::tickOfDoubtful : TickDecision::tick;
+void TickDecisions::decide(qsizetype row, const WorkingCopyItem &item, bool selected) {
+    const bool doubtful = isDoubtful(item);
+    unticked.mark(row, !selected);
+    ticked.mark(row, selected && !doubtful);
+    tickedDoubtful.mark(row, selected && doubtful);
 }
 
-QSet<QString> ticksFor(const QList<WorkingCopyItem> &items, const TickDecisions &decisions) {
+MarkedPaths ticksFor(const WorkingCopyItems &items, const TickDecisions &decisions) {
+    const TickDecisions known = remainingDecisions(items, decisions);
     const QSet<QString> externals = externalFolders(items);
-    QSet<QString> ticks;
-    for (const WorkingCopyItem &item : items) {
-        const auto decision = decisions.constFind(item.path);
-        const bool decided = decision != decisions.constEnd() && counts(*decision, item);
-        const bool ticked =
-            decided ? *decision != TickDecision::untick : isTickedAtFirst(item) && !liesInAny(item.path, externals);
-        if (ticked && isCommittable(item))
-            ticks.insert(item.path);
+    MarkedPaths ticks(items);
+    for (qsizetype row = 0; row < items.size(); ++row) {
+        const WorkingCopyItem status = items.statusAt(row);
+        const bool isTicked =
+            known.ticked.isMarked(row) || known.tickedDoubtful.isMarked(row) ||
+            (!known.unticked.isMarked(row) && isTickedAtFirst(status) && !liesInAny(items.pathAt(row), externals));
+        ticks.mark(row, isTicked && isCommittable(status));
     }
     return ticks;
 }
 
-TickDecisions remainingDecisions(const QList<WorkingCopyItem> &items, const TickDecisions &decisions) {
-    TickDecisions remaining;
-    if (decisions.isEmpty())
-        return remaining;
-    for (const WorkingCopyItem &item : items) {
-        const auto decision = decisions.constFind(item.path);
-        if (decision != decisions.constEnd() && counts(*decision, item))
-            remaining.insert(item.path, *decision);
+TickDecisions remainingDecisions(const WorkingCopyItems &items, const TickDecisions &decisions) {
+    TickDecisions remaining{decisions.unticked.in(items), decisions.ticked.in(items),
+                            decisions.tickedDoubtful.in(items)};
+    for (qsizetype row = 0; row < items.size(); ++row) {
+        if (remaining.ticked.isMarked(row) && isDoubtful(items.statusAt(row)))
+            remaining.ticked.mark(row, false);
     }
     return remaining;
+}
+
+TickDecisions decisionsWithout(const MarkedPaths &paths, const TickDecisions &decisions) {
+    return {decisions.unticked.without(paths), decisions.ticked.without(paths),
+            decisions.tickedDoubtful.without(paths)};
 }
 
 } // namespace kestor

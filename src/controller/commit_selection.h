@@ -1,13 +1,7 @@
 #pragma once
 
-#include "model/working_copy_item.h"
-
-#include <QHash>
-#include <QList>
-#include <QSet>
-#include <QString>
-
-#include <cstdint>
+#include "model/marked_paths.h"
+#include "model/working_copy_items.h"
 
 namespace kestor {
 
@@ -18,21 +12,28 @@ bool isCommittable(const WorkingCopyItem &item);
 /// in its properties alone.
 bool isTickedAtFirst(const WorkingCopyItem &item);
 
-/// What the user decided on a tick box, and whether the row was one to look at twice then.
-enum class TickDecision : std::uint8_t { untick, tick, tickOfDoubtful };
+/// What the user decided on the tick boxes, each row in one of these at most. Doubtful are missing rows, which a commit
+/// deletes, and conflicts.
+struct TickDecisions {
+    MarkedPaths unticked{};
+    MarkedPaths ticked{};         ///< while they were not doubtful
+    MarkedPaths tickedDoubtful{}; ///< while they were
 
-/// The decision on a row. Doubtful are missing rows, which a commit deletes, and conflicts.
-TickDecision decisionOn(const WorkingCopyItem &item, bool selected);
+    /// Notes the decision on a row of the list that all of these mark.
+    void decide(qsizetype row, const WorkingCopyItem &item, bool selected);
 
-/// What the user decided on the tick boxes, by path.
-using TickDecisions = QHash<QString, TickDecision>;
+    friend bool operator==(const TickDecisions &, const TickDecisions &) = default;
+};
 
 /// The ticks of `items`: as the user decided, else as isTickedAtFirst says, whatever the row was before. A tick does
 /// not outlive that the row becomes doubtful. What lies in an external is not ticked at first: a commit would take it
 /// to the external's repository.
-QSet<QString> ticksFor(const QList<WorkingCopyItem> &items, const TickDecisions &decisions);
+MarkedPaths ticksFor(const WorkingCopyItems &items, const TickDecisions &decisions);
 
-/// The decisions on paths that are still rows, and that still count.
-TickDecisions remainingDecisions(const QList<WorkingCopyItem> &items, const TickDecisions &decisions);
+/// The decisions on paths that are still rows, and that still count. They mark `items`.
+TickDecisions remainingDecisions(const WorkingCopyItems &items, const TickDecisions &decisions);
+
+/// The decisions on all other paths.
+TickDecisions decisionsWithout(const MarkedPaths &paths, const TickDecisions &decisions);
 
 } // namespace kestor

@@ -3,12 +3,10 @@
 #include "controller/commit_selection.h"
 #include "controller/git_status.h"
 #include "model/project.h"
-#include "model/working_copy_item.h"
+#include "model/working_copy_items.h"
 #include "tools/command_result.h"
 
 #include <QByteArray>
-#include <QList>
-#include <QSet>
 #include <QString>
 #include <QStringList>
 
@@ -23,7 +21,7 @@ bool deniesWorkingCopy(const SVNCommandResult &status, const QString &root);
 
 /// The rows of the Changes list and what belongs to them.
 struct StatusRows {
-    QList<WorkingCopyItem> items{}; ///< filtered by the ignore rules, expanded and sorted
+    WorkingCopyItems items{}; ///< filtered by the ignore rules, expanded and sorted
     GitRowFacts git{};
     bool isWhole = true; ///< false when the output breaks off or is no XML, so that rows may be missing
 };
@@ -31,7 +29,7 @@ struct StatusRows {
 /// New rows with the ticks they get.
 struct LoadedChanges {
     StatusRows rows{};
-    QSet<QString> ticked{};
+    MarkedPaths ticked{};
     TickDecisions decisions{}; ///< those that still count
 };
 

@@ -1,7 +1,6 @@
 #include "controller/workspace.h"
 
 #include "controller/combined_output.h"
-#include "controller/commit_plan.h"
 #include "controller/path_targets.h"
 #include "model/preferences_file.h"
 #include "rules/working_copy_paths.h"
@@ -55,17 +54,13 @@ std::optional<Project> Workspace::selectedProject() const {
 }
 
 std::optional<WorkingCopyItem> Workspace::selectedChange() const {
-    const QList<WorkingCopyItem> &all = changes.value();
-    const auto isSelected = [this](const WorkingCopyItem &item) {
-        return item.path == selectedChangeID.value();
-    };
-    const auto found = std::find_if(all.begin(), all.end(), isSelected);
-    return found == all.end() ? std::nullopt : std::optional(*found);
+    const std::optional<QString> &path = selectedChangeID.value();
+    const std::optional<qsizetype> row = path ? changes.value().indexOf(*path) : std::nullopt;
+    return row ? std::optional(changes.value()[*row]) : std::nullopt;
 }
 
 QList<WorkingCopyItem> Workspace::actionItems() const {
-    const CommitRequest ticked{changes, selectedCommitPaths, QString(), {}};
-    QList<WorkingCopyItem> items = ticked.items();
+    QList<WorkingCopyItem> items = selectedCommitPaths.value().in(changes).items();
     const std::optional<WorkingCopyItem> selected = selectedChange();
     if (items.isEmpty() && selected)
         items.append(*selected);
@@ -175,11 +170,7 @@ QString Workspace::typedSource(const Project &project, const QString &text) cons
 bool Workspace::isKnownPath(const Project &project, const QString &text) const {
     if (text.isEmpty())
         return false;
-    const auto hasPath = [&text](const WorkingCopyItem &item) {
-        return item.path == text;
-    };
-    const QList<WorkingCopyItem> &rows = changes.value();
-    return fileHistoryItems.value().indexOf(text) || std::any_of(rows.begin(), rows.end(), hasPath) ||
+    return fileHistoryItems.value().indexOf(text) || changes.value().indexOf(text) ||
            QFileInfo::exists(absolutePath(text, project.path));
 }
 

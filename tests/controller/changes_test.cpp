@@ -85,7 +85,7 @@ TEST(Changes, ARefreshKeepsSelectionAndTicksAndFollowsTheDisk) {
     AppFixture f(repository);
     EXPECT_EQ(f.app.selectedChangeID.value(), u"a.c"_s);
     select(f, u"b.c"_s);
-    f.app.setCommitSelection({*f.app.selectedChange()}, false);
+    f.app.setCommitSelection(marked({f.app.selectedChange()->path}), false);
     repository.git(u"checkout|-q|a.c"_list);
     repository.write(u"d.c"_s);
     awaited(f.app.refreshAll());

@@ -1,4 +1,5 @@
 #include "controller/commit_selection.h"
+#include "support/marked.h"
 #include "support/test.h"
 
 namespace kestor {
@@ -28,27 +29,30 @@ TEST(CommitSelection, DecidesWhoHasATickBoxAndWhoStartsTicked) {
 
 TEST(CommitSelection, LeavesWhatLiesInExternalsUnticked) {
     using K = SVNStatusKind;
-    const QList<WorkingCopyItem> items{
-        {u"ext/deep/f"_s, K::modified}, {u"ext"_s, K::external}, {u"extra"_s, K::modified}};
-    EXPECT_EQ(ticksFor(items, {}), QSet<QString>{u"extra"_s});
+    const WorkingCopyItems items =
+        QList<WorkingCopyItem>{{u"ext/deep/f"_s, K::modified}, {u"ext"_s, K::external}, {u"extra"_s, K::modified}};
+    EXPECT_EQ(ticksFor(items, {}), marked({u"extra"_s}).in(items));
 }
 
 TEST(CommitSelection, ALaterLoadKeepsWhatTheUserDecided) {
     using K = SVNStatusKind;
-    const QList<WorkingCopyItem> before{{u"ticked"_s, K::unversioned}, {u"gone"_s, K::modified},
-                                        {u"ignored"_s, K::modified},   {u"lost"_s, K::modified},
-                                        {u"clashed"_s, K::modified},   {u"kept missing"_s, K::missing}};
-    TickDecisions decisions{{u"unticked"_s, TickDecision::untick}, {u"resolved"_s, TickDecision::untick}};
-    for (const WorkingCopyItem &item : before)
-        decisions.insert(item.path, decisionOn(item, true));
-    const QList<WorkingCopyItem> items{
+    const WorkingCopyItems before = QList<WorkingCopyItem>{
+        {u"unticked"_s, K::modified}, {u"resolved"_s, K::conflicted}, {u"ticked"_s, K::unversioned},
+        {u"gone"_s, K::modified},     {u"ignored"_s, K::modified},    {u"lost"_s, K::modified},
+        {u"clashed"_s, K::modified},  {u"kept missing"_s, K::missing}};
+    TickDecisions decisions = remainingDecisions(before, {});
+    for (qsizetype row = 0; row < before.size(); ++row)
+        decisions.decide(row, before.statusAt(row), row > 1);
+    const WorkingCopyItems items = QList<WorkingCopyItem>{
         {u"unticked"_s, K::modified}, {u"ticked"_s, K::unversioned}, {u"new"_s, K::added},
         {u"ignored"_s, K::ignored},   {u"resolved"_s, K::modified},  {u"undecided"_s, K::unversioned},
         {u"lost"_s, K::missing},      {u"clashed"_s, K::conflicted}, {u"kept missing"_s, K::missing}};
-    EXPECT_EQ(ticksFor(items, decisions), (QSet<QString>{u"ticked"_s, u"new"_s, u"kept missing"_s}));
-    const QList<QString> remaining = remainingDecisions(items, decisions).keys();
-    EXPECT_EQ(QSet<QString>(remaining.begin(), remaining.end()),
-              (QSet<QString>{u"unticked"_s, u"ticked"_s, u"resolved"_s, u"ignored"_s, u"kept missing"_s}));
+    EXPECT_EQ(ticksFor(items, decisions), marked({u"ticked"_s, u"new"_s, u"kept missing"_s}).in(items));
+    const TickDecisions remaining = remainingDecisions(items, decisions);
+    EXPECT_EQ(remaining,
+              (TickDecisions{marked({u"unticked"_s, u"resolved"_s}).in(items),
+                             marked({u"ticked"_s, u"ignored"_s}).in(items), marked({u"kept missing"_s}).in(items)}));
+    EXPECT_EQ(decisionsWithout(marked({u"ticked"_s}), remaining).ticked, marked({u"ignored"_s}).in(items));
 }
 
 } // namespace

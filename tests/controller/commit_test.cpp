@@ -142,7 +142,7 @@ TEST(Commit, RefusedByAHookLeavesEverythingAsItWas) {
                                                                     {"git", &git, u"status|--porcelain"_list}};
     for (const auto &[name, repository, statusRun] : repositories) {
         f.open(*repository);
-        f.app.setCommitSelection(f.app.changes, true);
+        f.app.setCommitSelection(MarkedPaths::all(f.app.changes), true);
         f.app.commitMessage = u"try"_s;
         const QStringList rows = f.rows();
         const QByteArray status = repository->run(statusRun);
@@ -247,7 +247,7 @@ TEST(Commit, OfWhatWasAddedAndIsGoneInSubversionTakesTheRest) {
     QDir(svn.path(u"nd"_s)).removeRecursively();
     AppFixture f(svn);
     EXPECT_EQ(f.rows(), u"*M m.c|! nd|! nd/deep|! nd/deep/new.c|! new.c|! r.c"_list);
-    f.app.setCommitSelection(f.app.changes, true);
+    f.app.setCommitSelection(MarkedPaths::all(f.app.changes), true);
     f.app.commitMessage = u"why"_s;
     awaited(f.app.commitSelected());
     EXPECT_EQ(f.alertText(), QString());
@@ -255,7 +255,7 @@ TEST(Commit, OfWhatWasAddedAndIsGoneInSubversionTakesTheRest) {
     EXPECT_TRUE(svn.svn(u"log|-v|-r|HEAD"_list).contains("\n   M /trunk/m.c\n   D /trunk/r.c\n\nwhy"));
     addAndLose(u"new.c"_s);
     awaited(f.app.refreshStatus());
-    f.app.setCommitSelection(f.app.changes, true);
+    f.app.setCommitSelection(MarkedPaths::all(f.app.changes), true);
     f.app.commitMessage = u"why"_s;
     awaited(f.app.commitSelected());
     EXPECT_TRUE(contains(f.alertText(), u"nothing to commit"_s));

@@ -11,8 +11,8 @@ TEST(HistoryCommands, OfferThePathThatTheShownTabHasSelected) {
         f.tasks.push_back(f.app->showDiffAgainstRevision());
     };
     ask();
-    f.app->changes = {{.path = u"a.c"_s, .kind = SVNStatusKind::modified},
-                      {.path = u"b.c"_s, .kind = SVNStatusKind::modified}};
+    f.app->changes = QList<WorkingCopyItem>{{.path = u"a.c"_s, .kind = SVNStatusKind::modified},
+                                            {.path = u"b.c"_s, .kind = SVNStatusKind::modified}};
     f.app->selectedChangeID = u"b.c"_s;
     ask();
     f.app->selectedTab = WorkflowTab::incoming;

@@ -161,7 +161,7 @@ TEST(Projects, LeaveNoDecisionOnATickToTheNext) {
         repository->write(u"a.c"_s, "changed\n");
     }
     AppFixture f(one);
-    f.app.setCommitSelection(f.app.changes, false);
+    f.app.setCommitSelection(MarkedPaths::all(f.app.changes), false);
     f.open(two.path(), RepositoryKind::git);
     EXPECT_EQ(f.rows(), u"*M a.c"_list);
 }

@@ -12,7 +12,7 @@ public:
     NotedActions() : HeldApp(RepositoryKind::git) {
         app->changes = QList<WorkingCopyItem>{{.path = u"c.c"_s, .kind = SVNStatusKind::conflicted},
                                               {.path = u"lost.c"_s, .kind = SVNStatusKind::missing}};
-        app->selectedCommitPaths = QSet<QString>{u"c.c"_s, u"lost.c"_s};
+        app->selectedCommitPaths = marked({u"c.c"_s, u"lost.c"_s});
         user.confirms = false;
     }
 };
@@ -68,7 +68,7 @@ protected:
         return alert.isEmpty() ? f.rows() : QStringList(alert);
     }
     void answer(const Answer &texts) { f.user.promptAnswer = texts; }
-    void tick(const QSet<QString> &paths) { f.app.selectedCommitPaths = paths; }
+    void tick(const QStringList &paths) { f.app.selectedCommitPaths = marked(paths); }
     QString output() const { return f.output().stdoutText; }
     void reload() { awaited(f.app.refreshAll()); }
 
@@ -97,11 +97,11 @@ TEST_F(RealActions, AddChangelistsAndDeletePaths) {
 }
 
 TEST_F(RealActions, HandLongListsOverByFile) {
-    QSet<QString> paths;
+    QStringList paths;
     for (int index = 0; index < 600; ++index) {
         const QString path = QString(200, u'x') + QString::number(index) + u"@2x"_s;
         repository.write(path);
-        paths.insert(path);
+        paths.append(path);
     }
     reload();
     tick(paths);
@@ -260,17 +260,17 @@ TEST(WorkingCopyActions, PullAddAndDeleteInGit) {
     clones.writeAll({{u"wc/[n].c"_s, "new\n"}, {u"wc/n.c"_s}});
     QFile::remove(clones.path(u"wc/a.c"_s));
     awaited(f.app.refreshAll());
-    f.app.selectedCommitPaths = QSet<QString>{u"[n].c"_s};
+    f.app.selectedCommitPaths = marked({u"[n].c"_s});
     awaited(f.app.actions.addSelectedPaths());
     EXPECT_TRUE(f.rows().contains(u"*A [n].c"_s)) << qPrintable(f.rows().join(u'|'));
     EXPECT_TRUE(f.rows().contains(u"? n.c"_s));
-    f.app.selectedCommitPaths = QSet<QString>{u"a.c"_s};
+    f.app.selectedCommitPaths = marked({u"a.c"_s});
     awaited(f.app.actions.deleteSelectedPaths());
     EXPECT_TRUE(f.rows().contains(u"*D a.c"_s)) << qPrintable(f.rows().join(u'|'));
     QFile::rename(clones.path(u"wc/b.c"_s), clones.path(u"wc/moved.c"_s));
     runTool(u"git"_s, u"add|-N|moved.c"_list, clones.path(u"wc"_s));
     awaited(f.app.refreshAll());
-    f.app.selectedCommitPaths = QSet<QString>{u"a.c"_s, u"moved.c"_s};
+    f.app.selectedCommitPaths = marked({u"a.c"_s, u"moved.c"_s});
     awaited(f.app.actions.addSelectedPaths());
     const QByteArray staged = runTool(u"git"_s, u"diff|--cached|--no-renames|--name-status"_list, clones.path(u"wc"_s));
     EXPECT_TRUE(staged.contains("D\tb.c\nA\tmoved.c")) << staged.constData();

@@ -2,6 +2,7 @@
 
 #include "controller/app_state.h"
 #include "support/awaited.h"
+#include "support/marked.h"
 #include "support/repositories.h"
 #include "support/scripted_user.h"
 #include "support/temp_tree.h"
@@ -29,10 +30,8 @@ public:
     }
     /// Commits the rows of these paths and no others.
     void commit(const QStringList &paths, const QString &message = QStringLiteral("why")) {
-        app.setCommitSelection(app.changes, false);
-        QList<WorkingCopyItem> items = app.changes;
-        items.removeIf([&paths](const WorkingCopyItem &item) { return !paths.contains(item.path); });
-        app.setCommitSelection(items, true);
+        app.setCommitSelection(MarkedPaths::all(app.changes), false);
+        app.setCommitSelection(marked(paths), true);
         app.commitMessage = message;
         awaited(app.commitSelected());
     }

@@ -40,7 +40,7 @@ QString commitText(int ticked, const QLocale &locale) {
                        : QStringLiteral("Commit %1 Changes").arg(locale.toString(ticked));
 }
 
-void ChangeRows::publish(const QList<WorkingCopyItem> &published) {
+void ChangeRows::publish(const WorkingCopyItems &published) {
     if (items == published)
         return;
     replaceRecords([&] {
@@ -49,7 +49,7 @@ void ChangeRows::publish(const QList<WorkingCopyItem> &published) {
     });
 }
 
-void ChangeRows::setTicked(const QSet<QString> &paths) {
+void ChangeRows::setTicked(const MarkedPaths &paths) {
     ticked = paths;
     lookUpTicks();
     announceNewLook();
@@ -58,14 +58,15 @@ void ChangeRows::setTicked(const QSet<QString> &paths) {
 void ChangeRows::lookUpTicks() {
     ticks.clear();
     ticks.reserve(static_cast<std::size_t>(items.size()));
-    for (const WorkingCopyItem &item : std::as_const(items)) {
-        const Tick whenCommittable = ticked.contains(item.path) ? Tick::ticked : Tick::unticked;
-        ticks.push_back(isCommittable(item) ? whenCommittable : Tick::none);
+    const MarkedPaths marked = ticked.in(items);
+    for (qsizetype row = 0; row < items.size(); ++row) {
+        const Tick whenCommittable = marked.isMarked(row) ? Tick::ticked : Tick::unticked;
+        ticks.push_back(isCommittable(items.statusAt(row)) ? whenCommittable : Tick::none);
     }
 }
 
 RowContent ChangeRows::content(int record, const Theme &theme) const {
-    return changeRow(items.at(record), ticks[static_cast<std::size_t>(record)], theme);
+    return changeRow(items[record], ticks[static_cast<std::size_t>(record)], theme);
 }
 
 TickCounts ChangeRows::tickCounts() const {

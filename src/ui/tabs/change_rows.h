@@ -1,10 +1,9 @@
 #pragma once
 
-#include "model/working_copy_item.h"
+#include "model/marked_paths.h"
+#include "model/working_copy_items.h"
 #include "ui/list/row_model.h"
 
-#include <QList>
-#include <QSet>
 #include <QString>
 
 #include <vector>
@@ -40,21 +39,22 @@ public:
     using RowModel::RowModel;
 
     /// Equal items change nothing.
-    void publish(const QList<WorkingCopyItem> &published);
-    void setTicked(const QSet<QString> &paths);
+    void publish(const WorkingCopyItems &published);
+    void setTicked(const MarkedPaths &paths);
 
-    const WorkingCopyItem &itemAt(int record) const { return items.at(record); }
+    const WorkingCopyItems &published() const { return items; }
     TickCounts tickCounts() const;
 
     int recordCount() const override { return static_cast<int>(items.size()); }
-    QString recordId(int record) const override { return items.at(record).path; }
+    QString recordId(int record) const override { return items.pathAt(record).toString(); }
+    QStringView idView(int record, QString &) const override { return items.pathAt(record); }
     RowContent content(int record, const Theme &theme) const override;
 
 private:
     void lookUpTicks();
 
-    QList<WorkingCopyItem> items{};
-    QSet<QString> ticked{};
+    WorkingCopyItems items{};
+    MarkedPaths ticked{};
     std::vector<Tick> ticks{}; ///< of each item
 };
 

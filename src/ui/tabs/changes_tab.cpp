@@ -110,10 +110,10 @@ void ChangesTab::chooseRow(const QString &id) {
 }
 
 void ChangesTab::setTicks(const QList<int> &records, Tick wanted) {
-    QList<WorkingCopyItem> items;
+    MarkedPaths chosen(rows.published());
     for (const int record : records)
-        items += rows.itemAt(record);
-    app.setCommitSelection(items, wanted == Tick::ticked);
+        chosen.mark(record, true);
+    app.setCommitSelection(chosen, wanted == Tick::ticked);
 }
 
 QList<QAction *> ChangesTab::resolutions(const QList<WorkingCopyItem> &items) const {

@@ -25,7 +25,7 @@ struct Row {
 };
 
 const auto deleteMissing = [](Session &s) {
-    s.app.setCommitSelection(s.app.changes, false);
+    s.app.setCommitSelection(MarkedPaths::all(s.app.changes), false);
     s.app.selectedChangeID = u"gone.txt"_s;
     return s.app.actions.deleteSelectedPaths();
 };

@@ -40,7 +40,7 @@ QStringList doEverything(Session &session) {
     for (const auto operation : operations) {
         awaited(app.refreshStatus());
         app.commitMessage = u"all"_s;
-        app.setCommitSelection(app.changes, true);
+        app.setCommitSelection(MarkedPaths::all(app.changes), true);
         awaited(operation(app));
     }
     return seen;

@@ -21,7 +21,7 @@ void copyContents(const QString &from, const QString &to) {
     fs::copy(from.toStdString(), to.toStdString(), fs::copy_options::recursive | fs::copy_options::copy_symlinks);
 }
 
-QStringList namesOf(const QList<WorkingCopyItem> &items) {
+QStringList namesOf(const WorkingCopyItems &items) {
     QStringList all;
     for (const WorkingCopyItem &item : items)
         all.append(shortName(item.kind) + u' ' + item.path);
@@ -162,7 +162,7 @@ void Session::show(const Session &loaded) {
     app.changesLoaded = true;
     app.gitFacts = loaded.app.gitFacts;
     app.selectedChangeID = loaded.app.selectedChangeID.value();
-    app.setCommitSelection(app.changes, true);
+    app.setCommitSelection(MarkedPaths::all(app.changes), true);
     app.repositoryInfo = loaded.app.repositoryInfo.value();
     app.fileHistoryItems = loaded.app.fileHistoryItems.value();
     app.logEntries = loaded.app.logEntries.value();

@@ -69,12 +69,12 @@ void Victim::perform(const QString &operation) {
     const QString name = change();
     if (operation == u"commit") {
         app.commitMessage = name;
-        app.setCommitSelection(app.changes, true);
+        app.setCommitSelection(MarkedPaths::all(app.changes), true);
         return awaited(app.commitSelected());
     }
     if (operation == u"revert")
         return awaited(app.revertAllPaths());
-    app.setCommitSelection(app.changes, false);
+    app.setCommitSelection(MarkedPaths::all(app.changes), false);
     app.selectedChangeID = u"kept.txt"_s;
     awaited(app.actions.deleteSelectedPaths());
     awaited(app.revertAllPaths());

@@ -30,7 +30,7 @@ protected:
     AccentButton &button() const { return *static_cast<AccentButton *>(panel().findChild<QPushButton *>()); }
     QString countText() const { return panel().findChild<QLabel *>()->text(); }
     RowListView &list() const { return *window.findChild<RowListView *>(); }
-    void tick(const QSet<QString> &paths) { app.selectedCommitPaths = paths; }
+    void tick(const QStringList &paths) { app.selectedCommitPaths = marked(paths); }
     QMenu *openRowMenu() {
         list().setCurrentId(u"b&c"_s);
         emit list().rowMenuRequested(1, list().mapToGlobal(QPoint(50, 30)));

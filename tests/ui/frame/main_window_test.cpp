@@ -413,7 +413,7 @@ TEST_F(Window, TheMenuOfARowInConflictResolvesThatRowThoughOthersAreTicked) {
     app.projects = projects;
     app.changes = QList<WorkingCopyItem>{{.path = u"c.c"_s, .kind = SVNStatusKind::conflicted},
                                          {.path = u"m.c"_s, .kind = SVNStatusKind::modified}};
-    app.selectedCommitPaths = QSet<QString>{u"m.c"_s};
+    app.selectedCommitPaths = marked({u"m.c"_s});
     for (const QString &path : u"c.c|m.c"_list) {
         SCOPED_TRACE(qPrintable(path));
         app.selectedChangeID = path;

@@ -1,3 +1,4 @@
+#include "support/marked.h"
 #include "support/window_test.h"
 #include "ui/tabs/change_rows.h"
 
@@ -50,13 +51,13 @@ TEST(ChangeRows, SaysWhatEachStatusMeans) {
 TEST(ChangeRows, KeepsTheModelContractWhilePublishedFilteredAndTicked) {
     ChangeRows rows;
     const QAbstractItemModelTester tester(&rows, QAbstractItemModelTester::FailureReportingMode::Fatal);
-    rows.publish({item(u"a.c"_s), item(u"b.c"_s), item(u"b.h"_s)});
+    rows.publish(QList{item(u"a.c"_s), item(u"b.c"_s), item(u"b.h"_s)});
     rows.setFilter(ListFilter(u"b"_s));
     EXPECT_EQ(shownIds(rows), u"b.c|b.h"_list);
     rows.setFilter(ListFilter(u"b h"_s));
     EXPECT_EQ(shownIds(rows), u"b.h"_list);
-    rows.setTicked({u"b.h"_s});
-    rows.publish({item(u"b.h"_s), item(u"bach"_s), item(u"c.c"_s)});
+    rows.setTicked(marked({u"b.h"_s}));
+    rows.publish(QList{item(u"b.h"_s), item(u"bach"_s), item(u"c.c"_s)});
     EXPECT_EQ(shownIds(rows), u"b.h|bach"_list);
     rows.setFilter(ListFilter(u"c"_s));
     EXPECT_EQ(shownIds(rows), u"bach|c.c"_list);
@@ -66,8 +67,8 @@ TEST(ChangeRows, KeepsTheModelContractWhilePublishedFilteredAndTicked) {
 
 TEST(ChangeRows, CountsTicksOfAllRowsAndOfThoseShown) {
     ChangeRows rows;
-    rows.publish({item(u"a1"_s), item(u"a2"_s), item(u"b1"_s), item(u"b2"_s, Kind::external)});
-    rows.setTicked({u"a1"_s, u"b1"_s});
+    rows.publish(QList{item(u"a1"_s), item(u"a2"_s), item(u"b1"_s), item(u"b2"_s, Kind::external)});
+    rows.setTicked(marked({u"a1"_s, u"b1"_s}));
     EXPECT_EQ(tickedText(rows.tickCounts(), QLocale::c()), u"2 of 3 ticked"_s);
     rows.setFilter(ListFilter(u"a"_s));
     EXPECT_EQ(rows.tickCounts(), (TickCounts{.tickable = 3, .ticked = 2, .shownTickable = 2, .shownTicked = 1}));

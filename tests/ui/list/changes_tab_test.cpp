@@ -43,7 +43,7 @@ TEST(ChangesTab, OnlyTheUsersChoiceOfARowRunsATool) {
                                        {.path = u"b"_s, .kind = SVNStatusKind::modified}};
     app.changes = items;
     app.selectedChangeID = u"b"_s;
-    app.selectedCommitPaths = QSet<QString>{u"a"_s};
+    app.selectedCommitPaths = marked({u"a"_s});
     app.changes = items + QList<WorkingCopyItem>{{.path = u"c"_s, .kind = SVNStatusKind::modified}};
     EXPECT_EQ(app.selectedChangeID.value(), u"b"_s);
     EXPECT_EQ(shown.list().currentId(), u"b"_s);

@@ -1,3 +1,4 @@
+#include "support/marked.h"
 #include "support/window_test.h"
 #include "ui/list/row_list_view.h"
 #include "ui/look/metrics.h"
@@ -120,8 +121,9 @@ TEST_F(RowListViewTest, ARepeatingKeyMovesAtOnceAndAnnouncesTheLastRowOnly) {
 }
 
 TEST_F(RowListViewTest, TicksByKeyAndMouse) {
-    rows.publish({item(u"a"_s), item(u"b"_s), item(u"c"_s), {.path = u"x"_s, .kind = SVNStatusKind::external}});
-    rows.setTicked({u"a"_s});
+    rows.publish(QList<WorkingCopyItem>{
+        item(u"a"_s), item(u"b"_s), item(u"c"_s), {.path = u"x"_s, .kind = SVNStatusKind::external}});
+    rows.setTicked(marked({u"a"_s}));
     show();
     view.setCurrentId(u"a"_s);
     const auto press = [this](Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
