@@ -1,4 +1,5 @@
 #include "bare_expat.h"
+#include "controller/arriving_log.h"
 #include "controller/file_grouping.h"
 #include "controller/log_loading.h"
 #include "log_samples.h"
@@ -48,7 +49,8 @@ void BM_logToGroupedFiles(benchmark::State &state) {
     const bool isSvn = state.range(0) == 0;
     const QByteArray log = isSvn ? svnLog(revisions, paths) : gitLog(revisions, paths);
     for ([[maybe_unused]] auto _ : state) {
-        const QList<LogEntry> entries = loadedLog(isSvn ? RepositoryKind::svn : RepositoryKind::git, log, {});
+        ArrivingLog arrived(isSvn ? RepositoryKind::svn : RepositoryKind::git);
+        const QList<LogEntry> entries = loadedLog(arrived, log, {});
         benchmark::DoNotOptimize(loadedHistory(entries, isSvn ? u"^/trunk"_s : QString(), {}));
     }
 }

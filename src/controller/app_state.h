@@ -180,9 +180,13 @@ private:
     QCoro::Task<RevertPlan> revertPlan(Project project, QList<WorkingCopyItem> items);
     QCoro::Task<CommandOutput> runRevert(Project project, RevertPlan plan);
     void resetHistory();
+    void clearHistory();
     void resetArchives();
     QCoro::Task<> loadHistoryOf(Project project, quint64 generation);
+    /// What the log prints, read into `log` and shown from the beginning when nothing is shown yet.
+    QCoro::Task<QByteArray> printedHistoryOf(Project project, quint64 generation, std::shared_ptr<ArrivingLog> log);
     void publishHistory(const LoadedHistory &loaded);
+    void showHistory(const LoadedHistory &loaded);
     /// Groups the history anew when its paths are relative to another folder than `repositoryInfo` says.
     QCoro::Task<> regroupHistory();
     QCoro::Task<> loadHistorySummary(Project project);

@@ -1,5 +1,6 @@
 #include "controller/app_state.h"
 #include "controller/archive_names.h"
+#include "controller/arriving_log.h"
 #include "controller/combined_output.h"
 #include "controller/tool_text.h"
 #include "controller/written_file.h"
@@ -64,7 +65,8 @@ QCoro::Task<> AppState::loadArchivesOf(Project project, quint64 generation) {
     const QByteArray output = co_await printedLog(toolFor(project.kind), project);
     const QList<QList<LogEntry>> known{archiveEntries, logEntries};
     const auto read = [kind = project.kind, output, known] {
-        return loadedLog(kind, output, known);
+        ArrivingLog log(kind);
+        return loadedLog(log, output, known);
     };
     const QList<LogEntry> entries = co_await QtConcurrent::run(&workers, read);
     if (!isCurrent(project, generation, archivesGeneration))

@@ -1,4 +1,5 @@
 #include "controller/app_state.h"
+#include "controller/early_history.h"
 #include "controller/file_grouping.h"
 
 #include <QCoroFuture>
@@ -38,18 +39,20 @@ QCoro::Task<> AppState::loadHistoryOf(Project project, quint64 generation) {
         // Without it the paths of a working copy of a branch could not be told apart.
         if (repositoryInfo.value() == RepositoryInfo())
             co_await loadInfo();
-        const QByteArray output = co_await printedLog(toolFor(project.kind), project);
+        const auto log = std::make_shared<ArrivingLog>(project.kind);
+        const QByteArray output = co_await printedHistoryOf(project, generation, log);
         const LoadedHistory before{logEntries, fileHistoryItems};
         const QString relativeURL = repositoryInfo.value().relativeURL.value_or(QString());
         const QList<QList<LogEntry>> known{before.entries, archiveEntries};
-        const auto read = [kind = project.kind, output, relativeURL, before, known] {
-            return loadedHistory(loadedLog(kind, output, known), relativeURL, before);
+        const auto read = [log, output, relativeURL, before, known] {
+            return loadedHistory(loadedLog(*log, output, known), relativeURL, before);
         };
         const LoadedHistory loaded = co_await QtConcurrent::run(&workers, read);
         if (!isCurrent(project, generation, historyGeneration))
             co_return;
         publishHistory(loaded);
         release(output);
+        release(log);
         historyLoadedAt = changesBefore;
     }
     const QCoro::Task<> summary = loadHistorySummary(project);
@@ -58,7 +61,42 @@ QCoro::Task<> AppState::loadHistoryOf(Project project, quint64 generation) {
     co_await summary;
 }
 
+/// A list that is shown already stays as it is until the new one is complete.
+QCoro::Task<QByteArray> AppState::printedHistoryOf(Project project, quint64 generation,
+                                                   std::shared_ptr<ArrivingLog> log) {
+    const EarlyHistory::Show show = [this, project, generation](const LoadedHistory &soFar) {
+        const bool isFirst = logEntries.value().isEmpty();
+        const bool isMore = soFar.entries.size() > logEntries.value().size();
+        if (historyLoaded || !isMore || !isCurrent(project, generation, historyGeneration))
+            return;
+        showHistory(soFar);
+        if (isFirst)
+            loadDiffForSelectedHistoryRevision();
+    };
+    const QString relativeURL = repositoryInfo.value().relativeURL.value_or(QString());
+    EarlyHistory early(workers, log, relativeURL, historyLoaded ? EarlyHistory::Show() : show);
+    const OutputReader reader = [&early](QByteArrayView printed) {
+        early.add(printed);
+    };
+    std::optional<SVNClientError> failure;
+    try {
+        co_return co_await printedLog(toolFor(project.kind), project, reader);
+    } catch (const SVNClientError &error) {
+        failure = error;
+    }
+    // Nobody shall take what was shown of it for the whole.
+    const bool isPart = !historyLoaded && !logEntries.value().isEmpty();
+    if (isPart && isCurrent(project, generation, historyGeneration))
+        clearHistory();
+    throw *failure;
+}
+
 void AppState::publishHistory(const LoadedHistory &loaded) {
+    showHistory(loaded);
+    historyLoaded = true;
+}
+
+void AppState::showHistory(const LoadedHistory &loaded) {
     const LoadedHistory before{logEntries, fileHistoryItems};
     const std::optional<qint64> revision = revisionAfterLoad(selectedRevision, before.entries, loaded.entries);
     const HistorySelection selection = selectionAfterLoad(loaded, {selectedHistoryPath, revision});
@@ -66,7 +104,6 @@ void AppState::publishHistory(const LoadedHistory &loaded) {
         historySummaryAsked = false;
     fileHistoryItems = loaded.files;
     logEntries = loaded.entries;
-    historyLoaded = true;
     selectedHistoryPath = selection.path;
     selectedRevision = selection.revision;
     release(before);
@@ -90,13 +127,17 @@ QCoro::Task<> AppState::regroupHistory() {
 
 void AppState::resetHistory() {
     ++historyGeneration;
-    ++historyDiffGeneration;
     historyDiffTurn = newHistoryDiffTurn();
+    historyLoadedAt = repositoryChanges;
+    clearHistory();
+}
+
+void AppState::clearHistory() {
+    ++historyDiffGeneration;
     const LoadedHistory before{logEntries, fileHistoryItems};
     logEntries = QList<LogEntry>();
     fileHistoryItems = FileHistory();
     historyLoaded = false;
-    historyLoadedAt = repositoryChanges;
     historySummaryAsked = false;
     selectedHistoryPath = std::nullopt;
     selectedRevision = std::nullopt;

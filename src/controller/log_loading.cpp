@@ -1,10 +1,8 @@
 #include "controller/log_loading.h"
 
+#include "controller/arriving_log.h"
 #include "controller/file_grouping.h"
 #include "controller/git_reference.h"
-#include "controller/tool_text.h"
-#include "parsers/git_parsers.h"
-#include "parsers/svn_xml_parsers.h"
 #include "tools/arguments.h"
 
 #include <algorithm>
@@ -32,9 +30,9 @@ QStringList logArguments(RepositoryKind kind) {
                 u"--format=--KESTOR-GIT-COMMIT--%H%x09%an%x09%aI%x09%s");
 }
 
-QCoro::Task<QByteArray> printedLog(std::shared_ptr<Tool> tool, Project project) {
+QCoro::Task<QByteArray> printedLog(std::shared_ptr<Tool> tool, Project project, OutputReader reader) {
     const SVNCommandResult result =
-        co_await tool->run(logArguments(project.kind), project.path, CheckStatus::no, RunPurpose::backgroundRead);
+        co_await tool->runReading(logArguments(project.kind), project.path, RunPurpose::backgroundRead, reader);
     if (result.status == 0)
         co_return result.stdoutData;
     bool isEmpty = false;
@@ -46,9 +44,8 @@ QCoro::Task<QByteArray> printedLog(std::shared_ptr<Tool> tool, Project project) 
     co_return QByteArray();
 }
 
-QList<LogEntry> loadedLog(RepositoryKind kind, const QByteArray &output, const QList<QList<LogEntry>> &known) {
-    const QList<LogEntry> entries =
-        kind == RepositoryKind::svn ? parsedOutput<LogParser>(output) : GitParsers::parseLog(toolText(output));
+QList<LogEntry> loadedLog(ArrivingLog &log, const QByteArray &output, const QList<QList<LogEntry>> &known) {
+    const QList<LogEntry> entries = log.entriesOf(output);
     const qsizetype same = known.indexOf(entries);
     return same < 0 ? entries : known[same];
 }

@@ -15,15 +15,18 @@
 
 namespace kestor {
 
+class ArrivingLog;
+
 /// The vector that prints the whole log of a project.
 QStringList logArguments(RepositoryKind kind);
 
-/// Prints the log of the project; nothing for a Git repository without a commit. Throws SVNClientError.
-QCoro::Task<QByteArray> printedLog(std::shared_ptr<Tool> tool, Project project);
+/// Prints the log of the project; nothing for a Git repository without a commit. Throws SVNClientError. `reader` as for
+/// Tool::runReading.
+QCoro::Task<QByteArray> printedLog(std::shared_ptr<Tool> tool, Project project, OutputReader reader = {});
 
-/// The entries of a printed log, newest first. Where they equal one of the `known` lists that list is returned, so that
-/// its memory is shared and publishing it again compares nothing. Workers.
-QList<LogEntry> loadedLog(RepositoryKind kind, const QByteArray &output, const QList<QList<LogEntry>> &known);
+/// The entries of a log that printed `output`, newest first. Where they equal one of the `known` lists that list is
+/// returned, so that its memory is shared and publishing it again compares nothing. Workers.
+QList<LogEntry> loadedLog(ArrivingLog &log, const QByteArray &output, const QList<QList<LogEntry>> &known);
 
 /// A log and its files.
 struct LoadedHistory {

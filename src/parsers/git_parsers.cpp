@@ -154,29 +154,54 @@ QString unquotePath(QStringView text) {
     return path;
 }
 
-QList<LogEntry> parseLog(QStringView text) {
-    QList<LogEntry> entries;
+class LogReader::Lines {
+public:
+    void read(QStringView text) {
+        for (const QStringView line : qTokenize(text, u'\n', Qt::SkipEmptyParts)) {
+            if (line.startsWith(commitMarker)) {
+                finish();
+                current = startedEntry(line);
+            } else if (current) {
+                if (const std::optional<NameStatus> change = nameStatus(line))
+                    current->paths.append({actions.unquoted(change->action), paths.unquoted(change->path), u"file"_s});
+            }
+        }
+        finish();
+    }
+    const QList<LogEntry> &entries() const { return finished; }
+
+private:
+    void finish() {
+        if (!current)
+            return;
+        current->revision = nextRevision--;
+        finished.append(*std::exchange(current, std::nullopt));
+    }
+
+    QList<LogEntry> finished;
     std::optional<LogEntry> current;
     SharedTexts actions;
     SharedTexts paths;
     qint64 nextRevision = 1000000;
-    const auto finish = [&] {
-        if (!current)
-            return;
-        current->revision = nextRevision--;
-        entries.append(*std::exchange(current, std::nullopt));
-    };
-    for (const QStringView line : qTokenize(text, u'\n', Qt::SkipEmptyParts)) {
-        if (line.startsWith(commitMarker)) {
-            finish();
-            current = startedEntry(line);
-        } else if (current) {
-            if (const std::optional<NameStatus> change = nameStatus(line))
-                current->paths.append({actions.unquoted(change->action), paths.unquoted(change->path), u"file"_s});
-        }
-    }
-    finish();
-    return entries;
+};
+
+LogReader::LogReader() : lines(std::make_unique<Lines>()) {}
+
+LogReader::~LogReader() = default;
+
+void LogReader::read(const QString &piece) {
+    pieces.append(piece);
+    lines->read(piece);
+}
+
+QList<LogEntry> LogReader::entries() const {
+    return lines->entries();
+}
+
+QList<LogEntry> parseLog(QStringView text) {
+    LogReader reader;
+    reader.read(text.toString());
+    return reader.entries();
 }
 
 std::optional<SVNPathChange> parseNameStatusLine(QStringView line) {

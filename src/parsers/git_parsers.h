@@ -7,11 +7,13 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <QStringView>
 
+#include <memory>
 #include <optional>
 
-/// Functions that turn the text output of `git` into records. None fails; malformed lines are skipped. Any thread.
+/// What turns the text output of `git` into records. Nothing fails; malformed lines are skipped. Any thread.
 namespace kestor::GitParsers {
 
 /// Reads `git status --porcelain=v1`; in the localised standard order of the paths. A rename yields its new name.
@@ -23,6 +25,24 @@ QString unquotePath(QStringView text);
 /// Reads a log printed with "--format=--KESTOR-GIT-COMMIT--%H%x09%an%x09%aI%x09%s" and --name-status. Revisions count
 /// down from 1000000 in output order.
 QList<LogEntry> parseLog(QStringView text);
+/// Reads such a log in pieces that end between two entries. What comes again shares its characters over all of them.
+/// One thread at a time.
+class LogReader {
+public:
+    LogReader();
+    ~LogReader();
+    Q_DISABLE_COPY_MOVE(LogReader)
+
+    void read(const QString &piece);
+    /// Those so far.
+    QList<LogEntry> entries() const;
+
+private:
+    class Lines;
+    std::unique_ptr<Lines> lines;
+    QStringList pieces{}; ///< of which `lines` keeps slices
+};
+
 /// One line of --name-status; nothing when it has no tab.
 std::optional<SVNPathChange> parseNameStatusLine(QStringView line);
 std::optional<QDateTime> parseDate(QStringView text);

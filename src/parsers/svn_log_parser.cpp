@@ -14,15 +14,22 @@ enum class LogElement : std::uint8_t { logentry, author, date, msg, path };
 constexpr std::array<std::string_view, 5> logElementNames{"logentry", "author", "date", "msg", "path"};
 static_assert(logElementNames.size() == static_cast<std::size_t>(LogElement::path) + 1);
 
-class LogHandler final : public XmlHandler {
+constexpr QByteArrayView entryEnd = "</logentry>";
+
+bool isLater(const LogEntry &left, const LogEntry &right) {
+    return left.revision > right.revision;
+}
+
+} // namespace
+
+class SvnLogReader::Handler final : public XmlHandler {
 public:
-    QList<LogEntry> takeSortedEntries() {
-        const auto later = [](const LogEntry &a, const LogEntry &b) {
-            return a.revision > b.revision;
-        };
-        std::stable_sort(entries.begin(), entries.end(), later);
-        return std::move(entries);
+    const QList<LogEntry> &sortedEntries() {
+        if (!std::is_sorted(entries.cbegin(), entries.cend(), isLater))
+            std::stable_sort(entries.begin(), entries.end(), isLater);
+        return entries;
     }
+    qsizetype endedEntries() const { return ended; }
 
     void startElement(std::string_view name, XmlAttributes attributes) override {
         const std::optional<LogElement> element = elementNamed<LogElement>(logElementNames, name);
@@ -63,6 +70,7 @@ private:
     }
 
     void endEntry() {
+        ++ended;
         if (!revision)
             return;
         entry.revision = *revision;
@@ -70,6 +78,7 @@ private:
     }
 
     QList<LogEntry> entries;
+    qsizetype ended = 0; ///< those without a number, too
     LogEntry entry;
     std::optional<qint64> revision;
     QString pathAction;
@@ -80,12 +89,29 @@ private:
     RepeatedTexts paths;
 };
 
-} // namespace
+SvnLogReader::SvnLogReader() : handler(std::make_unique<Handler>()) {}
+
+SvnLogReader::~SvnLogReader() = default;
+
+void SvnLogReader::read(QByteArrayView utf8) {
+    if (handler->endedEntries() != expected)
+        return;
+    // The root element was opened in the first piece.
+    if (expected == 0)
+        readXml(utf8, *handler);
+    else
+        readXml("<log>" + utf8.toByteArray(), *handler);
+    expected += utf8.count(entryEnd);
+}
+
+QList<LogEntry> SvnLogReader::entries() const {
+    return handler->sortedEntries();
+}
 
 QList<LogEntry> LogParser::parse(QByteArrayView utf8) {
-    LogHandler handler;
-    readXml(utf8, handler);
-    return handler.takeSortedEntries();
+    SvnLogReader reader;
+    reader.read(utf8);
+    return reader.entries();
 }
 
 QList<LogEntry> LogParser::parse(QStringView text) {

@@ -9,6 +9,7 @@
 #include <QSet>
 #include <QStringView>
 
+#include <memory>
 #include <optional>
 
 namespace kestor {
@@ -51,6 +52,26 @@ struct LogParser {
     /// Highest revision first.
     static QList<LogEntry> parse(QByteArrayView utf8);
     static QList<LogEntry> parse(QStringView text);
+};
+
+/// Reads `svn log --xml --verbose` in pieces. What comes again shares its characters over all of them. One thread at a
+/// time.
+class SvnLogReader {
+public:
+    SvnLogReader();
+    ~SvnLogReader();
+    Q_DISABLE_COPY_MOVE(SvnLogReader)
+
+    /// Reads what follows the pieces before; it ends behind the end tag of an entry, the last one anywhere. Nothing is
+    /// read any more behind the first error.
+    void read(QByteArrayView utf8);
+    /// Those so far, highest revision first.
+    QList<LogEntry> entries() const;
+
+private:
+    class Handler;
+    std::unique_ptr<Handler> handler;
+    qsizetype expected = 0; ///< how many entries have ended
 };
 
 /// Reads `svn info --xml`. `revision` ends up as the last changed revision and `workingRevision` as the entry's own.

@@ -81,12 +81,13 @@ private:
     void connectSignals();
 
     SVNCommandResult result;
+    OutputReader reader;
     bool stopped = false;
     QDeadlineTimer cleanUp{}; ///< once stopped
     bool startError = false;
 };
 
-Child::Child(const ChildCommand &command) {
+Child::Child(const ChildCommand &command) : reader(command.reader) {
     result.commandLine = shellEscaped(QStringList(command.executable) + command.arguments);
     // An absolute path, because QProcess looks up a bare name in PATH and the child starts in another folder.
     setProgram(QFileInfo(command.executable).absoluteFilePath());
@@ -112,8 +113,12 @@ Child::~Child() {
 }
 
 void Child::connectSignals() {
-    connect(this, &QProcess::readyReadStandardOutput, this,
-            [this] { appendTo(result.stdoutData, readAllStandardOutput()); });
+    connect(this, &QProcess::readyReadStandardOutput, this, [this] {
+        const QByteArray read = readAllStandardOutput();
+        appendTo(result.stdoutData, read);
+        if (reader)
+            reader(read);
+    });
     connect(this, &QProcess::readyReadStandardError, this,
             [this] { appendTo(result.stderrData, readAllStandardError()); });
     connect(this, &QProcess::errorOccurred, this,

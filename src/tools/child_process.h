@@ -18,6 +18,7 @@ struct ChildCommand {
     QStringList arguments{};
     QString directory{}; ///< the working directory, "" for this process's own
     QProcessEnvironment environment{};
+    OutputReader reader{}; ///< as for Tool::runReading
 };
 
 /// The child processes of one tool. Each runs in a session of its own, so that nothing in it can prompt on a terminal;

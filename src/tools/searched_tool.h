@@ -15,6 +15,8 @@ class SearchedTool : public Tool {
 public:
     QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
                                       RunPurpose purpose = RunPurpose::userCommand) final;
+    QCoro::Task<SVNCommandResult> runReading(QStringList arguments, QString directory, RunPurpose purpose,
+                                             OutputReader reader) final;
     void stop() final { children.stop(); }
 
 protected:
@@ -28,6 +30,9 @@ protected:
     virtual Search search(const QString &directory, RunPurpose purpose) const = 0;
 
 private:
+    /// Throws SVNClientError when there is no executable.
+    ChildCommand command(const QStringList &arguments, const QString &directory, RunPurpose purpose) const;
+
     ChildProcesses children;
 };
 

@@ -1,0 +1,67 @@
+#include "controller/arriving_log.h"
+
+#include "controller/tool_text.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kestor {
+
+namespace {
+
+constexpr QByteArrayView svnEntryEnd = "</logentry>";
+constexpr QByteArrayView gitEntryBegin = "\n--KESTOR-GIT-COMMIT--";
+
+} // namespace
+
+void ArrivingLog::add(QByteArrayView printed) {
+    const QMutexLocker lock(&adding);
+    added.append(printed);
+}
+
+QList<LogEntry> ArrivingLog::entriesSoFar() {
+    const QMutexLocker lock(&reading);
+    takeAdded();
+    const qsizetype length = wholeEntries();
+    if (length > 0) {
+        read(QByteArrayView(unread).first(length));
+        unread = unread.sliced(length);
+    }
+    return entries();
+}
+
+QList<LogEntry> ArrivingLog::entriesOf(QByteArrayView output) {
+    const QMutexLocker lock(&reading);
+    takeAdded();
+    read(output.sliced(std::min(taken - unread.size(), output.size())));
+    return entries();
+}
+
+void ArrivingLog::takeAdded() {
+    const QMutexLocker lock(&adding);
+    taken += added.size();
+    unread.append(std::exchange(added, {}));
+}
+
+/// How many bytes of what is unread hold entries that have ended.
+qsizetype ArrivingLog::wholeEntries() const {
+    if (kind == RepositoryKind::git)
+        return unread.lastIndexOf(gitEntryBegin) + 1;
+    const qsizetype last = unread.lastIndexOf(svnEntryEnd);
+    return last < 0 ? 0 : last + svnEntryEnd.size();
+}
+
+void ArrivingLog::read(QByteArrayView piece) {
+    if (kind == RepositoryKind::git)
+        git.read(toolText(piece));
+    else if (isValidUtf8(piece))
+        svn.read(piece);
+    else
+        svn.read(toolText(piece).toUtf8());
+}
+
+QList<LogEntry> ArrivingLog::entries() const {
+    return kind == RepositoryKind::git ? git.entries() : svn.entries();
+}
+
+} // namespace kestor

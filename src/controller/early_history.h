@@ -1,0 +1,45 @@
+#pragma once
+
+#include "controller/arriving_log.h"
+#include "controller/log_loading.h"
+
+#include <QByteArrayView>
+#include <QElapsedTimer>
+#include <QFutureWatcher>
+#include <QString>
+#include <QThreadPool>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace kestor {
+
+/// Reads a log while it is printed and shows the history so far: soon after the start, then more and more seldom. Newer
+/// entries come first, so that a list of them only grows at its end. Main thread.
+class EarlyHistory {
+public:
+    using Show = std::function<void(const LoadedHistory &)>;
+
+    /// Without `show` it only reads. `workers` must outlive it.
+    EarlyHistory(QThreadPool &workers, std::shared_ptr<ArrivingLog> arrivingLog, const QString &relativeURL, Show show);
+    Q_DISABLE_COPY_MOVE(EarlyHistory)
+
+    /// What the tool printed next.
+    void add(QByteArrayView printed);
+
+private:
+    using Read = std::optional<LoadedHistory>;
+    void showWhatWasRead();
+
+    QThreadPool &pool;
+    std::shared_ptr<ArrivingLog> log;
+    QString folder;
+    Show showHistory;
+    bool reading = false;
+    QElapsedTimer sinceShown{};
+    qint64 pause = 50; ///< in milliseconds, until the next is shown
+    QFutureWatcher<Read> watcher{};
+};
+
+} // namespace kestor
