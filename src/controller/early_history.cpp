@@ -9,7 +9,7 @@ namespace kestor {
 
 namespace {
 
-constexpr qint64 longestPause = 2000;
+constexpr std::chrono::milliseconds longestPause{2000};
 
 } // namespace
 
@@ -17,14 +17,25 @@ EarlyHistory::EarlyHistory(QThreadPool &workers, std::shared_ptr<ArrivingLog> ar
                            Show show)
     : pool(workers), log(std::move(arrivingLog)), folder(relativeURL), showHistory(std::move(show)) {
     QObject::connect(&watcher, &QFutureWatcherBase::finished, &watcher, [this] { showWhatWasRead(); });
-    sinceShown.start();
+    untilDue.setSingleShot(true);
+    QObject::connect(&untilDue, &QTimer::timeout, &untilDue, [this] { readMore(); });
+    untilDue.start(pause);
 }
 
 void EarlyHistory::add(QByteArrayView printed) {
     log->add(printed);
-    if (std::exchange(reading, true))
+    isUnread = true;
+    isUnshown = true;
+    readMore();
+}
+
+void EarlyHistory::readMore() {
+    const bool isDue = isUnshown && showHistory && !untilDue.isActive();
+    if (isReading || !(isUnread || isDue))
         return;
-    const bool isDue = showHistory && sinceShown.elapsed() >= pause;
+    isReading = true;
+    isUnread = false;
+    isUnshown = !isDue;
     const auto read = [shared = log, relativeURL = folder, isDue]() -> Read {
         const QList<LogEntry> entries = shared->entriesSoFar();
         return isDue && !entries.isEmpty() ? Read(loadedHistory(entries, relativeURL, {})) : std::nullopt;
@@ -33,13 +44,13 @@ void EarlyHistory::add(QByteArrayView printed) {
 }
 
 void EarlyHistory::showWhatWasRead() {
-    reading = false;
-    const Read history = watcher.result();
-    if (!history)
-        return;
-    showHistory(*history);
-    sinceShown.restart();
-    pause = std::min(2 * pause, longestPause);
+    isReading = false;
+    if (const Read history = watcher.result()) {
+        showHistory(*history);
+        pause = std::min(2 * pause, longestPause);
+        untilDue.start(pause);
+    }
+    readMore();
 }
 
 } // namespace kestor

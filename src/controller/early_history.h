@@ -4,11 +4,12 @@
 #include "controller/log_loading.h"
 
 #include <QByteArrayView>
-#include <QElapsedTimer>
 #include <QFutureWatcher>
 #include <QString>
 #include <QThreadPool>
+#include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -30,15 +31,18 @@ public:
 
 private:
     using Read = std::optional<LoadedHistory>;
+    void readMore();
     void showWhatWasRead();
 
     QThreadPool &pool;
     std::shared_ptr<ArrivingLog> log;
     QString folder;
     Show showHistory;
-    bool reading = false;
-    QElapsedTimer sinceShown{};
-    qint64 pause = 50; ///< in milliseconds, until the next is shown
+    bool isReading = false;
+    bool isUnread = false;  ///< something was printed since the last reading began
+    bool isUnshown = false; ///< something that no reading shows
+    std::chrono::milliseconds pause{50};
+    QTimer untilDue{}; ///< while it runs nothing is shown
     QFutureWatcher<Read> watcher{};
 };
 
