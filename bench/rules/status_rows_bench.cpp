@@ -52,8 +52,10 @@ private:
 
 void loadRows(benchmark::State &state, const WorkingCopy &copy) {
     qsizetype rows = 0;
-    while (state.KeepRunning())
-        rows = displayedStatusItems(copy.items(), copy.root(), RepositoryKind::svn).size();
+    while (state.KeepRunning()) {
+        FolderReader folders(copy.root(), u".svn"_s);
+        rows = displayedStatusItems(copy.items(), folders).size();
+    }
     state.counters["rows"] = static_cast<double>(rows);
 }
 

@@ -41,18 +41,18 @@ struct AppProperties {
     QProperty<WorkingCopyItems> changes{};                ///< sorted by path
     QProperty<bool> changesLoaded{false};                 ///< a load has succeeded: no `changes` means a clean project
     QProperty<std::optional<QString>> selectedChangeID{}; ///< a path
-    QProperty<MarkedPaths> selectedCommitPaths{};         ///< ticked paths, all of them in `changes`
+    QProperty<MarkedPaths> selectedCommitPaths{};         ///< the ticks of rows of `changes`
     QProperty<LineChangeSummary> changesLineSummary{};
     QProperty<QString> diffText{};        ///< as printed; "" when nothing is selected
     QProperty<DiffPreview> diffPreview{}; ///< kind `empty`: the diff text alone is shown
     /// Path of the row that `diffText` and `diffPreview` belong to; published after them.
     QProperty<std::optional<QString>> diffPath{};
 
-    QProperty<QList<LogEntry>> logEntries{}; ///< newest first
+    QProperty<QList<LogEntry>> logEntries{}; ///< newest first; until `historyLoaded` only the beginning of the log
     /// The files of `logEntries`, grouped on a worker and published before `logEntries`; grouped afresh when the
     /// relative URL of `repositoryInfo` changes.
     QProperty<FileHistory> fileHistoryItems{};
-    QProperty<bool> historyLoaded{false}; ///< a load has succeeded: no `logEntries` means an empty log
+    QProperty<bool> historyLoaded{false}; ///< a load has succeeded: `logEntries` is the whole log
     QProperty<std::optional<QString>> selectedHistoryPath{};
     QProperty<std::optional<qint64>> selectedRevision{};
     QProperty<LineChangeSummary> historyLineSummary{}; ///< follows the list later; zero until it is known

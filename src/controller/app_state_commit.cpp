@@ -27,7 +27,7 @@ QCoro::Task<> AppState::commitSelected() {
     if (!project)
         co_return;
     const CommitRequest request{changes, selectedCommitPaths, commitMessage.value().trimmed(), gitFacts, {}};
-    if (request.items().isEmpty()) {
+    if (request.ticked.in(request.changes).isEmpty()) {
         showAlert(u"Nothing To Commit"_s, u"Select at least one changed path."_s);
         co_return;
     }

@@ -3,6 +3,7 @@
 #include "controller/file_grouping.h"
 
 #include <QCoroFuture>
+#include <QScopeGuard>
 #include <QtConcurrent>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +41,7 @@ QCoro::Task<> AppState::loadHistoryOf(Project project, quint64 generation) {
         if (repositoryInfo.value() == RepositoryInfo())
             co_await loadInfo();
         const auto log = std::make_shared<ArrivingLog>(project.kind);
+        const auto freed = qScopeGuard([this, &log] { release(log); });
         const QByteArray output = co_await printedHistoryOf(project, generation, log);
         const LoadedHistory before{logEntries, fileHistoryItems};
         const QString relativeURL = repositoryInfo.value().relativeURL.value_or(QString());
@@ -48,11 +50,12 @@ QCoro::Task<> AppState::loadHistoryOf(Project project, quint64 generation) {
             return loadedHistory(loadedLog(*log, output, known), relativeURL, before);
         };
         const LoadedHistory loaded = co_await QtConcurrent::run(&workers, read);
-        if (!isCurrent(project, generation, historyGeneration))
-            co_return;
-        publishHistory(loaded);
         release(output);
-        release(log);
+        if (!isCurrent(project, generation, historyGeneration)) {
+            release(loaded);
+            co_return;
+        }
+        publishHistory(loaded);
         historyLoadedAt = changesBefore;
     }
     const QCoro::Task<> summary = loadHistorySummary(project);
@@ -61,34 +64,34 @@ QCoro::Task<> AppState::loadHistoryOf(Project project, quint64 generation) {
     co_await summary;
 }
 
-/// A list that is shown already stays as it is until the new one is complete.
+/// A whole list that is shown already stays as it is until the new one is complete.
 QCoro::Task<QByteArray> AppState::printedHistoryOf(Project project, quint64 generation,
                                                    std::shared_ptr<ArrivingLog> log) {
     const EarlyHistory::Show show = [this, project, generation](const LoadedHistory &soFar) {
-        const bool isFirst = logEntries.value().isEmpty();
-        const bool isMore = soFar.entries.size() > logEntries.value().size();
-        if (historyLoaded || !isMore || !isCurrent(project, generation, historyGeneration))
-            return;
+        if (historyLoaded || !isCurrent(project, generation, historyGeneration))
+            return false;
+        if (soFar.entries.size() <= logEntries.value().size())
+            return true;
+        const HistorySelection before{selectedHistoryPath, selectedRevision};
         showHistory(soFar);
-        if (isFirst)
+        if (HistorySelection{selectedHistoryPath, selectedRevision} != before)
             loadDiffForSelectedHistoryRevision();
+        return true;
     };
     const QString relativeURL = repositoryInfo.value().relativeURL.value_or(QString());
     EarlyHistory early(workers, log, relativeURL, historyLoaded ? EarlyHistory::Show() : show);
     const OutputReader reader = [&early](QByteArrayView printed) {
         early.add(printed);
     };
-    std::optional<SVNClientError> failure;
     try {
         co_return co_await printedLog(toolFor(project.kind), project, reader);
-    } catch (const SVNClientError &error) {
-        failure = error;
+    } catch (const SVNClientError &) {
+        // Nobody shall take what was shown of it for the whole.
+        const bool isPart = !historyLoaded && !logEntries.value().isEmpty();
+        if (isPart && isCurrent(project, generation, historyGeneration))
+            clearHistory();
+        throw;
     }
-    // Nobody shall take what was shown of it for the whole.
-    const bool isPart = !historyLoaded && !logEntries.value().isEmpty();
-    if (isPart && isCurrent(project, generation, historyGeneration))
-        clearHistory();
-    throw *failure;
 }
 
 void AppState::publishHistory(const LoadedHistory &loaded) {

@@ -177,6 +177,11 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
     {
         const BusyScope loading(busy, u"Loading changes"_s, BusyKind::load);
         const std::shared_ptr<Tool> tool = toolFor(project.kind);
+        const WorkingCopyItems shown = changes;
+        const auto readAhead = [project, shown] {
+            return foldersReadAhead(project.kind, project.path, shown);
+        };
+        const QFuture<std::shared_ptr<FolderReader>> folders = QtConcurrent::run(&workers, readAhead);
         SVNCommandResult result;
         std::optional<SVNClientError> failure;
         try {
@@ -191,9 +196,8 @@ QCoro::Task<> AppState::loadChanges(Project project, quint64 generation, RunPurp
             throw *failure;
         }
         const TickDecisions before = tickDecisions;
-        const WorkingCopyItems shown = changes;
-        const auto read = [kind = project.kind, path = project.path, output = result.stdoutData, shown, before] {
-            return loadedChanges(statusRows(kind, path, output), shown, before);
+        const auto read = [kind = project.kind, output = result.stdoutData, folders, shown, before] {
+            return loadedChanges(statusRows(kind, output, *folders.result()), shown, before);
         };
         const LoadedChanges loaded = co_await QtConcurrent::run(&workers, read);
         if (!isCurrent(project, generation, statusGeneration))
@@ -211,8 +215,8 @@ void AppState::publishChanges(const LoadedChanges &loaded, const TickDecisions &
     const WorkingCopyItems &items = loaded.rows.items;
     // Whatever was ticked while the worker counted is not in its answer.
     const bool asBefore = tickDecisions == decisionsBefore;
-    const MarkedPaths ticks = asBefore ? loaded.ticked : ticksFor(items, tickDecisions);
     tickDecisions = asBefore ? loaded.decisions : remainingDecisions(items, tickDecisions);
+    const MarkedPaths ticks = asBefore ? loaded.ticked : ticksFor(items, tickDecisions);
     release(std::pair(changes.value(), selectedCommitPaths.value()));
     gitFacts = loaded.rows.git;
     changes = items;

@@ -69,12 +69,12 @@ bool isVersioned(const WorkingCopyItem &item) {
     return item.kind != SVNStatusKind::unversioned;
 }
 
-/// Whether rows of `all` are all of its versioned ones.
+/// Whether `items`, rows of `all`, are all of its versioned ones.
 bool areAllVersioned(const QList<WorkingCopyItem> &items, const WorkingCopyItems &all) {
-    qsizetype others = -std::ranges::count_if(items, isVersioned);
+    qsizetype versioned = 0;
     for (qsizetype row = 0; row < all.size(); ++row)
-        others += isVersioned(all.statusAt(row)) ? 1 : 0;
-    return others == 0;
+        versioned += isVersioned(all.statusAt(row)) ? 1 : 0;
+    return versioned == std::ranges::count_if(items, isVersioned);
 }
 
 CommandOutput revertOutput(const QList<SVNCommandResult> &results, qsizetype deleted) {

@@ -7,13 +7,6 @@
 
 namespace kestor {
 
-namespace {
-
-constexpr QByteArrayView svnEntryEnd = "</logentry>";
-constexpr QByteArrayView gitEntryBegin = "\n--KESTOR-GIT-COMMIT--";
-
-} // namespace
-
 void ArrivingLog::add(QByteArrayView printed) {
     const QMutexLocker lock(&adding);
     added.append(printed);
@@ -34,7 +27,10 @@ QList<LogEntry> ArrivingLog::entriesOf(QByteArrayView output) {
     const QMutexLocker lock(&reading);
     takeAdded();
     read(output.sliced(std::min(taken - unread.size(), output.size())));
-    return entries();
+    taken = output.size();
+    unread.clear();
+    // What could not be told into pieces is read in one.
+    return kind == RepositoryKind::svn && !svn.isIntact() ? parsedOutput<LogParser>(output) : entries();
 }
 
 void ArrivingLog::takeAdded() {
@@ -45,10 +41,8 @@ void ArrivingLog::takeAdded() {
 
 /// How many bytes of what is unread hold entries that have ended.
 qsizetype ArrivingLog::wholeEntries() const {
-    if (kind == RepositoryKind::git)
-        return unread.lastIndexOf(gitEntryBegin) + 1;
-    const qsizetype last = unread.lastIndexOf(svnEntryEnd);
-    return last < 0 ? 0 : last + svnEntryEnd.size();
+    return kind == RepositoryKind::git ? GitParsers::LogReader::wholeEntries(unread)
+                                       : SvnLogReader::wholeEntries(unread);
 }
 
 void ArrivingLog::read(QByteArrayView piece) {

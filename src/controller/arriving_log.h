@@ -26,6 +26,7 @@ public:
     QList<LogEntry> entriesOf(QByteArrayView output);
 
 private:
+    // All of them hold `reading`.
     qsizetype wholeEntries() const;
     void read(QByteArrayView piece);
     QList<LogEntry> entries() const;
@@ -36,7 +37,7 @@ private:
     QByteArray added{}; ///< since it was read last
     QMutex reading{};
     QByteArray unread{}; ///< the beginning of an entry
-    qsizetype taken = 0; ///< bytes
+    qsizetype taken = 0; ///< how many of the bytes added left `added`
     SvnLogReader svn{};
     GitParsers::LogReader git{};
 };

@@ -61,9 +61,10 @@ QList<WorkingCopyItem> CommitRequest::items() const {
 
 QStringList svnCommitPaths(const CommitRequest &request) {
     QSet<QString> addedPaths;
-    for (const WorkingCopyItem &item : request.changes) {
-        if (item.kind == SVNStatusKind::added || item.kind == SVNStatusKind::replaced)
-            addedPaths.insert(item.path);
+    for (qsizetype row = 0; row < request.changes.size(); ++row) {
+        const SVNStatusKind kind = request.changes.statusAt(row).kind;
+        if (kind == SVNStatusKind::added || kind == SVNStatusKind::replaced)
+            addedPaths.insert(request.changes.pathAt(row).toString());
     }
     QSet<QString> paths;
     for (const WorkingCopyItem &item : request.items()) {

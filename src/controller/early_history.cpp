@@ -10,6 +10,8 @@ namespace kestor {
 namespace {
 
 constexpr std::chrono::milliseconds longestPause{2000};
+/// Showing takes a fifth of the time at most, however long the log is.
+constexpr int pauseToReading = 4;
 
 } // namespace
 
@@ -34,6 +36,7 @@ void EarlyHistory::readMore() {
     if (isReading || !(isUnread || isDue))
         return;
     isReading = true;
+    sinceReading.start();
     isUnread = false;
     isUnshown = !isDue;
     const auto read = [shared = log, relativeURL = folder, isDue]() -> Read {
@@ -46,8 +49,10 @@ void EarlyHistory::readMore() {
 void EarlyHistory::showWhatWasRead() {
     isReading = false;
     if (const Read history = watcher.result()) {
-        showHistory(*history);
-        pause = std::min(2 * pause, longestPause);
+        if (!showHistory(*history))
+            showHistory = nullptr;
+        pause = std::max(std::min(2 * pause, longestPause),
+                         pauseToReading * std::chrono::milliseconds(sinceReading.elapsed()));
         untilDue.start(pause);
     }
     readMore();

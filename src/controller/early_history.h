@@ -4,6 +4,7 @@
 #include "controller/log_loading.h"
 
 #include <QByteArrayView>
+#include <QElapsedTimer>
 #include <QFutureWatcher>
 #include <QString>
 #include <QThreadPool>
@@ -20,9 +21,9 @@ namespace kestor {
 /// entries come first, so that a list of them only grows at its end. Main thread.
 class EarlyHistory {
 public:
-    using Show = std::function<void(const LoadedHistory &)>;
+    using Show = std::function<bool(const LoadedHistory &)>; ///< returns whether more is wanted
 
-    /// Without `show` it only reads. `workers` must outlive it.
+    /// Without `show` it only reads. `workers` must outlive it; a reading that runs at its end is left to them.
     EarlyHistory(QThreadPool &workers, std::shared_ptr<ArrivingLog> arrivingLog, const QString &relativeURL, Show show);
     Q_DISABLE_COPY_MOVE(EarlyHistory)
 
@@ -42,6 +43,7 @@ private:
     bool isUnread = false;  ///< something was printed since the last reading began
     bool isUnshown = false; ///< something that no reading shows
     std::chrono::milliseconds pause{50};
+    QElapsedTimer sinceReading{};
     QTimer untilDue{}; ///< while it runs nothing is shown
     QFutureWatcher<Read> watcher{};
 };

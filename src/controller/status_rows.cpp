@@ -41,7 +41,22 @@ bool deniesWorkingCopy(const SVNCommandResult &status, const QString &root) {
     return toolText(status.stderrData).contains(u"W155007: '"_s + folder + u"' is not a working copy"_s);
 }
 
-StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray &output) {
+std::shared_ptr<FolderReader> foldersReadAhead(RepositoryKind kind, const QString &root,
+                                               const WorkingCopyItems &shown) {
+    auto folders = std::make_shared<FolderReader>(root, metadataName(kind));
+    QString last;
+    for (qsizetype row = 0; row < shown.size(); ++row) {
+        if (shown.statusAt(row).kind != SVNStatusKind::unversioned || !shown[row].unversionedRoot)
+            continue;
+        const QString folder = parentPath(shown.pathAt(row).toString());
+        if (folder != last)
+            folders->entries(folder);
+        last = folder;
+    }
+    return folders;
+}
+
+StatusRows statusRows(RepositoryKind kind, const QByteArray &output, FolderReader &folders) {
     GitStatus read;
     bool isWhole = true;
     // A name that is no UTF-8 gets replacement characters, as the names of the disk do: letters would make it the name
@@ -56,7 +71,7 @@ StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray
     // No tool says of a project what leaves it; nothing outside shall be walked, shown or acted on if one does.
     read.items.removeIf(
         [](const WorkingCopyItem &item) { return leavesRoot(item.path) || isMetadataOfTheOtherTool(item); });
-    return {displayedStatusItems(read.items, root, kind), read.facts, isWhole};
+    return {displayedStatusItems(read.items, folders), read.facts, isWhole};
 }
 
 } // namespace kestor

@@ -4,11 +4,14 @@
 #include "controller/git_status.h"
 #include "model/project.h"
 #include "model/working_copy_items.h"
+#include "rules/folder_reader.h"
 #include "tools/command_result.h"
 
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+
+#include <memory>
 
 namespace kestor {
 
@@ -33,8 +36,12 @@ struct LoadedChanges {
     TickDecisions decisions{}; ///< those that still count
 };
 
-/// Reads what a status run printed in the project at `root` (absolute). Reads ignore files and unversioned folders;
+/// The folders of the project at `root` (absolute). Those in which `shown` has unversioned files are read at once, to
+/// be done while a status run still works. Workers.
+std::shared_ptr<FolderReader> foldersReadAhead(RepositoryKind kind, const QString &root, const WorkingCopyItems &shown);
+
+/// Reads what a status run printed in the project of these folders. Reads ignore files and unversioned folders;
 /// workers.
-StatusRows statusRows(RepositoryKind kind, const QString &root, const QByteArray &output);
+StatusRows statusRows(RepositoryKind kind, const QByteArray &output, FolderReader &folders);
 
 } // namespace kestor

@@ -2,6 +2,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 namespace kestor {
 
 MarkedPaths MarkedPaths::all(const WorkingCopyItems &rows) {
@@ -10,13 +12,9 @@ MarkedPaths MarkedPaths::all(const WorkingCopyItems &rows) {
     return marked;
 }
 
-bool MarkedPaths::contains(QStringView path) const {
-    const std::optional<qsizetype> row = list.indexOf(path);
-    return row && isMarked(*row);
-}
-
 QList<WorkingCopyItem> MarkedPaths::items() const {
     QList<WorkingCopyItem> marked;
+    marked.reserve(size());
     for (qsizetype row = 0; row < list.size(); ++row) {
         if (isMarked(row))
             marked.append(list[row]);
@@ -30,13 +28,21 @@ MarkedPaths MarkedPaths::in(const WorkingCopyItems &rows) const {
         found.marks = marks;
         return found;
     }
+    // Most lists differ in a few rows: what both begin and end with needs no look-up.
+    const qsizetype more = rows.size() - list.size();
+    const qsizetype shorter = std::min(list.size(), rows.size());
+    qsizetype begin = 0;
+    for (; begin < shorter && list.pathAt(begin) == rows.pathAt(begin); ++begin)
+        found.mark(begin, isMarked(begin));
+    qsizetype end = list.size();
+    for (; std::min(end, end + more) > begin && list.pathAt(end - 1) == rows.pathAt(end + more - 1); --end)
+        found.mark(end + more - 1, isMarked(end - 1));
     QSet<QStringView> paths;
-    paths.reserve(size());
-    for (qsizetype row = 0; row < list.size(); ++row) {
+    for (qsizetype row = begin; row < end; ++row) {
         if (isMarked(row))
             paths.insert(list.pathAt(row));
     }
-    for (qsizetype row = 0; !paths.isEmpty() && row < rows.size(); ++row)
+    for (qsizetype row = begin; !paths.isEmpty() && row < end + more; ++row)
         found.mark(row, paths.contains(rows.pathAt(row)));
     return found;
 }

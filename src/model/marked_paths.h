@@ -6,7 +6,7 @@
 
 namespace kestor {
 
-/// Some of the paths of a list, a bit for each row. Copies share the list. Any thread.
+/// Some of the paths of a list that has none twice, a bit for each row. Copies share the list. Any thread.
 class MarkedPaths {
 public:
     MarkedPaths() = default;
@@ -18,8 +18,6 @@ public:
     bool isEmpty() const { return size() == 0; }
     bool isMarked(qsizetype row) const { return marks.testBit(row); }
     void mark(qsizetype row, bool marked) { marks.setBit(row, marked); }
-    /// Linear, as is WorkingCopyItems::indexOf.
-    bool contains(QStringView path) const;
     /// The marked rows in list order.
     QList<WorkingCopyItem> items() const;
     /// The marks of those of these paths that `rows` has, too.

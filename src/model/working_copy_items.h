@@ -15,7 +15,7 @@ namespace kestor {
 class WorkingCopyItems {
 public:
     WorkingCopyItems() = default;
-    WorkingCopyItems(const QList<WorkingCopyItem> &items); // NOLINT(google-explicit-constructor): the same list
+    WorkingCopyItems(const QList<WorkingCopyItem> &items); // implicit: the same list
 
     qsizetype size() const { return rows.size(); }
     bool isEmpty() const { return rows.isEmpty(); }

@@ -48,7 +48,8 @@ WorkingCopyItem statusItem(QStringView line) {
         .path = GitParsers::unquotePath(path), .kind = kind, .treeConflict = kind == SVNStatusKind::conflicted};
 }
 
-constexpr QStringView commitMarker = u"--KESTOR-GIT-COMMIT--";
+constexpr QByteArrayView commitLine = "\n--KESTOR-GIT-COMMIT--";
+constexpr QLatin1StringView commitMarker(commitLine.data() + 1, commitLine.size() - 1);
 
 /// The entry that a line begins which carries the commit marker; nothing when pieces are missing.
 std::optional<LogEntry> startedEntry(QStringView line) {
@@ -87,17 +88,26 @@ std::optional<NameStatus> nameStatus(QStringView line) {
     return NameStatus{action, newPath.left(newPath.indexOf(u'\t'))};
 }
 
-/// Texts of which most come again; all repetitions share their characters. The keys are slices of the parsed text.
+/// Texts of which most come again; all repetitions share their characters.
 class SharedTexts {
 public:
     /// `text` without its quotes.
     const QString &unquoted(QStringView text) {
         const auto known = texts.constFind(text);
-        return known != texts.constEnd() ? *known : *texts.insert(text, GitParsers::unquotePath(text));
+        if (known != texts.constEnd())
+            return *known;
+        const QString value = GitParsers::unquotePath(text);
+        return *texts.insert(value == text ? QStringView(value) : keptQuoted(text), value);
     }
 
 private:
-    QHash<QStringView, QString> texts;
+    QStringView keptQuoted(QStringView text) {
+        quoted.append(text.toString());
+        return quoted.constLast();
+    }
+
+    QHash<QStringView, QString> texts; ///< the keys are slices of the values and of `quoted`
+    QStringList quoted;
 };
 
 std::optional<GitBranch> branch(QStringView line) {
@@ -189,9 +199,12 @@ LogReader::LogReader() : lines(std::make_unique<Lines>()) {}
 
 LogReader::~LogReader() = default;
 
-void LogReader::read(const QString &piece) {
-    pieces.append(piece);
+void LogReader::read(QStringView piece) {
     lines->read(piece);
+}
+
+qsizetype LogReader::wholeEntries(QByteArrayView printed) {
+    return printed.lastIndexOf(commitLine) + 1;
 }
 
 QList<LogEntry> LogReader::entries() const {
@@ -200,7 +213,7 @@ QList<LogEntry> LogReader::entries() const {
 
 QList<LogEntry> parseLog(QStringView text) {
     LogReader reader;
-    reader.read(text.toString());
+    reader.read(text);
     return reader.entries();
 }
 

@@ -7,7 +7,6 @@
 
 #include <QList>
 #include <QString>
-#include <QStringList>
 #include <QStringView>
 
 #include <memory>
@@ -33,14 +32,15 @@ public:
     ~LogReader();
     Q_DISABLE_COPY_MOVE(LogReader)
 
-    void read(const QString &piece);
+    void read(QStringView piece);
+    /// How many of the bytes printed hold entries that have ended.
+    static qsizetype wholeEntries(QByteArrayView printed);
     /// Those so far.
     QList<LogEntry> entries() const;
 
 private:
     class Lines;
     std::unique_ptr<Lines> lines;
-    QStringList pieces{}; ///< of which `lines` keeps slices
 };
 
 /// One line of --name-status; nothing when it has no tab.

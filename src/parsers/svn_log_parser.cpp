@@ -94,7 +94,7 @@ SvnLogReader::SvnLogReader() : handler(std::make_unique<Handler>()) {}
 SvnLogReader::~SvnLogReader() = default;
 
 void SvnLogReader::read(QByteArrayView utf8) {
-    if (handler->endedEntries() != expected)
+    if (!isIntact())
         return;
     // The root element was opened in the first piece.
     if (expected == 0)
@@ -104,8 +104,17 @@ void SvnLogReader::read(QByteArrayView utf8) {
     expected += utf8.count(entryEnd);
 }
 
+bool SvnLogReader::isIntact() const {
+    return handler->endedEntries() == expected;
+}
+
 QList<LogEntry> SvnLogReader::entries() const {
     return handler->sortedEntries();
+}
+
+qsizetype SvnLogReader::wholeEntries(QByteArrayView printed) {
+    const qsizetype last = printed.lastIndexOf(entryEnd);
+    return last < 0 ? 0 : last + entryEnd.size();
 }
 
 QList<LogEntry> LogParser::parse(QByteArrayView utf8) {

@@ -65,8 +65,12 @@ public:
     /// Reads what follows the pieces before; it ends behind the end tag of an entry, the last one anywhere. Nothing is
     /// read any more behind the first error.
     void read(QByteArrayView utf8);
+    /// False after an error, and when "</logentry>" was no end of an entry: then pieces cannot be told from one another.
+    bool isIntact() const;
     /// Those so far, highest revision first.
     QList<LogEntry> entries() const;
+    /// How many of the bytes printed hold entries that have ended.
+    static qsizetype wholeEntries(QByteArrayView printed);
 
 private:
     class Handler;

@@ -23,6 +23,7 @@ public:
     /// Folders below the root that hold an entry of the name `closingName` count as empty; "" closes none.
     explicit FolderReader(const QString &rootPath, const QString &closingName = {});
 
+    QString rootPath() const { return root; }
     /// What the folder holds, in the order of the disk, without ".svn" and ".git". Nothing for folders that cannot be
     /// read, for closed ones and for links.
     const std::vector<FolderEntry> &entries(const QString &folder);

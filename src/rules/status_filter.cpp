@@ -118,12 +118,10 @@ QList<WorkingCopyItem> filteredItems(FolderReader &reader, std::vector<LocatedIt
 
 } // namespace
 
-QList<WorkingCopyItem> displayedStatusItems(const QList<WorkingCopyItem> &items, const QString &root,
-                                            RepositoryKind kind) {
-    FolderReader reader(root, metadataName(kind));
-    std::vector<LocatedItem> located = locatedItems(items, root);
-    const IgnoreRules rules = rulesForItems(reader, located, ExpandUnversioned::yes);
-    return filteredItems(reader, std::move(located), rules, ExpandUnversioned::yes);
+QList<WorkingCopyItem> displayedStatusItems(const QList<WorkingCopyItem> &items, FolderReader &folders) {
+    std::vector<LocatedItem> located = locatedItems(items, folders.rootPath());
+    const IgnoreRules rules = rulesForItems(folders, located, ExpandUnversioned::yes);
+    return filteredItems(folders, std::move(located), rules, ExpandUnversioned::yes);
 }
 
 IgnoreRules ignoreRulesForStatusItems(const QList<WorkingCopyItem> &items, const QString &root,

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/project.h"
 #include "model/working_copy_item.h"
+#include "rules/folder_reader.h"
 #include "rules/ignore_rules.h"
 
 #include <QList>
@@ -14,12 +14,11 @@ namespace kestor {
 /// Whether unversioned folders are replaced by the unversioned files inside them.
 enum class ExpandUnversioned : std::uint8_t { no, yes };
 
-/// The rows of the Changes list of a project of that kind: statusItemsByApplyingIgnoreRules() with
+/// The rows of the Changes list of a project: statusItemsByApplyingIgnoreRules() with
 /// ignoreRulesForStatusItems(), both expanding, but each folder and each ignore file is read once for both steps, and
 /// an unversioned folder that is a repository of its own is one row: the tools take what is in it for that one's.
-/// `root` is absolute. Reads the disk; worker threads.
-QList<WorkingCopyItem> displayedStatusItems(const QList<WorkingCopyItem> &items, const QString &root,
-                                            RepositoryKind kind);
+/// `folders` are those of the project, closed by its kind's metadata. Reads the disk; worker threads.
+QList<WorkingCopyItem> displayedStatusItems(const QList<WorkingCopyItem> &items, FolderReader &folders);
 
 /// The rules that decide about `items` of the project at `root` (absolute), those inside unversioned folders included
 /// when they are expanded. Reads the disk; worker threads.

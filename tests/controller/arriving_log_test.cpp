@@ -24,6 +24,8 @@ TEST(ArrivingLog, ReadsPiecesAsTheWhole) {
         {"Subversion", RepositoryKind::svn, svnBegin + three + "</log>\n", 3},
         {"broken off", RepositoryKind::svn, svnBegin + three.chopped(30), 2},
         {"no XML in the middle", RepositoryKind::svn, svnBegin + svnEntry("9", "<b>") + three + "</log>\n", 0},
+        {"an end that is text", RepositoryKind::svn,
+         svnBegin + svnEntry("9", "<![CDATA[</logentry>]]>") + three + "</log>\n", 4},
         {"nothing", RepositoryKind::svn, {}, 0},
         {"Git", RepositoryKind::git, gitEntry("abc", "größe") + gitEntry("def", "\xE9") + gitEntry("012", ""), 3},
     };

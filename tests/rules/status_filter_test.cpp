@@ -74,7 +74,8 @@ TEST_F(StatusFilter, HidesAndExpands) {
     };
     for (const auto &[name, rules, items, expected] : rows) {
         tree.write(u".gitignore"_s, rules);
-        const QList<WorkingCopyItem> shown = displayedStatusItems(items, tree.path(), RepositoryKind::svn);
+        FolderReader folders(tree.path(), u".svn"_s);
+        const QList<WorkingCopyItem> shown = displayedStatusItems(items, folders);
         EXPECT_EQ(pathsOf(shown), expected);
         // The two steps on their own, each of which reads the folders.
         constexpr ExpandUnversioned expand = ExpandUnversioned::yes;

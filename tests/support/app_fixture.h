@@ -38,8 +38,9 @@ public:
     /// The published rows as "LETTER path", a "*" in front of ticked ones.
     QStringList rows() const {
         QStringList all;
+        const MarkedPaths ticked = app.selectedCommitPaths.value().in(app.changes);
         for (const WorkingCopyItem &item : app.changes.value()) {
-            const QString tick = app.selectedCommitPaths.value().contains(item.path) ? QStringLiteral("*") : QString();
+            const QString tick = ticked.isMarked(all.size()) ? QStringLiteral("*") : QString();
             all.append(tick + shortName(item.kind) + u' ' + item.path);
         }
         return all;

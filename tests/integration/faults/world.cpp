@@ -123,7 +123,7 @@ void World::reset() {
 QStringList World::rows() const {
     const QString tool = u"/usr/bin/"_s + rawValue(kind).toString();
     const QByteArray printed = runTool(tool, statusArguments(kind), path(u"wc"_s));
-    return namesOf(statusRows(kind, path(u"wc"_s), printed).items);
+    return namesOf(statusRows(kind, printed, *foldersReadAhead(kind, path(u"wc"_s), {})).items);
 }
 
 QString World::url() const {
