@@ -63,8 +63,8 @@ QCoro::Task<> AppState::refresh(RunPurpose purpose) {
     // A tab that is shown meanwhile loads what it lacks by itself.
     const WorkflowTab tab = selectedTab;
     // The probe nearly always finds what is known already, so the loads do not wait for it.
-    const QCoro::Task<bool> verifying = refreshSelectedProjectKind();
     const QCoro::Task<> status = loadStatus(purpose);
+    const QCoro::Task<bool> verifying = refreshSelectedProjectKind();
     const QCoro::Task<> shares = languageShares.reload();
     const bool isLoadable = co_await verifying;
     const std::optional<Project> verified = selectedProject();

@@ -15,10 +15,10 @@ namespace kestor {
 
 namespace {
 
-/// An item with a normalised path, and what the disk says about it.
+/// An item with a normalised path.
 struct LocatedItem {
     WorkingCopyItem item{};
-    bool isDirectory = false;
+    bool isUnversionedFolder = false; ///< on the disk
 };
 
 std::vector<LocatedItem> locatedItems(const QList<WorkingCopyItem> &items, const QString &root) {
@@ -29,21 +29,18 @@ std::vector<LocatedItem> locatedItems(const QList<WorkingCopyItem> &items, const
         added.item.path = normalizedPath(item.path);
         if (item.unversionedRoot)
             added.item.unversionedRoot = normalizedPath(*item.unversionedRoot);
-        added.isDirectory = workingCopyPathIsDirectory(added.item.path, root);
+        added.isUnversionedFolder =
+            item.kind == SVNStatusKind::unversioned && workingCopyPathIsDirectory(added.item.path, root);
     }
     return located;
 }
 
-bool isUnversionedFolder(const LocatedItem &located) {
-    return located.isDirectory && located.item.kind == SVNStatusKind::unversioned;
-}
-
-/// The folders on the way to the items, and the items that are folders.
+/// The folders on the way to the items, and the items that are folders whose contents are asked for.
 FolderSet foldersOfItems(const std::vector<LocatedItem> &items) {
     FolderSet folders;
     for (const LocatedItem &located : items) {
         folders.insertParentsOf(located.item.path);
-        if (located.isDirectory)
+        if (located.isUnversionedFolder)
             folders.insert(located.item.path);
     }
     return folders;
@@ -58,7 +55,7 @@ IgnoreRules rulesForItems(FolderReader &reader, const std::vector<LocatedItem> &
         return outerRules;
     for (const LocatedItem &located : items) {
         const QString &path = located.item.path;
-        if (!isUnversionedFolder(located))
+        if (!located.isUnversionedFolder)
             continue;
         if (outerRules.decision(path, true) == true && !outerRules.hasIncludedDescendant(path))
             continue;
@@ -69,6 +66,16 @@ IgnoreRules rulesForItems(FolderReader &reader, const std::vector<LocatedItem> &
         });
     }
     return loadIgnoreRules(reader, folders);
+}
+
+/// What the rules say. The disk is asked whether the path is a folder only where that matters.
+std::optional<bool> decisionOn(const LocatedItem &located, const IgnoreRules &rules, const QString &root) {
+    const QString &path = located.item.path;
+    const std::optional<bool> asFolder = rules.decision(path, true);
+    if (located.isUnversionedFolder)
+        return asFolder;
+    const std::optional<bool> asFile = rules.decision(path, false);
+    return asFile != asFolder && workingCopyPathIsDirectory(path, root) ? asFolder : asFile;
 }
 
 bool isHidden(const WorkingCopyItem &item, std::optional<bool> decision) {
@@ -103,9 +110,9 @@ QList<WorkingCopyItem> filteredItems(FolderReader &reader, std::vector<LocatedIt
     Rows rows(items.size());
     for (LocatedItem &located : items) {
         WorkingCopyItem &item = located.item;
-        if (isHidden(item, rules.decision(item.path, located.isDirectory)))
+        if (isHidden(item, decisionOn(located, rules, reader.rootPath())))
             continue;
-        const bool expands = expand == ExpandUnversioned::yes && isUnversionedFolder(located);
+        const bool expands = expand == ExpandUnversioned::yes && located.isUnversionedFolder;
         if (!expands || reader.entries(item.path).empty()) {
             rows.append(std::move(item));
             continue;
