@@ -1,5 +1,7 @@
 #include "ui/diff/diff_bar.h"
 
+#include "ui/look/control_size.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
@@ -35,7 +37,6 @@ DiffBar::DiffBar(QMenu *menu, QWidget *parent)
       previous(barButton(Icon::arrowUp, u"Previous Hunk"_s, u"Previous Hunk (Shift+F7)"_s, this)),
       next(barButton(Icon::arrowDown, u"Next Hunk"_s, u"Next Hunk (F7)"_s, this)),
       more(barButton(Icon::more, u"More commands for the diff"_s, u"More commands"_s, this)) {
-    setFixedHeight(barHeight);
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, gap, 1);
     layout->setSpacing(0);
@@ -48,6 +49,8 @@ DiffBar::DiffBar(QMenu *menu, QWidget *parent)
     layout->addWidget(next);
     layout->addSpacing(gap);
     layout->addWidget(more);
+    setRowHeight(*layout, barHeight);
+    setDerivedFont(*hunks, smallFont);
     forms->setToolTip(u"Preview or Text (V)"_s);
     connect(forms, &SegmentedSwitch::chosen, this,
             [this](int index) { emit formChosen(static_cast<DetailForm>(index)); });
@@ -89,7 +92,6 @@ void DiffBar::clear() {
 
 void DiffBar::applyLook() {
     theme = themeFor(palette());
-    hunks->setFont(smallFont(font()));
     update();
 }
 

@@ -12,7 +12,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int branchButtonHeight = 28;
 constexpr int edge = 9;
 constexpr int iconSide = 16;
 constexpr int chevronSide = 12;
@@ -24,7 +23,6 @@ void drawIcon(QPainter &painter, Icon shown, const QRect &area, int left, int si
 } // namespace
 
 BranchButton::BranchButton(QWidget *parent) : QPushButton(parent) {
-    setFixedHeight(branchButtonHeight);
     setAutoDefault(false);
     setFocusPolicy(Qt::TabFocus);
 }
@@ -47,11 +45,11 @@ int BranchButton::leastWidth() {
 }
 
 QSize BranchButton::sizeHint() const {
-    return {wantedWidth(), branchButtonHeight};
+    return {wantedWidth(), controlHeight(font())};
 }
 
 QSize BranchButton::minimumSizeHint() const {
-    return {leastWidth(), branchButtonHeight};
+    return {leastWidth(), controlHeight(font())};
 }
 
 void BranchButton::paintEvent(QPaintEvent *) {

@@ -1,5 +1,6 @@
 #include "ui/frame/busy_card.h"
 
+#include "ui/look/derived_font.h"
 #include "ui/look/metrics.h"
 #include "ui/look/tone_label.h"
 
@@ -69,7 +70,7 @@ void Spinner::paintEvent(QPaintEvent *) {
 BusyCard::BusyCard(QWidget *area)
     : QWidget(area), message(new ToneLabel(this)), seconds(new ToneLabel(QString(), Tone::muted, this)) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    message->setFont(boldFont(font()));
+    setDerivedFont(*message, boldFont);
     message->setElideMode(Qt::ElideRight);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(16, 0, 20, 0);

@@ -3,6 +3,7 @@
 #include "ui/frame/commands.h"
 #include "ui/frame/icon_label.h"
 #include "ui/look/accent_button.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 
@@ -24,9 +25,8 @@ constexpr int frameWidth = 560;
 constexpr int frameEdge = 40;
 constexpr int tileSide = 64;
 constexpr int buttonWidth = 320;
-constexpr int buttonHeight = 36;
 constexpr int textEdge = 16 + AccentButton::frameRoom;
-constexpr int textWidth = 440;
+constexpr int explanationEdge = 20;
 
 /// A command as a wide button, its name at the left and its shortcut at the right.
 class WayButton final : public AccentButton {
@@ -35,11 +35,13 @@ public:
 
     WayButton(QAction *shownAction, Weight shownWeight, QWidget *parent)
         : AccentButton(shownAction->text(), parent), action(shownAction), weight(shownWeight) {
-        setFixedSize(buttonWidth + 2 * frameRoom, buttonHeight + 2 * frameRoom);
         setDefault(weight == Weight::first);
-        if (weight == Weight::further)
-            setFont(QApplication::font());
         connect(this, &QPushButton::clicked, action, &QAction::trigger);
+    }
+
+    QSize sizeHint() const override {
+        const int textsWidth = fontMetrics().horizontalAdvance(text() + shortcutText()) + 2 * textEdge + paneEdge;
+        return {qMax(buttonWidth + 2 * frameRoom, textsWidth), controlHeight(font()) + gap + 2 * frameRoom};
     }
 
 protected:
@@ -50,15 +52,17 @@ protected:
         else
             paintPlainGround(painter);
         const QRect texts = rect().adjusted(textEdge, 0, -textEdge, 0);
+        QFont plain = QApplication::font();
+        plain.setBold(false); // a weight not set would be taken from the button's own font
+        if (weight == Weight::further)
+            painter.setFont(plain);
         painter.drawText(texts, Qt::AlignLeft | Qt::AlignVCenter, text());
-        QFont shortcutFont = smallFont(QApplication::font());
-        shortcutFont.setBold(false); // a weight not set would be taken from the button's own font
-        painter.setFont(shortcutFont);
-        painter.drawText(texts, Qt::AlignRight | Qt::AlignVCenter,
-                         action->shortcut().toString(QKeySequence::NativeText));
+        painter.setFont(smallFont(plain));
+        painter.drawText(texts, Qt::AlignRight | Qt::AlignVCenter, shortcutText());
     }
 
 private:
+    QString shortcutText() const { return action->shortcut().toString(QKeySequence::NativeText); }
     void paintPlainGround(QPainter &painter) const {
         QStyleOptionButton option;
         initStyleOption(&option);
@@ -100,14 +104,14 @@ FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent),
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     auto *heading = new ToneLabel(u"Add a project"_s, Tone::plain, frame);
-    heading->setFont(headingFont(font(), 6));
+    setDerivedFont(*heading, [](const QFont &font) { return boldFont(resizedFont(font, 6)); });
     auto *explanation = new QLabel(u"Drop a folder here, or choose one below. Subversion working copies and Git "
                                    "repositories are recognized automatically."_s,
                                    frame);
     explanation->setForegroundRole(QPalette::PlaceholderText);
     explanation->setWordWrap(true);
     explanation->setAlignment(Qt::AlignCenter);
-    explanation->setFixedWidth(textWidth);
+    explanation->setContentsMargins(explanationEdge, 0, explanationEdge, 0);
     auto *buttons = new QVBoxLayout;
     buttons->setSpacing(gap - 2 * AccentButton::frameRoom);
     for (const Command command : {Command::addExistingWorkingCopy, Command::checkout, Command::createRepository}) {
@@ -121,7 +125,7 @@ FirstRun::FirstRun(const Commands &commands, QWidget *parent) : QWidget(parent),
     column->addWidget(new FolderTile(frame), 0, Qt::AlignCenter);
     column->addSpacing(12);
     column->addWidget(heading, 0, Qt::AlignCenter);
-    column->addWidget(explanation, 0, Qt::AlignCenter);
+    column->addWidget(explanation);
     column->addSpacing(12);
     column->addLayout(buttons);
     column->setAlignment(buttons, Qt::AlignCenter);

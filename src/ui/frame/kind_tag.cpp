@@ -1,5 +1,6 @@
 #include "ui/frame/kind_tag.h"
 
+#include "ui/look/derived_font.h"
 #include "ui/look/metrics.h"
 
 #include <QPainter>
@@ -7,7 +8,7 @@
 namespace kestor {
 
 KindTag::KindTag(QWidget *parent) : ToneLabel(QString(), Tone::muted, parent) {
-    setFont(boldFont(smallFont(font(), 2)));
+    setDerivedFont(*this, [](const QFont &font) { return boldFont(resizedFont(font, -2)); });
     setAlignment(Qt::AlignCenter);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }

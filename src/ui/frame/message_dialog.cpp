@@ -2,6 +2,7 @@
 
 #include "ui/frame/icon_label.h"
 #include "ui/look/accent_button.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 
@@ -55,7 +56,7 @@ MessageDialog::MessageDialog(Purpose purpose, const QString &title, const QStrin
     auto *heading = new QLabel(title, this);
     heading->setTextFormat(Qt::PlainText);
     heading->setWordWrap(true);
-    heading->setFont(headingFont(font()));
+    setDerivedFont(*heading, headingFont);
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(dialogEdge, dialogEdge, dialogEdge, dialogEdge);
     layout->setHorizontalSpacing(dialogEdge);

@@ -6,6 +6,8 @@
 #include "ui/list/language_view.h"
 #include "ui/list/row_list_view.h"
 #include "ui/look/bar.h"
+#include "ui/look/control_size.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
@@ -54,10 +56,9 @@ OutputSheet::OutputSheet(QWidget *parent)
 }
 
 QWidget *OutputSheet::head() {
-    auto *bar = new Bar(BarLine::below, this);
-    bar->setFixedHeight(barHeight);
+    bar = new Bar(BarLine::below, this);
     title = new ToneLabel(bar);
-    title->setFont(boldFont(font()));
+    setDerivedFont(*title, boldFont);
     title->setElideMode(Qt::ElideRight);
     sign = new IconLabel(Icon::check, Tone::success, 16, bar);
     status = new ToneLabel(bar);
@@ -76,6 +77,7 @@ QWidget *OutputSheet::head() {
     layout->setStretchFactor(commandLine, 1);
     layout->addWidget(copy);
     layout->addWidget(close);
+    setRowHeight(*layout, barHeight);
     connect(copy, &QToolButton::clicked, this, &OutputSheet::copyAll);
     connect(close, &QToolButton::clicked, this, &OutputSheet::closeRequested);
     return bar;
@@ -124,7 +126,8 @@ QWidget &OutputSheet::pane() {
 }
 
 int OutputSheet::wantedHeight() const {
-    return edgeHeight + barHeight + (output.languageDistribution ? languages->naturalHeight() : view->naturalHeight());
+    return edgeHeight + bar->sizeHint().height() +
+           (output.languageDistribution ? languages->naturalHeight() : view->naturalHeight());
 }
 
 void OutputSheet::copyAll() const {

@@ -8,6 +8,7 @@ class QStackedLayout;
 
 namespace kestor {
 
+class Bar;
 class IconLabel;
 class LanguageView;
 class PlainTextView;
@@ -43,6 +44,7 @@ private:
     void copyAll() const;
 
     CommandOutput output{};
+    Bar *bar = nullptr;
     ToneLabel *title = nullptr;
     IconLabel *sign = nullptr;
     ToneLabel *status = nullptr;

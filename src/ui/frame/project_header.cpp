@@ -5,6 +5,8 @@
 #include "ui/frame/header_text.h"
 #include "ui/frame/kind_tag.h"
 #include "ui/frame/project_rows.h"
+#include "ui/look/control_size.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/flat_button.h"
 #include "ui/look/home_path.h"
 #include "ui/look/icons.h"
@@ -37,11 +39,10 @@ ProjectHeader::ProjectHeader(AppState &shownState, const Commands &commands, QWi
       terminal(commandButton(commands, Command::openTerminal, Icon::terminal, u"Open Terminal Here (Ctrl+T)"_s)),
       folder(commandButton(commands, Command::openFinder, Icon::folder, u"Open Finder Here (Ctrl+Shift+O)"_s)),
       more(flatButton(Icon::more, u"More commands"_s, this, MenuArrow::none)) {
-    setFixedHeight(headerHeight);
-    name->setFont(headingFont(font()));
+    setDerivedFont(*name, headingFont);
     name->setElideMode(Qt::ElideMiddle);
     path->setElideMode(Qt::ElideMiddle);
-    path->setFont(smallFont(font()));
+    setDerivedFont(*path, smallFont);
     refresh->setText(u"Refresh"_s);
     sidebar->hide();
     addMenu(commands);
@@ -53,6 +54,7 @@ ProjectHeader::ProjectHeader(AppState &shownState, const Commands &commands, QWi
     layout->addStretch();
     for (QWidget *button : {refresh, update, terminal, folder, more})
         layout->addWidget(button);
+    setRowHeight(*layout, headerHeight);
     connect(branch, &QPushButton::clicked, commands.action(Command::switchURL), &QAction::trigger);
     connect(sidebar, &QToolButton::clicked, this, &ProjectHeader::sidebarRequested);
     observers.watch(state.projects, [this] { showProject(); });

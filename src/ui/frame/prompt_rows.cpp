@@ -1,12 +1,13 @@
 #include "ui/frame/prompt_rows.h"
 
 #include "ui/look/accent_button.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/metrics.h"
 #include "ui/look/tone_label.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QLineEdit>
 #include <QVBoxLayout>
 
@@ -18,7 +19,6 @@ namespace {
 
 constexpr int promptEdge = 20;
 constexpr int rowsWidth = 520;
-constexpr int promptRowHeight = 28;
 constexpr int rowSpacing = 8;
 constexpr int labelWidth = 126;
 constexpr int labelGap = 10;
@@ -36,30 +36,28 @@ QDialogButtonBox *buttons(QDialog *dialog, const QString &accepting) {
 } // namespace
 
 PromptRows::PromptRows(QWidget *parent) : QWidget(parent) {
-    auto *rows = new QVBoxLayout(this);
+    auto *rows = new QGridLayout(this);
     rows->setContentsMargins(0, 0, 0, 0);
-    rows->setSpacing(rowSpacing);
-    setFixedSize(rowsWidth, 0);
+    rows->setVerticalSpacing(rowSpacing);
+    rows->setHorizontalSpacing(labelGap);
+    rows->setColumnMinimumWidth(0, labelWidth);
+    rows->setColumnStretch(2, 1);
+    setMinimumWidth(rowsWidth);
 }
 
 void PromptRows::add(const QString &text, QWidget *control) {
     auto *label = new ToneLabel(text, Tone::plain, this);
-    label->setElideMode(Qt::ElideRight);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setFixedWidth(labelWidth);
     label->setBuddy(control);
     control->setAccessibleName(text);
-    control->setFixedSize(controlWidth, promptRowHeight);
+    control->setFixedWidth(controlWidth);
+    control->setMinimumHeight(leastControlHeight);
     if (auto *field = qobject_cast<QLineEdit *>(control))
         field->setTextMargins(smallGap, 0, smallGap, 0);
-    auto *row = new QHBoxLayout;
-    row->setSpacing(labelGap);
-    row->addWidget(label);
-    row->addWidget(control);
-    row->addStretch();
-    static_cast<QVBoxLayout *>(layout())->addLayout(row);
-    ++count;
-    setFixedSize(rowsWidth, count * promptRowHeight + (count - 1) * rowSpacing);
+    auto *rows = static_cast<QGridLayout *>(layout());
+    const int row = rows->rowCount();
+    rows->addWidget(label, row, 0);
+    rows->addWidget(control, row, 1);
 }
 
 void layOutPrompt(QDialog *dialog, const QString &title, PromptRows *rows, const QString &accepting) {
@@ -67,7 +65,7 @@ void layOutPrompt(QDialog *dialog, const QString &title, PromptRows *rows, const
     dialog->setAccessibleName(title);
     auto *heading = new ToneLabel(title, Tone::plain, dialog);
     heading->setElideMode(Qt::ElideRight);
-    heading->setFont(headingFont(dialog->font()));
+    setDerivedFont(*heading, headingFont);
     auto *layout = new QVBoxLayout(dialog);
     layout->setContentsMargins(promptEdge, promptEdge, promptEdge, promptEdge);
     layout->setSpacing(promptEdge);

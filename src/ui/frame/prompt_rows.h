@@ -16,9 +16,6 @@ public:
 
     /// Adds a row. The label names the control for assistive tools, too.
     void add(const QString &label, QWidget *control);
-
-private:
-    int count = 0;
 };
 
 /// Lays out a dialog of such rows: `title` above them, and below two buttons that accept and refuse it.

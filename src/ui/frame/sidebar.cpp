@@ -3,6 +3,8 @@
 #include "ui/frame/commands.h"
 #include "ui/frame/project_list.h"
 #include "ui/list/filter_field.h"
+#include "ui/look/control_size.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
@@ -52,9 +54,8 @@ QWidget *Sidebar::list() const {
 
 QWidget *Sidebar::head() {
     auto *bar = new QWidget(this);
-    bar->setFixedHeight(headHeight);
     label = new ToneLabel(u"Projects"_s, Tone::muted, bar);
-    label->setFont(boldFont(smallFont(font())));
+    setDerivedFont(*label, [](const QFont &font) { return boldFont(smallFont(font)); });
     filter = new FilterField(u"Filter projects"_s, bar);
     filter->hide();
     search = flatButton(Icon::search, u"Find a project (Ctrl+P)"_s, bar);
@@ -64,6 +65,7 @@ QWidget *Sidebar::head() {
     layout->addWidget(label);
     layout->addWidget(filter, 1);
     layout->addWidget(search, 0, Qt::AlignRight);
+    setRowHeight(*layout, headHeight);
     connect(search, &QToolButton::clicked, this, &Sidebar::find);
     connect(filter, &QLineEdit::textChanged, this, &Sidebar::showRows);
     connect(filter, &QLineEdit::returnPressed, this, &Sidebar::selectFirst);
@@ -74,7 +76,6 @@ QWidget *Sidebar::head() {
 
 QWidget *Sidebar::foot(const Commands &commands) {
     auto *bar = new QWidget(this);
-    bar->setFixedHeight(footHeight);
     add = flatButton(Icon::plus, u"Add a project"_s, bar);
     add->setPopupMode(QToolButton::InstantPopup);
     auto *ways = new QMenu(add);
@@ -90,6 +91,7 @@ QWidget *Sidebar::foot(const Commands &commands) {
     layout->addWidget(remove);
     layout->addStretch();
     layout->addWidget(hide);
+    setRowHeight(*layout, footHeight);
     connect(remove, &QToolButton::clicked, commands.action(Command::removeProject), &QAction::trigger);
     connect(hide, &QToolButton::clicked, this, &Sidebar::hideRequested);
     return bar;
@@ -149,8 +151,7 @@ void Sidebar::keyPressEvent(QKeyEvent *event) {
 }
 
 void Sidebar::paintEvent(QPaintEvent *) {
-    const int line = height() - footHeight;
-    QPainter(this).fillRect(QRect(0, line, width(), 1), themeFor(palette()).separator);
+    QPainter(this).fillRect(QRect(0, add->parentWidget()->y(), width(), 1), themeFor(palette()).separator);
 }
 
 void Sidebar::showRows() {

@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int stripHeight = 36;
+constexpr int leastHeight = 36;
 constexpr int underlineHeight = 3;
 constexpr int underlineInset = 8;
 
@@ -52,7 +52,6 @@ TabStrip::TabStrip(AppState &shownState, QWidget *parent) : QTabBar(parent), sta
     setExpanding(false);
     setElideMode(Qt::ElideNone);
     setMouseTracking(true);
-    setFixedHeight(stripHeight);
     setFocusPolicy(Qt::TabFocus);
     setAccessibleName(u"Tabs"_s);
     for (const WorkflowTab tab : allWorkflowTabs)
@@ -63,9 +62,8 @@ TabStrip::TabStrip(AppState &shownState, QWidget *parent) : QTabBar(parent), sta
         const QSignalBlocker quiet(this);
         setCurrentIndex(indexOf(state.selectedTab.value()));
     });
-    observers.watch(state.changes, [this] { showCount(WorkflowTab::changes, state.changes.value().size()); });
-    observers.watch(state.incomingEntries,
-                    [this] { showCount(WorkflowTab::incoming, state.incomingEntries.value().size()); });
+    observers.watch(state.changes, [this] { showCounts(); });
+    observers.watch(state.incomingEntries, [this] { showCounts(); });
     observers.watch(state.busyMessage, [this] {
         if (loadWaits)
             loadTab();
@@ -86,6 +84,21 @@ void TabStrip::loadTab() {
     loadWaits = state.busyMessage.value().has_value();
     if (!loadWaits)
         state.tabChanged();
+}
+
+void TabStrip::showCounts() {
+    showCount(WorkflowTab::changes, state.changes.value().size());
+    showCount(WorkflowTab::incoming, state.incomingEntries.value().size());
+}
+
+/// The numbers are made anew, as large as they want to be.
+void TabStrip::changeEvent(QEvent *event) {
+    QTabBar::changeEvent(event);
+    if (event->type() != QEvent::FontChange)
+        return;
+    for (const WorkflowTab tab : {WorkflowTab::changes, WorkflowTab::incoming})
+        showCount(tab, 0);
+    showCounts();
 }
 
 void TabStrip::showCount(WorkflowTab tab, qsizetype count) {
@@ -112,7 +125,8 @@ QSize TabStrip::tabSizeHint(int index) const {
     // As wide as when it is the current one, so that choosing a tab moves none.
     const int text = QFontMetrics(boldFont(font())).horizontalAdvance(tabText(index));
     const QWidget *label = tabButton(index, RightSide);
-    return {paneEdge + text + (label != nullptr ? gap + label->width() : 0) + paneEdge, stripHeight};
+    return {paneEdge + text + (label != nullptr ? gap + label->width() : 0) + paneEdge,
+            qMax(leastHeight, fontMetrics().height() + 2 * gap)};
 }
 
 QSize TabStrip::minimumTabSizeHint(int index) const {

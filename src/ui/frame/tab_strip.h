@@ -24,10 +24,12 @@ protected:
     QSize tabSizeHint(int index) const override;
     QSize minimumTabSizeHint(int index) const override;
     void paintEvent(QPaintEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void tabChosen(int index);
     void loadTab();
+    void showCounts();
     void showCount(WorkflowTab tab, qsizetype count);
     void paintTab(QPainter &painter, int index) const;
 

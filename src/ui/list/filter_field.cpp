@@ -12,7 +12,6 @@ namespace kestor {
 
 namespace {
 
-constexpr int fieldHeight = 28;
 /// The room of the clear button at the right end.
 constexpr int buttonRoom = 28;
 
@@ -24,7 +23,7 @@ FilterField::FilterField(const QString &placeholder, QWidget *parent)
     setPlaceholderText(placeholder);
     setAccessibleName(placeholder);
     setToolTip(tr("%1 (%2)").arg(placeholder, QKeySequence(QKeySequence::Find).toString(QKeySequence::NativeText)));
-    setMinimumHeight(fieldHeight);
+    setMinimumHeight(leastControlHeight);
     addAction(icon(Icon::search), LeadingPosition);
     addAction(clearing, TrailingPosition);
     clearing->setVisible(false);

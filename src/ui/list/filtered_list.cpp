@@ -3,6 +3,7 @@
 #include "ui/list/filter_field.h"
 #include "ui/list/row_list_view.h"
 #include "ui/look/bar.h"
+#include "ui/look/control_size.h"
 #include "ui/look/metrics.h"
 
 #include <QGridLayout>
@@ -25,11 +26,11 @@ FilteredList::FilteredList(RowModel &shownRows, const QString &filterName, const
 
 QWidget *FilteredList::bar() {
     auto *bar = new Bar(BarLine::below, this);
-    bar->setFixedHeight(barHeight);
     barParts = new QHBoxLayout(bar);
     barParts->setContentsMargins(paneEdge, 0, paneEdge, 1);
     barParts->setSpacing(gap);
     barParts->addWidget(filterField, 1);
+    setRowHeight(*barParts, barHeight);
     return bar;
 }
 

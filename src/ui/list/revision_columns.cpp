@@ -14,20 +14,22 @@ constexpr int columnGap = 12;
 
 } // namespace
 
-bool hasRoomForColumns(int width) {
-    return width >= leastWidth;
+bool hasRoomForColumns(int width, const QFont &font) {
+    return width >= scaledWidth(leastWidth, font);
 }
 
-RevisionColumns revisionColumns(const QRect &row) {
-    const auto column = [&row](int left, int width) {
-        return QRect(left, row.top(), width, row.height());
+RevisionColumns revisionColumns(const QRect &row, const QFont &font) {
+    const auto column = [&row](int left, int end) {
+        return QRect(left, row.top(), end - left, row.height());
     };
     const int revision = row.left() + paneEdge;
-    const int message = revision + revisionWidth + columnGap;
-    const int date = row.left() + row.width() - paneEdge - dateWidth;
-    const int author = date - columnGap - authorWidth;
-    return {column(revision, revisionWidth), column(message, author - columnGap - message), column(author, authorWidth),
-            column(date, dateWidth)};
+    const int revisionEnd = revision + scaledWidth(revisionWidth, font);
+    const int dateEnd = row.left() + row.width() - paneEdge;
+    const int date = dateEnd - scaledWidth(dateWidth, font);
+    const int authorEnd = date - columnGap;
+    const int author = authorEnd - scaledWidth(authorWidth, font);
+    return {column(revision, revisionEnd), column(revisionEnd + columnGap, author - columnGap),
+            column(author, authorEnd), column(date, dateEnd)};
 }
 
 } // namespace kestor

@@ -2,6 +2,8 @@
 
 #include <QRect>
 
+class QFont;
+
 namespace kestor {
 
 /// Where the parts of a revision stand in a row of one line.
@@ -13,7 +15,7 @@ struct RevisionColumns {
 };
 
 /// Whether a row of that width has room for columns; narrower ones have two lines.
-bool hasRoomForColumns(int width);
-RevisionColumns revisionColumns(const QRect &row);
+bool hasRoomForColumns(int width, const QFont &font);
+RevisionColumns revisionColumns(const QRect &row, const QFont &font);
 
 } // namespace kestor

@@ -10,20 +10,18 @@
 
 namespace kestor {
 
-namespace {
-
-constexpr int headerHeight = 28;
-
-} // namespace
-
 RevisionHeader::RevisionHeader(RowListView &shownList, QWidget *parent) : Bar(BarLine::below, parent), list(shownList) {
-    setFixedHeight(headerHeight);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     list.viewport()->installEventFilter(this);
 }
 
 void RevisionHeader::setRevisionTitle(const QString &title) {
     revisionTitle = title;
     update();
+}
+
+QSize RevisionHeader::sizeHint() const {
+    return {0, controlHeight(font())};
 }
 
 /// A scroll bar narrows the columns below too.
@@ -34,7 +32,7 @@ bool RevisionHeader::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void RevisionHeader::followList() {
-    setVisible(hasRoomForColumns(list.viewport()->width()));
+    setVisible(hasRoomForColumns(list.viewport()->width(), font()));
     update();
 }
 
@@ -43,7 +41,7 @@ void RevisionHeader::paintEvent(QPaintEvent *event) {
     QPainter painter(this);
     painter.setFont(smallFont(font()));
     painter.setPen(themeFor(palette()).muted);
-    const RevisionColumns columns = revisionColumns(QRect(0, 0, list.viewport()->width(), height() - 1));
+    const RevisionColumns columns = revisionColumns(QRect(0, 0, list.viewport()->width(), height() - 1), font());
     const auto draw = [&painter](const QRect &column, const QString &title) {
         painter.drawText(column, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, title);
     };

@@ -19,6 +19,8 @@ public:
     /// What the project calls a revision, for example "Commit".
     void setRevisionTitle(const QString &title);
 
+    QSize sizeHint() const override;
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -46,12 +46,12 @@ bool RowDelegate::isAtTickBox(int x) {
     return x < paneEdge + badgeSide + smallGap;
 }
 
-bool RowDelegate::hasColumns(int width) const {
-    return rows.shape() == RowShape::columns && hasRoomForColumns(width);
+bool RowDelegate::hasColumns(const QFont &font, int width) const {
+    return rows.shape() == RowShape::columns && hasRoomForColumns(width, font);
 }
 
 int RowDelegate::rowHeight(const QFont &font, int width) const {
-    const bool oneLine = rows.shape() == RowShape::oneLine || hasColumns(width);
+    const bool oneLine = rows.shape() == RowShape::oneLine || hasColumns(font, width);
     return oneLine ? kestor::rowHeight(font) : twoLineRowHeight(font);
 }
 
@@ -120,7 +120,7 @@ int RowDelegate::paintLabel(QPainter &painter, const QFont &rowFont, const QRect
 
 void RowDelegate::paintRow(QPainter &painter, const QStyleOptionViewItem &option, const RevisionRow &row) const {
     RowTextPainter texts(painter, theme, rows.filter());
-    if (hasColumns(option.rect.width()))
+    if (hasColumns(option.font, option.rect.width()))
         return paintColumns(texts, option.font, option.rect, row);
     const int margin = (option.rect.height() - twoLinesHeight(option.font)) / 2;
     const QRect lines = option.rect.adjusted(0, margin, 0, -margin);
@@ -146,7 +146,7 @@ void RowDelegate::paintTwoLines(RowTextPainter &texts, const QFont &font, const 
 }
 
 void RowDelegate::paintColumns(RowTextPainter &texts, const QFont &font, const QRect &rect, const RevisionRow &row) {
-    const RevisionColumns columns = revisionColumns(rect);
+    const RevisionColumns columns = revisionColumns(rect, font);
     texts.paintText(columns.revision, row.revision, fixedFont(font), RunRole::name);
     texts.paintText(columns.message, row.message, font, RunRole::name);
     texts.paintText(columns.author, row.author, font, RunRole::folder);
@@ -160,7 +160,7 @@ void RowDelegate::paintRow(QPainter &painter, const QStyleOptionViewItem &option
     QRect text = textArea(line, line.left() + paneEdge + swatchSide + gap);
     RowTextPainter texts(painter, theme, rows.filter());
     texts.paintAtRight(text, row.share, option.font, RunRole::name);
-    text.setRight(text.right() - shareWidth);
+    text.setRight(text.right() - scaledWidth(shareWidth, option.font));
     const int taken = texts.paintAtRight(text, row.size, option.font, RunRole::folder);
     texts.paintText(text.adjusted(0, 0, -taken - gap, 0), row.name, option.font, RunRole::name);
 }

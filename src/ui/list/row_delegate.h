@@ -41,7 +41,7 @@ public:
     static bool isAtTickBox(int x);
 
 private:
-    bool hasColumns(int width) const;
+    bool hasColumns(const QFont &font, int width) const;
     void paintBackground(QPainter &painter, const QStyleOptionViewItem &option) const;
     void paintRow(QPainter &painter, const QStyleOptionViewItem &option, const PathRow &row) const;
     void paintRow(QPainter &painter, const QStyleOptionViewItem &option, const RevisionRow &row) const;

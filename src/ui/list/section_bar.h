@@ -13,6 +13,7 @@ class SectionBar final : public Bar {
     Q_OBJECT
 
 public:
+    /// More for large fonts.
     static constexpr int standardHeight = 32;
 
     explicit SectionBar(QWidget *parent = nullptr);

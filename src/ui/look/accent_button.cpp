@@ -1,16 +1,16 @@
 #include "ui/look/accent_button.h"
 
+#include "ui/look/derived_font.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 
-#include <QApplication>
 #include <QPainter>
 
 namespace kestor {
 
 AccentButton::AccentButton(const QString &text, QWidget *parent) : QPushButton(text, parent) {
     setDefault(true);
-    setFont(boldFont(QApplication::font()));
+    setDerivedFont(*this, boldFont);
 }
 
 void AccentButton::setLook(Look wanted) {

@@ -2,13 +2,13 @@
 
 #include "ui/look/metrics.h"
 
+#include <QBoxLayout>
 #include <QFontMetrics>
 #include <QPushButton>
+#include <QWidget>
 
 namespace kestor {
 
-/// The height of buttons and fields.
-inline constexpr int controlHeight = 28;
 /// What an icon takes before the text of a button.
 inline constexpr int buttonIconRoom = 24;
 
@@ -16,7 +16,14 @@ inline constexpr int buttonIconRoom = 24;
 inline void giveRoom(QPushButton &button) {
     const int icon = button.icon().isNull() ? 0 : buttonIconRoom;
     const int text = QFontMetrics(button.font()).horizontalAdvance(button.text());
-    button.setMinimumSize(icon + text + 2 * paneEdge + 2, controlHeight);
+    button.setMinimumSize(icon + text + 2 * paneEdge + 2, leastControlHeight);
+}
+
+/// Makes the owner of a row of parts `least` high, or as high as the parts need. The margins are to be set before.
+inline void setRowHeight(QBoxLayout &row, int least) {
+    const QMargins margins = row.contentsMargins();
+    row.addStrut(least - margins.top() - margins.bottom());
+    row.parentWidget()->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 
 } // namespace kestor

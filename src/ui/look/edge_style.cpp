@@ -1,6 +1,7 @@
 #include "ui/look/edge_style.h"
 
 #include "ui/look/icons.h"
+#include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 
 #include <QPainter>
@@ -15,7 +16,6 @@ namespace {
 constexpr int boxSide = 16;
 constexpr qreal boxRadius = 4;
 constexpr qreal fieldRadius = 5;
-constexpr int buttonHeight = 28;
 
 /// A rounded rectangle whose line of `width` lies inside `rect`.
 void drawRounded(QPainter &painter, const QRectF &rect, qreal radius, const QColor &edge, qreal width) {
@@ -133,7 +133,7 @@ void EdgeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
 QSize EdgeStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
                                   const QWidget *widget) const {
     const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-    return type == CT_PushButton ? size.expandedTo({0, buttonHeight}) : size;
+    return type == CT_PushButton ? size.expandedTo({0, leastControlHeight}) : size;
 }
 
 void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

@@ -11,7 +11,6 @@ namespace kestor {
 
 namespace {
 
-constexpr int buttonSide = 28;
 constexpr int iconSide = 16;
 constexpr int chevronSide = 12;
 constexpr int edge = 6;
@@ -21,7 +20,7 @@ class FlatButton final : public QToolButton {
 public:
     FlatButton(QWidget *parent, MenuArrow menuArrow) : QToolButton(parent), arrow(menuArrow) {}
 
-    QSize sizeHint() const override { return {contentWidth() + 2 * edge, buttonSide}; }
+    QSize sizeHint() const override { return {contentWidth() + 2 * edge, controlHeight(font())}; }
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
@@ -65,7 +64,6 @@ QToolButton *flatButton(Icon shown, const QString &name, QWidget *parent, MenuAr
     button->setIcon(icon(shown));
     button->setIconSize({iconSide, iconSide});
     button->setAutoRaise(true);
-    button->setMinimumSize(buttonSide, buttonSide);
     button->setFocusPolicy(Qt::TabFocus);
     button->setToolTip(name);
     button->setAccessibleName(name);

@@ -6,18 +6,12 @@
 
 namespace kestor {
 
-namespace {
-
-QFont resized(const QFont &font, int pixels) {
-    QFont result = font;
-    result.setPixelSize(qMax(10, QFontInfo(font).pixelSize() + pixels));
-    return result;
-}
-
-} // namespace
-
 int rowHeight(const QFont &font) {
     return qMax(24, QFontMetrics(font).height() + 6);
+}
+
+int controlHeight(const QFont &font) {
+    return qMax(leastControlHeight, QFontMetrics(font).height() + 8);
 }
 
 int twoLinesHeight(const QFont &font) {
@@ -28,12 +22,23 @@ int twoLineRowHeight(const QFont &font) {
     return qMax(44, twoLinesHeight(font) + 12);
 }
 
-QFont smallFont(const QFont &font, int pixels) {
-    return resized(font, -pixels);
+int scaledWidth(int width, const QFont &font) {
+    constexpr int standardPixelSize = 13;
+    return qMax(width, width * QFontInfo(font).pixelSize() / standardPixelSize);
 }
 
-QFont headingFont(const QFont &font, int pixels) {
-    return boldFont(resized(font, pixels));
+QFont resizedFont(const QFont &font, int pixels) {
+    QFont result = font;
+    result.setPixelSize(qMax(10, QFontInfo(font).pixelSize() + pixels));
+    return result;
+}
+
+QFont smallFont(const QFont &font) {
+    return resizedFont(font, -1);
+}
+
+QFont headingFont(const QFont &font) {
+    return boldFont(resizedFont(font, 2));
 }
 
 QFont boldFont(const QFont &font) {

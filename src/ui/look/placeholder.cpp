@@ -39,7 +39,6 @@ Placeholder::Placeholder(QWidget *parent)
     layout->addWidget(explanation);
     layout->addWidget(button, 0, Qt::AlignCenter);
     layout->addStretch();
-    button->setMinimumHeight(28);
     setBackgroundRole(QPalette::Base);
     setAutoFillBackground(true);
     connect(button, &QPushButton::clicked, this, &Placeholder::buttonClicked);

@@ -15,7 +15,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int switchHeight = 24;
 constexpr double radius = 4;
 
 QRectF frameOf(const QWidget &widget) {
@@ -31,7 +30,7 @@ public:
     }
 
     QSize sizeHint() const override {
-        return {QFontMetrics(boldFont(smallFont(font()))).horizontalAdvance(text()) + 2 * gap, switchHeight};
+        return {QFontMetrics(boldFont(smallFont(font()))).horizontalAdvance(text()) + 2 * gap, rowHeight(font())};
     }
 
 protected:
@@ -65,7 +64,7 @@ private:
 
 SegmentedSwitch::SegmentedSwitch(const QStringList &texts, const QString &name, QWidget *parent)
     : QWidget(parent), group(new QButtonGroup(this)) {
-    setFixedHeight(switchHeight);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAccessibleName(name);
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,5 +1,6 @@
 #include "ui/preview/audio_view.h"
 
+#include "ui/look/derived_font.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
@@ -99,6 +100,7 @@ AudioView::AudioView(QWidget *parent, AudioBackendFactory makeBackend)
     connect(&player, &AudioPlayer::statusChanged, this, &AudioView::showStatus);
     connect(button, &QAbstractButton::clicked, this, &AudioView::togglePlaying);
     connect(position, &QSlider::actionTriggered, this, [this] { player.seek(position->sliderPosition()); });
+    setDerivedFont(*time, smallFont);
     applyLook();
     showStatus();
 }
@@ -138,12 +140,11 @@ void AudioView::applyLook() {
     mutedPalette.setColor(QPalette::WindowText, themeFor(palette()).muted);
     for (QLabel *const label : {time, note})
         label->setPalette(mutedPalette);
-    time->setFont(smallFont(font()));
 }
 
 void AudioView::changeEvent(QEvent *event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::PaletteChange)
         applyLook();
 }
 

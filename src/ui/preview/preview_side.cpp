@@ -18,10 +18,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int headHeight = 32;
+constexpr int leastHeadHeight = 32;
 constexpr double radius = 4;
-/// What the head and the rounded frame leave.
-constexpr QMargins inside(1, headHeight, 1, 2);
 
 } // namespace
 
@@ -29,12 +27,20 @@ PreviewSide::PreviewSide(Side shownSide, QWidget *parent)
     : QWidget(parent), side(shownSide), theme(themeFor(palette())), stack(new QStackedWidget(this)),
       placeholder(new Placeholder), image(new ImageView), font(new FontView) {
     auto *const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(inside);
     layout->addWidget(stack);
+    layout->setContentsMargins(inside());
     for (QWidget *const part :
          {static_cast<QWidget *>(placeholder), static_cast<QWidget *>(image), static_cast<QWidget *>(font)})
         stack->addWidget(part);
-    setMinimumHeight(2 * headHeight);
+    setMinimumHeight(2 * leastHeadHeight);
+}
+
+int PreviewSide::headHeight() const {
+    return qMax(leastHeadHeight, QFontMetrics(QWidget::font()).height() + paneEdge);
+}
+
+QMargins PreviewSide::inside() const {
+    return {1, headHeight(), 1, 2};
 }
 
 QString PreviewSide::title() const {
@@ -97,13 +103,15 @@ void PreviewSide::silence() {
 }
 
 QSize PreviewSide::imageBox() const {
-    return ImageView::roomIn(size().shrunkBy(inside)) * devicePixelRatioF();
+    return ImageView::roomIn(size().shrunkBy(inside())) * devicePixelRatioF();
 }
 
 void PreviewSide::changeEvent(QEvent *event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         theme = themeFor(palette());
+    if (event->type() == QEvent::FontChange)
+        layout()->setContentsMargins(inside());
 }
 
 void PreviewSide::paintEvent(QPaintEvent *) {
@@ -112,13 +120,13 @@ void PreviewSide::paintEvent(QPaintEvent *) {
     QPainterPath frame;
     frame.addRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     QPainterPath head;
-    head.addRect(0, 0, width(), headHeight);
+    head.addRect(0, 0, width(), headHeight());
     painter.fillPath(frame, theme.base);
     painter.fillPath(frame & head, theme.alternate);
-    painter.fillRect(0, headHeight - 1, width(), 1, theme.separator);
+    painter.fillRect(0, headHeight() - 1, width(), 1, theme.separator);
     painter.strokePath(frame, theme.separator);
 
-    const QRect text(paneEdge + 1, 0, width() - 2 * (paneEdge + 1), headHeight);
+    const QRect text(paneEdge + 1, 0, width() - 2 * (paneEdge + 1), headHeight());
     painter.setFont(boldFont(QWidget::font()));
     painter.setPen(side == Side::before ? theme.delText : theme.addText);
     painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft, title());

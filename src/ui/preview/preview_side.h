@@ -40,6 +40,9 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    int headHeight() const;
+    /// What the head and the rounded frame leave.
+    QMargins inside() const;
     QString title() const;
     QWidget *widgetFor(const PreviewVersion &version);
     AudioView &audioView();

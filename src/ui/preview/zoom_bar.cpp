@@ -1,5 +1,6 @@
 #include "ui/preview/zoom_bar.h"
 
+#include "ui/look/control_size.h"
 #include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
@@ -22,7 +23,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::array factors{0.01, 0.02, 0.05, 0.1, 0.25, 0.5, 0.75, 1.0, 1.5, 2.0, 3.0, 4.0, 6.0, 8.0, 12.0, 16.0};
-constexpr int zoomBarHeight = 28;
 
 } // namespace
 
@@ -50,11 +50,11 @@ ZoomBar::ZoomBar(QWidget *parent)
     layout->addWidget(smaller);
     layout->addWidget(percent);
     layout->addWidget(larger);
+    setRowHeight(*layout, leastControlHeight);
     sentence->setTextFormat(Qt::PlainText);
     sentence->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     percent->setAlignment(Qt::AlignCenter);
     percent->setAccessibleName(u"Scale"_s);
-    setFixedHeight(zoomBarHeight);
     connect(modes, &SegmentedSwitch::chosen, this, [this](int index) {
         if (index == 0) {
             emit fitRequested();

@@ -18,7 +18,6 @@ namespace {
 constexpr int tileSide = 40;
 constexpr int tileRadius = 5;
 constexpr int iconSide = 20;
-constexpr int buttonHeight = 28;
 constexpr QRect tile(paneEdge, paneEdge, tileSide, tileSide);
 
 QLabel *selectableLabel() {
@@ -49,7 +48,6 @@ ArchiveCard::ArchiveCard(QAction *createZip, QWidget *parent)
     layout->addWidget(name, 0, 1);
     layout->addWidget(folder, 1, 1);
     layout->addWidget(button, 3, 0, 1, 2, Qt::AlignLeft);
-    button->setFixedHeight(buttonHeight + 2 * room);
     button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + 2 * (paneEdge + room));
     connect(button, &QPushButton::clicked, createZip, &QAction::trigger);
     applyLook();

@@ -4,6 +4,7 @@
 #include "ui/list/filtered_list.h"
 #include "ui/list/revision_header.h"
 #include "ui/list/row_list_view.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/metrics.h"
 #include "ui/look/tone_label.h"
 #include "ui/tabs/archive_detail.h"
@@ -20,7 +21,7 @@ ArchivesTab::ArchivesTab(AppState &state, QAction *createZipAction, QWidget *par
     : ListTab(state, parent), column(new FilteredList(rows, tr("Filter revisions"), tr("Revisions"))),
       header(new RevisionHeader(column->list())), count(new ToneLabel(QString(), Tone::muted)),
       detail(new ArchiveDetail(createZipAction)), createZip(createZipAction) {
-    count->setFont(smallFont(font()));
+    setDerivedFont(*count, smallFont);
     column->addAfterFilter(count);
     column->addHeader(header);
     setParts(column, column, detail);

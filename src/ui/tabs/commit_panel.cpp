@@ -19,7 +19,6 @@ namespace {
 constexpr int messageHeight = 92;
 constexpr int smallestMessage = 60;
 constexpr int messageMargin = 7;
-constexpr int commitButtonHeight = 28;
 constexpr double cornerRadius = 4;
 
 class MessageEditor final : public QPlainTextEdit {
@@ -85,8 +84,6 @@ QLayout *CommitPanel::footer() {
     row->addWidget(button);
     countLabel->setForegroundRole(QPalette::PlaceholderText);
     countLabel->setWordWrap(true);
-    button->setFixedHeight(commitButtonHeight + 2 * AccentButton::frameRoom);
-    countLabel->setFixedHeight(button->height());
     return row;
 }
 

@@ -1,6 +1,6 @@
 #include "ui/tabs/detail_section.h"
 
-#include "ui/look/control_size.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 #include "ui/look/tone_label.h"
@@ -17,8 +17,8 @@ DetailSection::DetailSection(const QString &title, QWidget *parent)
     parts->setSpacing(smallGap);
     heading->setSpacing(gap);
     auto *label = new ToneLabel(title, Tone::plain, this);
-    label->setFont(boldFont(font()));
-    label->setMinimumHeight(controlHeight);
+    setDerivedFont(*label, boldFont);
+    label->setMinimumHeight(leastControlHeight);
     label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     label->setElideMode(Qt::ElideRight);
     heading->addWidget(label, 1);

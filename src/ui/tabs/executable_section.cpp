@@ -2,6 +2,7 @@
 
 #include "controller/svn_executable.h"
 #include "ui/look/control_size.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/held_button.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
@@ -33,11 +34,13 @@ ExecutableSection::ExecutableSection(const ExecutableActions &actions, QWidget *
     : DetailSection(tr("svn Executable"), parent), path(new QLineEdit), caption(new ToneLabel), line(new QHBoxLayout),
       chooseButton(actionButton(actions.choose)), fromPathButton(actionButton(actions.useFromPath)) {
     path->setReadOnly(true);
-    path->setMinimumHeight(controlHeight);
+    path->setMinimumHeight(leastControlHeight);
     path->setTextMargins(smallGap, 0, smallGap, 0);
     path->setAccessibleName(tr("svn executable in use"));
     caption->setMinimumHeight(rowHeight(font()));
     caption->setElideMode(Qt::ElideRight);
+    setDerivedFont(*path, fixedFont);
+    setDerivedFont(*caption, smallFont);
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(gap);
     buttons->addWidget(chooseButton);
@@ -101,13 +104,11 @@ void ExecutableSection::resizeEvent(QResizeEvent *event) {
 
 void ExecutableSection::changeEvent(QEvent *event) {
     DetailSection::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::PaletteChange)
         applyLook();
 }
 
 void ExecutableSection::applyLook() {
-    path->setFont(fixedFont(font()));
-    caption->setFont(smallFont(font()));
     QPalette quiet = palette();
     quiet.setColor(QPalette::Base, themeFor(palette()).alternate);
     path->setPalette(quiet);

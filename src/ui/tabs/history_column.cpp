@@ -37,7 +37,7 @@ HistoryColumn::HistoryColumn(HistoryFileRows &files, FileRevisionRows &revisions
         if (shownColumns == HistoryColumns::stacked)
             stackedHeight = parts->sizes().last();
     });
-    setRevisionsHeight(revisionBar->height() + firstShownRevisions * twoLineRowHeight(font()));
+    setRevisionsHeight(revisionBar->sizeHint().height() + firstShownRevisions * twoLineRowHeight(font()));
     setFile({});
 }
 
@@ -49,7 +49,7 @@ QWidget *HistoryColumn::revisionPart() {
     layout->addWidget(revisionBar);
     layout->addWidget(revisionView, 1);
     revisionView->setAccessibleName(tr("Revisions"));
-    part->setMinimumHeight(revisionBar->height() + leastShownRevisions * twoLineRowHeight(font()));
+    part->setMinimumHeight(revisionBar->sizeHint().height() + leastShownRevisions * twoLineRowHeight(font()));
     return part;
 }
 
@@ -63,7 +63,7 @@ void HistoryColumn::setColumns(HistoryColumns wanted) {
     shownColumns = wanted;
     const bool stacked = wanted == HistoryColumns::stacked;
     parts->setOrientation(stacked ? Qt::Vertical : Qt::Horizontal);
-    revisionBar->setFixedHeight(stacked ? SectionBar::standardHeight : barHeight);
+    revisionBar->setMinimumHeight(stacked ? 0 : barHeight);
     parts->setSizes(stacked ? QList<int>{1, stackedHeight} : QList<int>{sideBySideWidth, sideBySideWidth});
 }
 

@@ -52,7 +52,7 @@ QWidget *IncomingColumn::outdatedPart() {
     layout->addWidget(outdatedBar);
     layout->addWidget(outdatedView, 1);
     outdatedView->setAccessibleName(tr("Out of date"));
-    part->setMinimumHeight(outdatedBar->height() + leastShownItems * rowHeight(font()));
+    part->setMinimumHeight(outdatedBar->sizeHint().height() + leastShownItems * rowHeight(font()));
     return part;
 }
 

@@ -4,6 +4,8 @@
 #include "ui/list/language_texts.h"
 #include "ui/list/language_view.h"
 #include "ui/look/bar.h"
+#include "ui/look/control_size.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/flat_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
@@ -35,11 +37,10 @@ RowListView &LanguageColumn::list() {
 
 QWidget *LanguageColumn::heading() {
     auto *bar = new Bar(BarLine::below);
-    bar->setFixedHeight(barHeight);
     auto *title = new ToneLabel(tr("Languages"), Tone::plain);
-    title->setFont(boldFont(font()));
+    setDerivedFont(*title, boldFont);
     total = new ToneLabel(QString(), Tone::muted);
-    total->setFont(smallFont(font()));
+    setDerivedFont(*total, smallFont);
     QToolButton *more = flatButton(Icon::more, tr("More commands for the languages"), bar, MenuArrow::none);
     auto *menu = new QMenu(more);
     menu->addAction(showInSheet);
@@ -52,6 +53,7 @@ QWidget *LanguageColumn::heading() {
     layout->addStretch();
     layout->addWidget(total);
     layout->addWidget(more);
+    setRowHeight(*layout, barHeight);
     return bar;
 }
 

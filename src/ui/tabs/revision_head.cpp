@@ -28,7 +28,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int firstRowHeight = 36;
 constexpr int mostLines = 6;
 /// Laying out more would hold up the window. Copy Message takes all of it.
 constexpr qsizetype mostShown = 8000;
@@ -112,7 +111,6 @@ void RevisionHead::fitMessage() {
 
 void RevisionHead::addButton(const QString &title, QAction *action) {
     auto *button = new HeldButton(title, this);
-    button->setFixedHeight(firstRowHeight - 2 * smallGap);
     button->setMinimumWidth(button->fontMetrics().horizontalAdvance(title) + 2 * paneEdge);
     button->setToolTip(action->text());
     buttons->insertWidget(buttons->indexOf(more), button);

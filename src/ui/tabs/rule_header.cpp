@@ -7,12 +7,6 @@
 
 namespace kestor {
 
-namespace {
-
-constexpr int headerHeight = 29;
-
-} // namespace
-
 RuleHeader::RuleHeader(QWidget *parent) : QHeaderView(Qt::Horizontal, parent) {
     setSectionResizeMode(Fixed);
     setStretchLastSection(true);
@@ -21,7 +15,7 @@ RuleHeader::RuleHeader(QWidget *parent) : QHeaderView(Qt::Horizontal, parent) {
 }
 
 QSize RuleHeader::sizeHint() const {
-    return {QHeaderView::sizeHint().width(), headerHeight};
+    return {QHeaderView::sizeHint().width(), controlHeight(font()) + 1};
 }
 
 void RuleHeader::paintSection(QPainter *painter, const QRect &rect, int section) const {

@@ -193,6 +193,7 @@ void RuleTable::applyLook() {
     delegate->setTheme(themeFor(palette()));
     verticalHeader()->setDefaultSectionSize(ruleHeight(font()));
     fitHeight();
+    fitColumns();
     viewport()->update();
 }
 
@@ -210,10 +211,11 @@ void RuleTable::fitHeight() {
 void RuleTable::fitColumns() {
     int missing = fileWidth - viewport()->width();
     for (const ColumnWidth &width : columnWidths)
-        missing += width.wanted;
+        missing += scaledWidth(width.wanted, font());
     for (const ColumnWidth &width : columnWidths) {
-        const int taken = qBound(0, missing, width.wanted - width.least);
-        setColumnWidth(columnIndex(width.column), width.wanted - taken);
+        const int wanted = scaledWidth(width.wanted, font());
+        const int taken = qBound(0, missing, wanted - scaledWidth(width.least, font()));
+        setColumnWidth(columnIndex(width.column), wanted - taken);
         missing -= taken;
     }
 }

@@ -1,6 +1,7 @@
 #include "ui/tabs/rules_section.h"
 
 #include "ui/look/control_size.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
@@ -44,7 +45,7 @@ RulesSection::RulesSection(AppState &shownState, QWidget *parent)
     addButtons();
     body().addWidget(new TableFrame(rules));
     auto *caption = new ToneLabel(tr("A rule wins over the built-in language of its extension."), Tone::muted);
-    caption->setFont(smallFont(font()));
+    setDerivedFont(*caption, smallFont);
     caption->setElideMode(Qt::ElideRight);
     caption->setMinimumHeight(rowHeight(font()));
     body().addWidget(caption);

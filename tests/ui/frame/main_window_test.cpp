@@ -14,6 +14,7 @@
 #include "ui/frame/tab_pages.h"
 #include "ui/frame/tab_strip.h"
 #include "ui/list/row_list_view.h"
+#include "ui/look/metrics.h"
 #include "ui/tabs/changes_tab.h"
 
 #include <QAccessible>
@@ -21,6 +22,7 @@
 #include <QFileOpenEvent>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScopeGuard>
 #include <QSplitter>
 #include <QTextEdit>
 #include <QWindow>
@@ -459,6 +461,27 @@ TEST_F(Window, TabReachesEveryPartInTheOrderOfTheScreen) {
         EXPECT_EQ(reached.filter(u"unnamed"_s), QStringList());
         reached.removeIf([&wanted = inOrder](const QString &name) { return !wanted.contains(name); });
         EXPECT_EQ(reached, inOrder);
+    }
+}
+
+TEST_F(Window, CutsNoTextWhenTheFontBecomesTwiceAsLarge) {
+    const QFont standard = QApplication::font();
+    const auto back = qScopeGuard([&standard] { QApplication::setFont(standard); });
+    show({u"a"_s});
+    app.changes = QList<WorkingCopyItem>{{.path = u"a.c"_s, .kind = SVNStatusKind::modified}};
+    for (const WorkflowTab tab : allWorkflowTabs)
+        app.selectedTab = tab;
+    QApplication::setFont(resizedFont(standard, QFontInfo(standard).pixelSize()));
+    for (const WorkflowTab tab : allWorkflowTabs) {
+        app.selectedTab = tab;
+        QTest::qWait(20);
+        for (const QWidget *part : window->findChildren<QWidget *>()) {
+            if (!part->isVisible() || part->property("text").toString().isEmpty())
+                continue;
+            SCOPED_TRACE(part->property("text").toString().toStdString());
+            EXPECT_GT(QFontInfo(part->font()).pixelSize(), QFontInfo(standard).pixelSize() + 2);
+            EXPECT_GE(part->height(), part->fontMetrics().height());
+        }
     }
 }
 
