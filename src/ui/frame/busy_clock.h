@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/tabs/busy_access.h"
+
 #include <QObject>
 #include <QTimer>
 
@@ -14,7 +16,7 @@ enum class BusyPhase : std::uint8_t { idle, unseen, card, dimmed };
 /// When the phases begin, from the start of the work.
 struct BusyTimes {
     std::chrono::milliseconds card{150};
-    std::chrono::milliseconds dimmed{400};
+    std::chrono::milliseconds dimmed{heldAfter};
     std::chrono::milliseconds seconds{3000};
 };
 

@@ -235,6 +235,7 @@ void RowListView::contextMenuEvent(QContextMenuEvent *event) {
 void RowListView::focusInEvent(QFocusEvent *event) {
     QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call)
     viewport()->update();
+    emit focused();
 }
 
 /// A row that is current shows the focus itself.

@@ -21,7 +21,7 @@ class RowListView final : public QListView {
     Q_OBJECT
 
 public:
-    /// `shownModel` must outlive the view.
+    /// `shownModel` must be there while the view is used; it may be destroyed just before the view.
     explicit RowListView(RowModel &shownModel, QWidget *parent = nullptr);
 
     /// Makes the row current without announcing it or scrolling to it; "" for none.
@@ -43,6 +43,8 @@ signals:
     void rowChosen(const QString &id);
     /// The user asks for these records to be ticked, or unticked.
     void ticksRequested(const QList<int> &records, kestor::Tick wanted);
+    /// The list has taken the focus.
+    void focused();
     void detailRequested();
     void filterRequested();
     void rowMenuRequested(int row, const QPoint &globalPosition);

@@ -26,9 +26,6 @@ ArchivesTab::ArchivesTab(AppState &state, QAction *createZipAction, QWidget *par
     column->addHeader(header);
     setParts(column, column, detail);
     ListTab::setListWidth(defaultListWidth);
-    showing.setSingleShot(true);
-    showing.setInterval(0);
-    connect(&showing, &QTimer::timeout, this, &ArchivesTab::showDetail);
     connect(&column->list(), &RowListView::rowChosen, this,
             [this](const QString &id) { app.selectedArchiveEntryID = rows.revisionOf(id); });
     connect(&column->list(), &RowListView::rowMenuRequested, this,

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "ui/tabs/deferred.h"
 #include "ui/tabs/list_tab.h"
 #include "ui/tabs/revision_rows.h"
-
-#include <QTimer>
 
 class QAction;
 
@@ -43,7 +42,9 @@ private:
     ToneLabel *count;
     ArchiveDetail *detail;
     QAction *createZip;
-    QTimer showing{};
+    Deferred showing{[this] {
+        showDetail();
+    }};
 };
 
 } // namespace kestor

@@ -6,9 +6,6 @@ namespace kestor {
 
 ChangeDetail::ChangeDetail(AppState &state, DetailPane &shownPane, QObject *parent)
     : QObject(parent), app(state), pane(shownPane) {
-    showing.setSingleShot(true);
-    showing.setInterval(0);
-    connect(&showing, &QTimer::timeout, this, &ChangeDetail::show);
     show();
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include "controller/app_state.h"
+#include "ui/tabs/deferred.h"
 
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
 #include <optional>
 
@@ -33,7 +33,9 @@ private:
 
     AppState &app;
     DetailPane &pane;
-    QTimer showing{};
+    Deferred showing{[this] {
+        show();
+    }};
     std::optional<QString> shownPath{};
 };
 

@@ -13,32 +13,20 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
-#include <chrono>
-
 namespace kestor {
-
-namespace {
-
-/// Shorter work does not draw anything as held back.
-constexpr std::chrono::milliseconds holdTime{400};
-
-} // namespace
 
 ConfigurationTab::ConfigurationTab(AppState &shownState, const ExecutableActions &actions, QWidget *parent)
     : TabPage(parent), state(shownState), column(new LanguageColumn(shownState)), repository(new RepositorySection),
       executable(new ExecutableSection(actions)), rules(new RulesSection(shownState)), detail(new QScrollArea) {
     layOutDetail();
     setColumns(column, detail);
-    holding.setSingleShot(true);
-    holding.setInterval(holdTime);
-    connect(&holding, &QTimer::timeout, this, [this] { executable->setHeld(true); });
     connect(&column->list(), &RowListView::detailRequested, detail, qOverload<>(&QWidget::setFocus));
-    scrolling.setSingleShot(true);
-    scrolling.setInterval(0);
-    connect(&scrolling, &QTimer::timeout, this, &ConfigurationTab::scrollToCell);
-    connect(&rules->table(), &RuleTable::currentCellChanged, &scrolling, qOverload<>(&QTimer::start));
+    const auto scroll = [this] {
+        scrolling.start();
+    };
+    connect(&rules->table(), &RuleTable::currentCellChanged, this, scroll);
     // A new row can be scrolled to only when it has been laid out.
-    connect(detail->verticalScrollBar(), &QScrollBar::rangeChanged, &scrolling, qOverload<>(&QTimer::start));
+    connect(detail->verticalScrollBar(), &QScrollBar::rangeChanged, this, scroll);
     observeState();
 }
 
@@ -66,7 +54,6 @@ void ConfigurationTab::observeState() {
     observers.watch(state.repositoryInfo, [this] { showRepository(); });
     observers.watch(state.projects, [this] { showRepository(); });
     observers.watch(state.svnExecutablePath, [this] { executable->setChosenPath(state.svnExecutablePath); });
-    observers.watch(state.busyMessage, [this] { showBusy(); });
 }
 
 QList<QWidget *> ConfigurationTab::focusPanes() const {
@@ -76,15 +63,6 @@ QList<QWidget *> ConfigurationTab::focusPanes() const {
 void ConfigurationTab::showRepository() {
     const std::optional<Project> project = state.selectedProject();
     repository->setFields(repositoryFields(state.repositoryInfo, project ? project->kind : RepositoryKind::svn));
-}
-
-void ConfigurationTab::showBusy() {
-    if (!state.busyMessage.value()) {
-        holding.stop();
-        executable->setHeld(false);
-    } else if (!holding.isActive()) {
-        holding.start();
-    }
 }
 
 /// Scrolls to the cell that the keyboard has come to.

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "controller/app_state.h"
+#include "ui/tabs/busy_access.h"
+#include "ui/tabs/deferred.h"
 #include "ui/tabs/executable_section.h"
 #include "ui/tabs/observers.h"
 #include "ui/tabs/tab_page.h"
-
-#include <QTimer>
 
 class QScrollArea;
 
@@ -35,7 +35,6 @@ private:
     void layOutDetail();
     void observeState();
     void showRepository();
-    void showBusy();
     void scrollToCell();
 
     AppState &state;
@@ -44,8 +43,12 @@ private:
     ExecutableSection *executable;
     RulesSection *rules;
     QScrollArea *detail;
-    QTimer holding{};
-    QTimer scrolling{};
+    BusyAccess busyAccess{state, [this](TickAccess access) {
+                              executable->setHeld(access == TickAccess::held);
+                          }};
+    Deferred scrolling{[this] {
+        scrollToCell();
+    }};
     Observers observers{};
 };
 

@@ -28,9 +28,6 @@ HistoryTab::HistoryTab(AppState &state, const HistoryActions &offered, QWidget *
     addList(column->revisionList());
     connect(&column->revisionList(), &RowListView::filterRequested, this, &HistoryTab::focusFilter);
     addHeadActions();
-    showing.setSingleShot(true);
-    showing.setInterval(0);
-    connect(&showing, &QTimer::timeout, this, &HistoryTab::showDetail);
     connect(this, &ListTab::listWidthChosen, this, [this](int width) { stackedWidth = width; });
     connect(copyPath, &QAction::triggered, this,
             [this] { QGuiApplication::clipboard()->setText(app.selectedHistoryPath.value().value_or(QString())); });

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "ui/tabs/deferred.h"
 #include "ui/tabs/history_column.h"
 #include "ui/tabs/list_tab.h"
-
-#include <QTimer>
 
 #include <optional>
 
@@ -70,7 +69,9 @@ private:
     HistoryColumn *column;
     RevisionDiff *detail;
     QAction *copyPath;
-    QTimer showing{};
+    Deferred showing{[this] {
+        showDetail();
+    }};
     int stackedWidth;
     std::optional<FileRevisionID> shown{}; ///< whose diff the pane shows
 };

@@ -38,9 +38,6 @@ IncomingTab::IncomingTab(AppState &state, QAction *update, QWidget *parent)
       updateProject(update), refresh(new QAction(tr("Refresh Incoming Changes"), this)) {
     setParts(column, &column->filteredList(), detail);
     setDetailPane(&detail->pane());
-    showing.setSingleShot(true);
-    showing.setInterval(0);
-    connect(&showing, &QTimer::timeout, this, &IncomingTab::showDetail);
     connect(refresh, &QAction::triggered, this, [this] { app.incoming.refreshIncoming(); });
     connect(&column->filteredList(), &FilteredList::emptyActionRequested, updateProject, &QAction::trigger);
     connect(&column->revisionList(), &RowListView::rowChosen, this, &IncomingTab::chooseRevision);

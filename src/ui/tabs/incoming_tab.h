@@ -1,9 +1,8 @@
 #pragma once
 
+#include "ui/tabs/deferred.h"
 #include "ui/tabs/incoming_column.h"
 #include "ui/tabs/list_tab.h"
-
-#include <QTimer>
 
 #include <optional>
 
@@ -45,7 +44,9 @@ private:
     RevisionDiff *detail;
     QAction *updateProject;
     QAction *refresh;
-    QTimer showing{};
+    Deferred showing{[this] {
+        showDetail();
+    }};
     std::optional<qint64> shown{}; ///< whose diff the pane shows
 };
 

@@ -10,21 +10,10 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
-#include <chrono>
 
 namespace kestor {
 
-namespace {
-
-/// Shorter work does not draw anything as held back.
-constexpr std::chrono::milliseconds filterHoldTime{400};
-
-} // namespace
-
 ListTab::ListTab(AppState &state, QWidget *parent) : TabPage(parent), app(state) {
-    holding.setSingleShot(true);
-    holding.setInterval(filterHoldTime);
-    connect(&holding, &QTimer::timeout, this, [this] { setAccess(TickAccess::held); });
     addKeys();
 }
 
@@ -37,15 +26,15 @@ void ListTab::setParts(QWidget *column, FilteredList *filtered, QWidget *detail)
             filterTexts.insert(*shownProject, text);
     });
     observers.watch(app.selectedProjectID, [this] { showProject(); });
-    observers.watch(app.busyMessage, [this] { showBusy(); });
+    busyAccess.emplace(app, [this](TickAccess access) { setAccess(access); });
 }
 
 void ListTab::addList(RowListView &list) {
     lists.append(&list);
     if (lastList == nullptr)
         lastList = &list;
-    connect(&list, &RowListView::detailRequested, this, [this, shown = &list] {
-        lastList = shown;
+    connect(&list, &RowListView::focused, this, [this, shown = &list] { lastList = shown; });
+    connect(&list, &RowListView::detailRequested, this, [this] {
         if (pane)
             pane->takeFocus();
     });
@@ -59,7 +48,7 @@ void ListTab::setDetailPane(DetailPane *shownPane) {
     details = shownPane;
     pane = &details->diffPane();
     observers.watch(app.customLanguageRules, [this] { pane->setLanguageRules(app.customLanguageRules); });
-    connect(pane, &DiffPane::leaveRequested, this, [this] { lastList->setFocus(); });
+    connect(pane, &DiffPane::leaveRequested, this, &ListTab::focusLastList);
     connect(pane, &DiffPane::hunksEnded, this, [this](CaretDirection direction) { leaveRow(Walk::hunks, direction); });
 }
 
@@ -78,8 +67,12 @@ bool ListTab::escape() {
     }
     const bool elsewhere = std::ranges::none_of(lists, &QWidget::hasFocus);
     if (elsewhere)
-        lastList->setFocus();
+        focusLastList();
     return elsewhere;
+}
+
+void ListTab::focusLastList() {
+    (lastList->isVisible() ? lastList : lists.first())->setFocus();
 }
 
 void ListTab::keyPressEvent(QKeyEvent *event) {
@@ -129,18 +122,6 @@ void ListTab::showProject() {
         return;
     shownProject = app.selectedProjectID;
     filteredList->filter().setText(shownProject ? filterTexts.value(*shownProject) : QString());
-}
-
-void ListTab::showBusy() {
-    const bool busy = app.busyMessage.value().has_value();
-    if (busy == wasBusy)
-        return;
-    wasBusy = busy;
-    setAccess(busy ? TickAccess::readOnly : TickAccess::editable);
-    if (busy)
-        holding.start();
-    else
-        holding.stop();
 }
 
 } // namespace kestor

@@ -2,13 +2,12 @@
 
 #include "controller/app_state.h"
 #include "ui/diff/text_selection.h"
-#include "ui/list/row_delegate.h"
+#include "ui/tabs/busy_access.h"
 #include "ui/tabs/observers.h"
 #include "ui/tabs/tab_page.h"
 
 #include <QHash>
 #include <QList>
-#include <QTimer>
 #include <QUuid>
 
 #include <cstdint>
@@ -49,7 +48,7 @@ protected:
     /// To be called once, with the list that the filter belongs to.
     void setParts(QWidget *column, FilteredList *filtered, QWidget *detail);
     void setDetailPane(DetailPane *shownPane);
-    /// A list from which Return leads into the diff and Esc back.
+    /// A list from which Return leads into the diff; Esc leads back to the one that had the focus last.
     void addList(RowListView &list);
 
     /// Whether the pane shows what is selected, and not what was before.
@@ -70,18 +69,17 @@ private:
     void walkOn(Walk walk, CaretDirection direction);
     void leaveRow(Walk walk, CaretDirection direction);
     void showProject();
-    void showBusy();
+    void focusLastList();
 
     FilteredList *filteredList = nullptr;
     DetailPane *details = nullptr;
     DiffPane *pane = nullptr; ///< of `details`
     QList<RowListView *> lists{};
-    RowListView *lastList = nullptr; ///< from which the keyboard went to the detail
+    RowListView *lastList = nullptr; ///< that had the focus last
     bool walking = false;            ///< a row is being chosen by a key that walks through diffs
-    QTimer holding{};
+    std::optional<BusyAccess> busyAccess{};
     QHash<QUuid, QString> filterTexts{};
     std::optional<QUuid> shownProject{};
-    bool wasBusy = false;
 };
 
 } // namespace kestor

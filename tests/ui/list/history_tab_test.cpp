@@ -77,6 +77,10 @@ TEST(HistoryTab, FilesLeadToTheirRevisionsAndThoseToTheirDiffs) {
     EXPECT_TRUE(shown.shows(u"+one"_s));
     EXPECT_TRUE(shown.spoken(shown.revisions()).startsWith(u"Add a, r2, "_s));
     EXPECT_TRUE(shown.spoken(shown.revisions()).endsWith(u", Added"_s));
+    shown.revisions().setFocus();
+    shown.tab.diffPane()->takeFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_TRUE(shown.revisions().hasFocus()) << "the list that had the focus last";
     shown.fixture.app.selectedRevision = 3; // as a load does: nothing is called, the old diff stays
     EXPECT_EQ(shown.revisions().currentIndex().row(), 0);
     HeldApp::settle();
