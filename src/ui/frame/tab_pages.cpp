@@ -55,6 +55,7 @@ ListTab *TabPages::newChanges() {
 ListTab *TabPages::newIncoming() {
     auto *page = new IncomingTab(state, commands.action(Command::update), this);
     prepare(*page);
+    page->setRevisionsHeight(layout.incomingHeight);
     return page;
 }
 
@@ -67,8 +68,7 @@ ListTab *TabPages::newHistory() {
                                  .exportFile = commands.action(Command::exportFileAtRevision)};
     auto *page = new HistoryTab(state, actions, this);
     prepare(*page);
-    if (layout.revisionsHeight > 0)
-        page->setRevisionsHeight(layout.revisionsHeight);
+    page->setSizes(layout.history);
     return page;
 }
 
@@ -157,7 +157,9 @@ void TabPages::save(WindowState &current) const {
     current.forms = layout.forms;
     current.messageHeight = changesTab->panelHeight();
     const auto *history = qobject_cast<const HistoryTab *>(tabPages.value(WorkflowTab::history));
-    current.revisionsHeight = history ? history->revisionsHeight() : layout.revisionsHeight;
+    current.history = history ? history->sizes() : layout.history;
+    const auto *incoming = qobject_cast<const IncomingTab *>(tabPages.value(WorkflowTab::incoming));
+    current.incomingHeight = incoming ? incoming->revisionsHeight() : layout.incomingHeight;
 }
 
 /// The focus stays in the pages; one that never had it begins with its list.

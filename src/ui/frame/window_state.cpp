@@ -75,7 +75,10 @@ WindowState loadWindowState(const QSettings &settings) {
     state.listWidth = boundedInt(object.value("listWidth"_L1), 280, 10000, state.listWidth);
     state.archivesWidth = boundedInt(object.value("archivesWidth"_L1), 280, 10000, state.archivesWidth);
     state.messageHeight = boundedInt(object.value("messageHeight"_L1), 0, 10000, state.messageHeight);
-    state.revisionsHeight = boundedInt(object.value("revisionsHeight"_L1), 0, 10000, state.revisionsHeight);
+    state.incomingHeight = boundedInt(object.value("incomingHeight"_L1), 0, 10000, 0);
+    state.history.revisionsHeight = boundedInt(object.value("revisionsHeight"_L1), 0, 10000, 0);
+    state.history.listsWidth = boundedInt(object.value("historyListsWidth"_L1), 0, 10000, 0);
+    state.history.filesWidth = boundedInt(object.value("historyFilesWidth"_L1), 0, 10000, 0);
     state.textSize = boundedInt(object.value("textSize"_L1), DiffPane::smallestTextSizeDelta,
                                 DiffPane::largestTextSizeDelta, state.textSize);
     state.forms = choicesFrom(object.value("forms"_L1).toObject());
@@ -91,7 +94,10 @@ void saveWindowState(QSettings &settings, const WindowState &state) {
         {u"listWidth"_s, state.listWidth},
         {u"archivesWidth"_s, state.archivesWidth},
         {u"messageHeight"_s, state.messageHeight},
-        {u"revisionsHeight"_s, state.revisionsHeight},
+        {u"incomingHeight"_s, state.incomingHeight},
+        {u"revisionsHeight"_s, state.history.revisionsHeight},
+        {u"historyListsWidth"_s, state.history.listsWidth},
+        {u"historyFilesWidth"_s, state.history.filesWidth},
         {u"textSize"_s, state.textSize},
         {u"forms"_s, toJson(state.forms)},
     };

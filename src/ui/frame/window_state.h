@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/preview/detail_pane.h"
+#include "ui/tabs/history_sizes.h"
 
 #include <QByteArray>
 #include <QList>
@@ -20,9 +21,10 @@ struct WindowState {
     bool sidebarHidden = false;
     int listWidth = 400;
     int archivesWidth = 680;
-    int messageHeight = 0;   ///< of the commit panel; 0 for what it asks for
-    int revisionsHeight = 0; ///< of the revisions in History; 0 for five of them
-    int textSize = 0;        ///< pixels that diffs and output are larger than the system's fixed font
+    int messageHeight = 0;  ///< of the commit panel; 0 for what it asks for
+    int incomingHeight = 0; ///< of the revisions in Incoming; 0 for what they need
+    HistorySizes history{};
+    int textSize = 0; ///< pixels that diffs and output are larger than the system's fixed font
     FormChoices forms{};
 
     friend bool operator==(const WindowState &, const WindowState &) = default;

@@ -18,6 +18,8 @@ namespace {
 
 constexpr int firstShownRevisions = 5;
 constexpr int leastShownRevisions = 2;
+/// Of each list when they stand side by side.
+constexpr int standardWidth = 360;
 
 } // namespace
 
@@ -33,11 +35,8 @@ HistoryColumn::HistoryColumn(HistoryFileRows &files, FileRevisionRows &revisions
     parts->setStretchFactor(0, 1);
     filtered->addAfterFilter(summaryLabel);
     summaryLabel->setSummary({});
-    connect(parts, &QSplitter::splitterMoved, this, [this] {
-        if (shownColumns == HistoryColumns::stacked)
-            stackedHeight = parts->sizes().last();
-    });
-    setRevisionsHeight(revisionBar->sizeHint().height() + firstShownRevisions * twoLineRowHeight(font()));
+    connect(parts, &QSplitter::splitterMoved, this, &HistoryColumn::keepSizes);
+    applySizes();
     setFile({});
 }
 
@@ -64,13 +63,34 @@ void HistoryColumn::setColumns(HistoryColumns wanted) {
     const bool stacked = wanted == HistoryColumns::stacked;
     parts->setOrientation(stacked ? Qt::Vertical : Qt::Horizontal);
     revisionBar->setMinimumHeight(stacked ? 0 : barHeight);
-    parts->setSizes(stacked ? QList<int>{1, stackedHeight} : QList<int>{sideBySideWidth, sideBySideWidth});
+    applySizes();
 }
 
-void HistoryColumn::setRevisionsHeight(int height) {
-    stackedHeight = height;
-    if (shownColumns == HistoryColumns::stacked)
-        parts->setSizes({1, height});
+void HistoryColumn::setSizes(const HistorySizes &wanted) {
+    chosen = wanted;
+    applySizes();
+}
+
+void HistoryColumn::keepSizes() {
+    if (shownColumns == HistoryColumns::stacked) {
+        chosen.revisionsHeight = parts->sizes().last();
+        return;
+    }
+    chosen.listsWidth = width();
+    chosen.filesWidth = parts->sizes().first();
+}
+
+int HistoryColumn::sideBySideWidth() const {
+    return chosen.listsWidth > 0 ? chosen.listsWidth : 2 * standardWidth + 1;
+}
+
+void HistoryColumn::applySizes() {
+    if (shownColumns == HistoryColumns::sideBySide) {
+        const int files = chosen.filesWidth > 0 ? chosen.filesWidth : standardWidth;
+        return parts->setSizes({files, sideBySideWidth() - parts->handleWidth() - files});
+    }
+    const int firstShown = revisionBar->sizeHint().height() + firstShownRevisions * twoLineRowHeight(font());
+    parts->setSizes({1, chosen.revisionsHeight > 0 ? chosen.revisionsHeight : firstShown});
 }
 
 void HistoryColumn::setSummary(const LineChangeSummary &summary) {

@@ -3,6 +3,7 @@
 #include "model/line_change_summary.h"
 #include "ui/look/placeholder.h"
 #include "ui/tabs/history_file_rows.h"
+#include "ui/tabs/history_sizes.h"
 #include "ui/tabs/revision_rows.h"
 
 #include <QWidget>
@@ -34,19 +35,20 @@ public:
 
     void setColumns(HistoryColumns wanted);
     HistoryColumns columns() const { return shownColumns; }
-    /// The height of the revisions when they stand below the files.
-    int revisionsHeight() const { return stackedHeight; }
-    void setRevisionsHeight(int height);
+    const HistorySizes &sizes() const { return chosen; }
+    void setSizes(const HistorySizes &wanted);
+    /// Takes the sizes that the lists have as the user's choice.
+    void keepSizes();
+    /// The width that both lists want side by side.
+    int sideBySideWidth() const;
 
     void setSummary(const LineChangeSummary &summary);
     /// Says whose revisions are listed; "" for none.
     void setFile(const QString &path);
 
-    /// The width of each list when they stand side by side.
-    static constexpr int sideBySideWidth = 360;
-
 private:
     QWidget *revisionPart();
+    void applySizes();
 
     FileRevisionRows &revisionRows;
     FilteredList *filtered;
@@ -55,7 +57,7 @@ private:
     RowListView *revisionView;
     LineSplitter *parts;
     HistoryColumns shownColumns = HistoryColumns::stacked;
-    int stackedHeight = 0;
+    HistorySizes chosen{};
 };
 
 } // namespace kestor

@@ -2,6 +2,7 @@
 
 #include "ui/list/filtered_list.h"
 #include "ui/list/row_list_view.h"
+#include "ui/look/line_splitter.h"
 #include "ui/preview/detail_pane.h"
 #include "ui/tabs/revision_diff.h"
 #include "ui/tabs/revision_head.h"
@@ -29,6 +30,10 @@ HistoryTab::HistoryTab(AppState &state, const HistoryActions &offered, QWidget *
     connect(&column->revisionList(), &RowListView::filterRequested, this, &HistoryTab::focusFilter);
     addHeadActions();
     connect(this, &ListTab::listWidthChosen, this, [this](int width) { stackedWidth = width; });
+    connect(&splitter(), &QSplitter::splitterMoved, this, [this] {
+        if (column->columns() == HistoryColumns::sideBySide)
+            column->keepSizes();
+    });
     connect(copyPath, &QAction::triggered, this,
             [this] { QGuiApplication::clipboard()->setText(app.selectedHistoryPath.value().value_or(QString())); });
     connect(&column->fileList(), &RowListView::rowChosen, this, &HistoryTab::chooseFile);
@@ -86,7 +91,7 @@ void HistoryTab::fitColumns() {
         return;
     const bool stacked = wanted == HistoryColumns::stacked;
     column->setColumns(wanted);
-    ListTab::setListWidth(stacked ? stackedWidth : 2 * HistoryColumn::sideBySideWidth + 1);
+    ListTab::setListWidth(stacked ? stackedWidth : column->sideBySideWidth());
 }
 
 void HistoryTab::setAccess(TickAccess access) {

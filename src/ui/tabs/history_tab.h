@@ -36,9 +36,8 @@ public:
     /// Has no effect while the lists stand side by side.
     void setListWidth(int width) override;
 
-    /// The height of the revisions below the files.
-    int revisionsHeight() const { return column->revisionsHeight(); }
-    void setRevisionsHeight(int height) { column->setRevisionsHeight(height); }
+    const HistorySizes &sizes() const { return column->sizes(); }
+    void setSizes(const HistorySizes &wanted) { column->setSizes(wanted); }
 
 protected:
     bool sharesListWidth() const override { return column->columns() == HistoryColumns::stacked; }

@@ -76,13 +76,18 @@ void IncomingColumn::showCounts() {
     outdatedBar->setTexts(tr("Out of date"), itemCountText(outdatedRows.recordCount(), locale()));
 }
 
+void IncomingColumn::setRevisionsHeight(int height) {
+    chosenHeight = height;
+    fit();
+}
+
 void IncomingColumn::fit() {
     showCounts();
     const bool isOutdated = outdatedRows.recordCount() > 0;
     if (!isOutdated && outdatedView->hasFocus())
         revisionList().setFocus();
     lower->setVisible(isOutdated);
-    const int revisions = chosenHeight.value_or(wantedRevisionsHeight());
+    const int revisions = chosenHeight > 0 ? chosenHeight : wantedRevisionsHeight();
     parts->setSizes({revisions, std::max(0, height() - revisions)});
 }
 

@@ -33,6 +33,9 @@ public:
     void setSummary(const LineChangeSummary &summary);
     /// What the bar above the revisions says of them; without revisions there is none.
     void setRange(const std::optional<QString> &description);
+    /// The height of the revisions; 0 until the user has chosen one.
+    int revisionsHeight() const { return chosenHeight; }
+    void setRevisionsHeight(int height);
     /// To be called when there are other rows in one of the lists.
     void fit();
 
@@ -54,7 +57,7 @@ private:
     LineSplitter *parts;
     QWidget *lower;
     QString range{};
-    std::optional<int> chosenHeight{}; ///< of the revisions, by the user
+    int chosenHeight = 0; ///< of the revisions, by the user
 };
 
 } // namespace kestor

@@ -24,6 +24,10 @@ public:
     /// Revisions, items that are out of date, detail.
     QList<QWidget *> focusPanes() const override;
 
+    /// The height of the revisions; 0 until the user has chosen one.
+    int revisionsHeight() const { return column->revisionsHeight(); }
+    void setRevisionsHeight(int height) { column->setRevisionsHeight(height); }
+
 protected:
     bool isDetailUpToDate() const override { return shown == app.selectedIncomingRevision.value(); }
     void setAccess(TickAccess access) override;

@@ -17,7 +17,8 @@ TEST(WindowState, ComesBackAsItWasSaved) {
         500,
         700,
         130,
-        300,
+        220,
+        HistorySizes{300, 800, 350},
         3,
         {{DiffPreviewKind::image, DetailForm::text}, {DiffPreviewKind::audio, DetailForm::preview}}};
     {
