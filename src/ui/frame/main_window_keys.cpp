@@ -104,21 +104,17 @@ void MainWindow::findProject() {
 
 /// Gives the focus to the list of the page, or to what stands in its place.
 void MainWindow::focusContent() {
-    QWidget *wanted = content->currentWidget() == firstRun ? firstRun : pages->currentWidget();
-    const TabPage *page = pages->current();
-    if (page != nullptr && wanted == page)
-        wanted = page->focusPanes().first();
+    QWidget *wanted = content->currentWidget() == firstRun ? firstRun : pages->current().focusPanes().first();
     wanted->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindow::focusFilter() {
-    TabPage *page = pages->current();
-    if (page != nullptr && page->isVisible())
-        page->focusFilter();
+    if (pages->isVisible())
+        pages->current().focusFilter();
 }
 
 void MainWindow::focusMessage() {
-    if (pages->current() == nullptr || !pages->current()->isVisible())
+    if (!pages->isVisible())
         return;
     state.selectedTab = WorkflowTab::changes;
     pages->changes().focusMessage();
@@ -126,8 +122,7 @@ void MainWindow::focusMessage() {
 
 void MainWindow::turnToPane(Turn turn) {
     QList<QWidget *> panes{sidebar->list()};
-    if (const TabPage *page = pages->current())
-        panes += page->focusPanes();
+    panes += pages->current().focusPanes();
     if (sheet != nullptr)
         panes += &sheet->pane();
     if (QWidget *pane = nextPane(panes, focusWidget(), turn))

@@ -136,8 +136,8 @@ void TabPages::shareForms(const FormChoices &choices) {
     }
 }
 
-TabPage *TabPages::current() const {
-    return qobject_cast<TabPage *>(currentWidget());
+TabPage &TabPages::current() const {
+    return *static_cast<TabPage *>(currentWidget());
 }
 
 void TabPages::restore(const WindowState &saved) {
@@ -173,8 +173,8 @@ void TabPages::showPage() {
     const QWidget *focused = window()->focusWidget();
     const bool begins = focused != nullptr && isAncestorOf(focused) && page->focusWidget() == nullptr;
     setCurrentWidget(page);
-    if (begins && current() != nullptr)
-        current()->focusPanes().first()->setFocus(Qt::OtherFocusReason);
+    if (begins)
+        page->focusPanes().first()->setFocus(Qt::OtherFocusReason);
 }
 
 } // namespace kestor

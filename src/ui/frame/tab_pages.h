@@ -24,8 +24,8 @@ public:
     TabPages(AppState &shownState, const Commands &shownCommands, QWidget *parent);
 
     ChangesTab &changes() const { return *changesTab; }
-    /// The page that is shown; nullptr for one without a list.
-    TabPage *current() const;
+    /// The page that is shown.
+    TabPage &current() const;
 
     /// What of a window's state is about the pages.
     void restore(const WindowState &saved);
