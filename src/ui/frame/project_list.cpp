@@ -1,6 +1,6 @@
 #include "ui/frame/project_list.h"
 
-#include "ui/list/path_runs.h"
+#include "ui/list/row_text_painter.h"
 #include "ui/look/focus_frame.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
@@ -23,54 +23,6 @@ namespace {
 
 constexpr int leastRowHeight = 28;
 constexpr auto settlingTime = 60ms;
-
-/// Paints the texts of one row into the room that is left of it.
-class RowTexts {
-public:
-    RowTexts(QPainter &rowPainter, const QStyleOptionViewItem &option, const Theme &rowTheme)
-        : painter(rowPainter), theme(rowTheme), enabled(option.state.testFlag(QStyle::State_Enabled)),
-          room(option.rect.adjusted(paneEdge, 0, -gap, 0)) {}
-
-    void atRight(const QFont &font, const QString &text) {
-        painter.setFont(font);
-        painter.setPen(enabled ? theme.muted : theme.disabled);
-        painter.drawText(room, Qt::AlignRight | Qt::AlignVCenter, text);
-        room.setRight(room.right() - QFontMetrics(font).horizontalAdvance(text) - gap);
-    }
-
-    void atLeft(const QFont &font, const QString &text, RunRole role, const ListFilter &filter = {}) {
-        const QString shown = QFontMetrics(font).elidedText(text, Qt::ElideMiddle, qMax(0, room.width()));
-        for (const TextRun &run : pathRuns({{}, shown}, filter)) {
-            const bool isMatch = run.role == RunRole::match;
-            drawRun(isMatch ? boldFont(font) : font, run.text, isMatch ? run.role : role);
-        }
-        room.setLeft(room.left() + gap);
-    }
-
-private:
-    void drawRun(const QFont &font, const QString &text, RunRole role) {
-        painter.setFont(font);
-        painter.setPen(enabled ? color(role) : theme.disabled);
-        painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, text);
-        room.setLeft(room.left() + QFontMetrics(font).horizontalAdvance(text));
-    }
-    QColor color(RunRole role) const {
-        switch (role) {
-        case RunRole::folder:
-            return theme.muted;
-        case RunRole::name:
-            return theme.text;
-        case RunRole::match:
-            return theme.accentInk;
-        }
-        return theme.text;
-    }
-
-    QPainter &painter;
-    const Theme &theme;
-    bool enabled;
-    QRect room;
-};
 
 } // namespace
 
@@ -114,7 +66,7 @@ void ProjectDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     const auto *view = qobject_cast<const ProjectListView *>(option.widget);
     const auto *model = static_cast<const ProjectListModel *>(index.model());
     const ProjectRow &row = model->at(index.row());
-    const Theme theme = themeFor(option.palette);
+    Theme theme = themeFor(option.palette);
     const bool current = view != nullptr && view->currentIndex() == index;
     const bool enabled = option.state.testFlag(QStyle::State_Enabled);
     painter->save();
@@ -127,10 +79,16 @@ void ProjectDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
         painter->drawRect(option.rect.adjusted(0, 0, -1, -1));
     }
 
-    RowTexts texts(*painter, option, theme);
-    texts.atRight(smallFont(option.font), row.kind);
-    texts.atLeft(current ? boldFont(option.font) : option.font, row.name, RunRole::name, model->filter());
-    texts.atLeft(option.font, row.parentFolder, RunRole::folder);
+    if (!enabled)
+        theme.text = theme.muted = theme.accentInk = theme.disabled;
+    RowTextPainter texts(*painter, theme, model->filter());
+    RowTextPainter unsearched = texts.unsearched();
+    QRect room = option.rect.adjusted(paneEdge, 0, -gap, 0);
+    room.setRight(room.right() - gap -
+                  unsearched.paintAtRight(room, row.kind, smallFont(option.font), RunRole::folder));
+    const QFont nameFont = current ? boldFont(option.font) : option.font;
+    room.setLeft(room.left() + gap + texts.paintText(room, row.name, nameFont, RunRole::name, Qt::ElideMiddle));
+    unsearched.paintText(room, row.parentFolder, option.font, RunRole::folder, Qt::ElideMiddle);
     painter->restore();
 }
 

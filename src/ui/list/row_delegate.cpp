@@ -141,7 +141,7 @@ void RowDelegate::paintTwoLines(RowTextPainter &texts, const QFont &font, const 
     line.setTop(line.bottom() + 1);
     line.setBottom(rect.bottom());
     const QFont small = smallFont(font);
-    taken = texts.paintAtRight(line, row.date, small, RunRole::folder);
+    taken = texts.unsearched().paintAtRight(line, row.date, small, RunRole::folder);
     texts.paintText(line.adjusted(0, 0, -taken - gap, 0), row.author, small, RunRole::folder);
 }
 
@@ -150,7 +150,7 @@ void RowDelegate::paintColumns(RowTextPainter &texts, const QFont &font, const Q
     texts.paintText(columns.revision, row.revision, fixedFont(font), RunRole::name);
     texts.paintText(columns.message, row.message, font, RunRole::name);
     texts.paintText(columns.author, row.author, font, RunRole::folder);
-    texts.paintText(columns.date, row.date, font, RunRole::folder);
+    texts.unsearched().paintText(columns.date, row.date, font, RunRole::folder);
 }
 
 void RowDelegate::paintRow(QPainter &painter, const QStyleOptionViewItem &option, const LanguageRow &row) const {

@@ -44,18 +44,18 @@ void RowTextPainter::paintPath(const QRect &rect, const QString &path, const QFo
     paintRuns(rect, pathRuns(elidedPath(path, rect.width(), textWidth), filter), font, RunRole::name);
 }
 
-void RowTextPainter::paintText(const QRect &rect, const QString &text, const QFont &font, RunRole role) {
-    const QString shown = QFontMetricsF(font).elidedText(text, Qt::ElideRight, qMax(0, rect.width()));
-    paintRuns(rect, pathRuns({QString(), shown}, filter), font, role);
+int RowTextPainter::paintText(const QRect &rect, const QString &text, const QFont &font, RunRole role,
+                              Qt::TextElideMode mode) {
+    const QString shown = QFontMetricsF(font).elidedText(text, mode, qMax(0, rect.width()));
+    return paintRuns(rect, pathRuns({QString(), shown}, filter), font, role);
 }
 
 int RowTextPainter::paintAtRight(const QRect &rect, const QString &text, const QFont &font, RunRole role) {
     const int taken = static_cast<int>(std::ceil(width(text, font)));
-    paintRuns(rect.adjusted(rect.width() - taken, 0, 0, 0), pathRuns({QString(), text}, filter), font, role);
-    return taken;
+    return paintRuns(rect.adjusted(rect.width() - taken, 0, 0, 0), pathRuns({QString(), text}, filter), font, role);
 }
 
-void RowTextPainter::paintRuns(const QRect &rect, const QList<TextRun> &runs, const QFont &font, RunRole plainRole) {
+int RowTextPainter::paintRuns(const QRect &rect, const QList<TextRun> &runs, const QFont &font, RunRole plainRole) {
     QRectF place(rect);
     for (const TextRun &run : runs) {
         const QFont used = run.role == RunRole::match ? boldFont(font) : font;
@@ -64,6 +64,7 @@ void RowTextPainter::paintRuns(const QRect &rect, const QList<TextRun> &runs, co
         painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, run.text);
         place.setLeft(place.left() + QFontMetricsF(used).horizontalAdvance(run.text));
     }
+    return static_cast<int>(std::ceil(place.left() - rect.left()));
 }
 
 } // namespace kestor

@@ -8,6 +8,8 @@
 #include <QRect>
 #include <QString>
 
+#include <utility>
+
 class QPainter;
 
 namespace kestor {
@@ -16,24 +18,28 @@ namespace kestor {
 /// bold.
 class RowTextPainter {
 public:
-    /// All must outlive the painter.
-    RowTextPainter(QPainter &rowPainter, const Theme &rowTheme, const ListFilter &rowFilter)
-        : painter(rowPainter), theme(rowTheme), filter(rowFilter) {}
+    /// Painter and theme must outlive it.
+    RowTextPainter(QPainter &rowPainter, const Theme &rowTheme, ListFilter rowFilter)
+        : painter(rowPainter), theme(rowTheme), filter(std::move(rowFilter)) {}
+
+    /// The same for texts that the filter does not look at.
+    RowTextPainter unsearched() const { return {painter, theme, {}}; }
 
     /// A path that loses its middle when it is too long.
     void paintPath(const QRect &rect, const QString &path, const QFont &font);
-    /// A text that loses its end when it is too long.
-    void paintText(const QRect &rect, const QString &text, const QFont &font, RunRole role);
+    /// A text that loses its end, or its middle, when it is too long; returns its width.
+    int paintText(const QRect &rect, const QString &text, const QFont &font, RunRole role,
+                  Qt::TextElideMode mode = Qt::ElideRight);
     /// The whole text at the right end; returns its width.
     int paintAtRight(const QRect &rect, const QString &text, const QFont &font, RunRole role);
 
 private:
     double width(const QString &text, const QFont &font) const;
-    void paintRuns(const QRect &rect, const QList<TextRun> &runs, const QFont &font, RunRole plainRole);
+    int paintRuns(const QRect &rect, const QList<TextRun> &runs, const QFont &font, RunRole plainRole);
 
     QPainter &painter;
     const Theme &theme;
-    const ListFilter &filter;
+    ListFilter filter;
 };
 
 } // namespace kestor
