@@ -40,6 +40,11 @@ void ToneLabel::setElideMode(Qt::TextElideMode mode) {
     updateGeometry();
 }
 
+void ToneLabel::makeSelectable() {
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(Qt::ClickFocus);
+}
+
 int ToneLabel::wantedWidth() const {
     return fontMetrics().horizontalAdvance(text()) + 1;
 }
@@ -52,7 +57,9 @@ QSize ToneLabel::minimumSizeHint() const {
     return {elideMode == Qt::ElideNone ? wantedWidth() : 0, fontMetrics().height()};
 }
 
-void ToneLabel::paintEvent(QPaintEvent *) {
+void ToneLabel::paintEvent(QPaintEvent *event) {
+    if (hasFocus())
+        return QLabel::paintEvent(event);
     const Theme theme = themeFor(palette());
     QPainter painter(this);
     painter.setPen(isEnabled() ? toneColor(shownTone, theme) : theme.disabled);

@@ -21,6 +21,8 @@ public:
 
     void setTone(Tone tone);
     void setElideMode(Qt::TextElideMode mode);
+    /// The user can select and copy the text, which is not elided while it has the focus.
+    void makeSelectable();
     /// The width of the whole text.
     int wantedWidth() const;
 

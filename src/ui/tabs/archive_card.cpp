@@ -1,14 +1,13 @@
 #include "ui/tabs/archive_card.h"
 
 #include "ui/look/accent_button.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
-#include "ui/look/theme.h"
+#include "ui/look/tone_label.h"
 
 #include <QAction>
-#include <QEvent>
 #include <QGridLayout>
-#include <QLabel>
 #include <QPainter>
 
 namespace kestor {
@@ -20,19 +19,18 @@ constexpr int tileRadius = 5;
 constexpr int iconSide = 20;
 constexpr QRect tile(paneEdge, paneEdge, tileSide, tileSide);
 
-QLabel *selectableLabel() {
-    auto *label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    label->setFocusPolicy(Qt::ClickFocus);
-    label->setMinimumWidth(1);
+ToneLabel *selectableLabel(Tone tone) {
+    auto *label = new ToneLabel(QString(), tone);
+    label->makeSelectable();
+    label->setElideMode(Qt::ElideMiddle);
     return label;
 }
 
 } // namespace
 
 ArchiveCard::ArchiveCard(QAction *createZip, QWidget *parent)
-    : QWidget(parent), name(selectableLabel()), folder(selectableLabel()), button(new AccentButton(createZip->text())) {
+    : QWidget(parent), name(selectableLabel(Tone::plain)), folder(selectableLabel(Tone::muted)),
+      button(new AccentButton(createZip->text())) {
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
     constexpr int room = AccentButton::frameRoom;
@@ -50,7 +48,8 @@ ArchiveCard::ArchiveCard(QAction *createZip, QWidget *parent)
     layout->addWidget(button, 3, 0, 1, 2, Qt::AlignLeft);
     button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) + 2 * (paneEdge + room));
     connect(button, &QPushButton::clicked, createZip, &QAction::trigger);
-    applyLook();
+    setDerivedFont(*name, fixedFont);
+    setDerivedFont(*folder, smallFont);
 }
 
 void ArchiveCard::setRootName(const QString &rootName) {
@@ -73,20 +72,6 @@ void ArchiveCard::paintEvent(QPaintEvent *) {
     QRect picture(0, 0, iconSide, iconSide);
     picture.moveCenter(tile.center());
     icon(Icon::archive).paint(&painter, picture);
-}
-
-void ArchiveCard::changeEvent(QEvent *event) {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
-        applyLook();
-}
-
-void ArchiveCard::applyLook() {
-    name->setFont(fixedFont(font()));
-    folder->setFont(smallFont(font()));
-    QPalette muted = palette();
-    muted.setColor(folder->foregroundRole(), themeFor(palette()).muted);
-    folder->setPalette(muted);
 }
 
 } // namespace kestor

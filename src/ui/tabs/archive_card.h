@@ -6,11 +6,11 @@
 #include <QWidget>
 
 class QAction;
-class QLabel;
 
 namespace kestor {
 
 class AccentButton;
+class ToneLabel;
 
 /// The zip that can be made of a revision: its name, the folder in it, and the button that makes it.
 class ArchiveCard final : public QWidget {
@@ -26,13 +26,10 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
-    void applyLook();
-
-    QLabel *name;
-    QLabel *folder;
+    ToneLabel *name;
+    ToneLabel *folder;
     AccentButton *button;
 };
 

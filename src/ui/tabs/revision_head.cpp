@@ -1,11 +1,12 @@
 #include "ui/tabs/revision_head.h"
 
 #include "model/trimmed.h"
+#include "ui/look/derived_font.h"
 #include "ui/look/flat_button.h"
 #include "ui/look/held_button.h"
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
-#include "ui/look/theme.h"
+#include "ui/look/tone_label.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QAction>
@@ -13,7 +14,6 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMenu>
 #include <QTextBlock>
 #include <QTextEdit>
@@ -33,18 +33,10 @@ constexpr int mostLines = 6;
 constexpr qsizetype mostShown = 8000;
 constexpr Qt::TextInteractionFlags selectable = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
 
-QLabel *selectableLabel(QWidget *parent) {
-    auto *label = new QLabel(parent);
-    label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(selectable);
-    label->setFocusPolicy(Qt::ClickFocus);
-    return label;
-}
-
 } // namespace
 
 RevisionHead::RevisionHead(QWidget *parent)
-    : Bar(BarLine::below, parent), revision(selectableLabel(this)), origin(selectableLabel(this)),
+    : Bar(BarLine::below, parent), revision(new ToneLabel(this)), origin(new ToneLabel(QString(), Tone::muted, this)),
       message(new QTextEdit(this)), buttons(new QHBoxLayout),
       more(flatButton(Icon::more, tr("More commands"), this, MenuArrow::none)), menu(new QMenu(more)),
       copyRevision(new QAction(tr("Copy Revision"), this)), copyMessage(new QAction(tr("Copy Message"), this)) {
@@ -61,7 +53,10 @@ RevisionHead::RevisionHead(QWidget *parent)
     buttons->addWidget(revision);
     buttons->addWidget(origin, 1);
     buttons->addWidget(more);
-    origin->setMinimumWidth(1);
+    origin->setElideMode(Qt::ElideRight);
+    for (ToneLabel *label : {revision, origin})
+        label->makeSelectable();
+    setDerivedFont(*revision, [](const QFont &font) { return boldFont(fixedFont(font)); });
     message->setReadOnly(true);
     message->setTabChangesFocus(true);
     message->setFrameShape(QFrame::NoFrame);
@@ -87,7 +82,6 @@ void RevisionHead::setRevision(const RevisionText &wanted) {
     text = wanted;
     revision->setText(text.revision);
     origin->setText(text.date.isEmpty() ? text.author : text.author + u" · "_s + text.date);
-    origin->setToolTip(origin->text());
     fillMessage();
     fitMessage();
 }
@@ -136,15 +130,11 @@ void RevisionHead::setAccess(TickAccess access) {
 
 void RevisionHead::changeEvent(QEvent *event) {
     Bar::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange)
         applyLook();
 }
 
 void RevisionHead::applyLook() {
-    revision->setFont(boldFont(fixedFont(font())));
-    QPalette muted = palette();
-    muted.setColor(origin->foregroundRole(), themeFor(palette()).muted);
-    origin->setPalette(muted);
     message->document()->setDefaultFont(font());
     fitMessage();
 }

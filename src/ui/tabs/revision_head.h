@@ -8,7 +8,6 @@
 
 class QAction;
 class QBoxLayout;
-class QLabel;
 class QMenu;
 class QTextEdit;
 class QToolButton;
@@ -16,6 +15,7 @@ class QToolButton;
 namespace kestor {
 
 class HeldButton;
+class ToneLabel;
 
 /// Above the detail of a revision: its number, author, date and message, all of it selectable, and the buttons and the
 /// menu for what can be done with it.
@@ -44,8 +44,8 @@ private:
     void fitMessage();
 
     RevisionText text{};
-    QLabel *revision;
-    QLabel *origin;
+    ToneLabel *revision;
+    ToneLabel *origin;
     QTextEdit *message;
     QBoxLayout *buttons;
     QToolButton *more;
