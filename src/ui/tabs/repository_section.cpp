@@ -13,6 +13,8 @@
 #include <QLineEdit>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace kestor {
 
 namespace {
@@ -20,15 +22,20 @@ namespace {
 constexpr int labelWidth = 136;
 
 /// Shows its beginning when there is no room for all of it.
+void showValue(QLineEdit &field, const QString &value) {
+    field.setText(value);
+    field.setCursorPosition(0);
+    field.setToolTip(value);
+}
+
 QLineEdit *valueField(const RepositoryField &field, const QFont &font) {
-    auto *value = new QLineEdit(field.value);
+    auto *value = new QLineEdit;
+    showValue(*value, field.value);
     value->setReadOnly(true);
     value->setFrame(false);
-    value->setCursorPosition(0);
     value->setFocusPolicy(Qt::ClickFocus);
     value->setTextMargins(-2, 0, 0, 0); // a line edit keeps that much for itself
     value->setAccessibleName(field.label);
-    value->setToolTip(field.value);
     value->setFont(field.type == RepositoryField::Type::fixed ? fixedFont(font) : font);
     return value;
 }
@@ -48,12 +55,29 @@ RepositorySection::RepositorySection(QWidget *parent)
 void RepositorySection::setFields(const QList<RepositoryField> &wanted) {
     if (fields == wanted)
         return;
+    const bool shown = showInPlace(wanted);
     fields = wanted;
-    fillTable();
+    if (!shown)
+        fillTable();
+}
+
+/// Keeps the focus, and the selection in values that stay; false when the labels differ.
+bool RepositorySection::showInPlace(const QList<RepositoryField> &wanted) {
+    const auto sameLine = [](const RepositoryField &a, const RepositoryField &b) {
+        return a.label == b.label && a.type == b.type;
+    };
+    if (!std::ranges::equal(fields, wanted, sameLine))
+        return false;
+    for (qsizetype i = 0; i < wanted.size(); ++i) {
+        if (values[i]->text() != wanted[i].value)
+            showValue(*values[i], wanted[i].value);
+    }
+    return true;
 }
 
 void RepositorySection::fillTable() {
     delete table;
+    values.clear();
     table = new QWidget(this);
     auto *grid = new QGridLayout(table);
     grid->setContentsMargins({});
@@ -64,7 +88,8 @@ void RepositorySection::fillTable() {
     for (const RepositoryField &field : std::as_const(fields)) {
         const int row = grid->rowCount();
         grid->addWidget(new ToneLabel(field.label, Tone::muted), row, 0, Qt::AlignRight | Qt::AlignVCenter);
-        grid->addWidget(valueField(field, font()), row, 1);
+        values.append(valueField(field, font()));
+        grid->addWidget(values.last(), row, 1);
         grid->setRowMinimumHeight(row, rowHeight(font()));
     }
     if (fields.isEmpty())

@@ -3,6 +3,7 @@
 #include "ui/tabs/detail_section.h"
 #include "ui/tabs/repository_fields.h"
 
+class QLineEdit;
 class QToolButton;
 
 namespace kestor {
@@ -23,10 +24,12 @@ protected:
 
 private:
     void fillTable();
+    bool showInPlace(const QList<RepositoryField> &wanted);
 
     QList<RepositoryField> fields{};
     QToolButton *copy;
-    QWidget *table = nullptr; ///< made anew with other fields
+    QWidget *table = nullptr; ///< made anew with other labels
+    QList<QLineEdit *> values{};
 };
 
 } // namespace kestor

@@ -129,6 +129,10 @@ TEST(ConfigurationTab, TheSelectedRuleTakesASyntaxFile) {
     EXPECT_TRUE(choose.hasFocus()) << "the focus stays in the row";
     QTest::mouseClick(&choose, Qt::LeftButton);
     EXPECT_EQ(shown.rows(), withFile);
+    QList<CustomLanguageRule> loaded = shown.fixture.app.customLanguageRules;
+    loaded.prepend({QUuid::createUuid(), u"a"_s, u"A"_s, u"#555555"_s, {}});
+    shown.fixture.app.customLanguageRules = loaded;
+    EXPECT_EQ(shown.table().currentIndex().row(), 2) << "the same rule";
 }
 
 TEST(ConfigurationTab, ShowsTheRepositoryToBeCopied) {
@@ -141,6 +145,12 @@ TEST(ConfigurationTab, ShowsTheRepositoryToBeCopied) {
     const QString copied = QGuiApplication::clipboard()->text();
     EXPECT_TRUE(startsWith(copied, u"Working copy root: "_s + repository.path() + u'\n'));
     EXPECT_TRUE(contains(copied, u"\nLast changed: r2 by "_s));
+    const auto &url = shown.named<QLineEdit>(u"Relative URL"_s);
+    RepositoryInfo updated = shown.fixture.app.repositoryInfo;
+    updated.revision = u"9"_s;
+    shown.fixture.app.repositoryInfo = updated;
+    EXPECT_EQ(shown.named<QLineEdit>(u"Revision"_s).text(), u"9"_s);
+    EXPECT_EQ(&shown.named<QLineEdit>(u"Relative URL"_s), &url) << "it keeps the focus and what is selected in it";
 }
 
 TEST(ConfigurationTab, TellsWhichExecutableRuns) {
