@@ -82,7 +82,8 @@ bool DropTarget::handleDrag(QEvent &event) {
     auto &drag = static_cast<QDropEvent &>(event);
     if (!drag.mimeData()->hasUrls())
         return false;
-    const QStringList folders = draggedFolders(*drag.mimeData());
+    if (event.type() == QEvent::DragEnter) // once: a folder on a slow mount would hold up every move
+        folders = draggedFolders(*drag.mimeData());
     if (folders.isEmpty() || !accepts()) {
         hideFrame();
         drag.ignore();

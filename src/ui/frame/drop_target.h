@@ -33,6 +33,7 @@ private:
 
     QWidget *window;
     std::function<bool()> accepts;
+    QStringList folders{};    ///< that are being dragged
     QWidget *frame = nullptr; ///< shows the target; made at the first drag
 };
 
