@@ -34,8 +34,9 @@ DiffBar::DiffBar(QMenu *menu, QWidget *parent)
     : QWidget(parent), theme(themeFor(palette())),
       forms(new SegmentedSwitch({u"Preview"_s, u"Text"_s}, u"Show as"_s, this)),
       hunks(new ToneLabel(QString(), Tone::muted, this)),
-      previous(barButton(Icon::arrowUp, u"Previous Hunk"_s, u"Previous Hunk (Shift+F7)"_s, this)),
-      next(barButton(Icon::arrowDown, u"Next Hunk"_s, u"Next Hunk (F7)"_s, this)),
+      previous(barButton(Icon::arrowUp, u"Previous Hunk"_s,
+                         u"Previous Hunk (Shift+F7 or Alt+Up), previous file (Shift+F8)"_s, this)),
+      next(barButton(Icon::arrowDown, u"Next Hunk"_s, u"Next Hunk (F7 or Alt+Down), next file (F8)"_s, this)),
       more(barButton(Icon::more, u"More commands for the diff"_s, u"More commands"_s, this)) {
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, gap, 1);

@@ -94,14 +94,14 @@ void DiffPane::makeActions() {
     viewMenu->addAction(u"Select All"_s, view, &DiffView::selectAll);
     QAction *const copyPathAction = viewMenu->addAction(u"Copy Path"_s, this, &DiffPane::copyPath);
     viewMenu->addSeparator();
-    viewMenu->addAction(u"Next Hunk"_s, this, [this] { stepOrLeave(CaretDirection::ahead); });
-    viewMenu->addAction(u"Previous Hunk"_s, this, [this] { stepOrLeave(CaretDirection::back); });
+    viewMenu->addAction(u"Next Hunk\tF7"_s, this, [this] { stepOrLeave(CaretDirection::ahead); });
+    viewMenu->addAction(u"Previous Hunk\tShift+F7"_s, this, [this] { stepOrLeave(CaretDirection::back); });
     barMenu->addAction(copyPathAction);
     barMenu->addAction(copyPrinted);
     barMenu->addSeparator();
-    barMenu->addAction(u"Larger Text"_s, this, [this] { setTextSizeDelta(sizeDelta + 1); });
-    barMenu->addAction(u"Smaller Text"_s, this, [this] { setTextSizeDelta(sizeDelta - 1); });
-    barMenu->addAction(u"Standard Text Size"_s, this, [this] { setTextSizeDelta(0); });
+    barMenu->addAction(u"Larger Text\tCtrl++"_s, this, [this] { setTextSizeDelta(sizeDelta + 1); });
+    barMenu->addAction(u"Smaller Text\tCtrl+-"_s, this, [this] { setTextSizeDelta(sizeDelta - 1); });
+    barMenu->addAction(u"Standard Text Size\tCtrl+0"_s, this, [this] { setTextSizeDelta(0); });
 }
 
 bool DiffPane::showsDiff() const {
