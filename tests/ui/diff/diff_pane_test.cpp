@@ -67,7 +67,8 @@ TEST_F(DiffPaneTest, SamePathKeepsTheScrollPositionAndAnotherBeginsAnew) {
 TEST_F(DiffPaneTest, LongTextIsShownAtOnceAndCompletedUnnoticed) {
     pane.showDiff(subjectOf(u"b"_s), oneFileDiff());
     takeFocus();
-    pane.showDiff(subjectOf(u"a"_s), longDiff(20'000));
+    const QString text = longDiff(20'000);
+    pane.showDiff(subjectOf(u"a"_s), text);
     EXPECT_FALSE(isWhole());
     EXPECT_LT(view().document().lineCount, 2000);
     EXPECT_EQ(shownLabels(), u"Hunk 1"_list) << "no count that is not known yet";
@@ -88,6 +89,8 @@ TEST_F(DiffPaneTest, LongTextIsShownAtOnceAndCompletedUnnoticed) {
     EXPECT_EQ(view().selection(), selection);
     EXPECT_TRUE(waitUntil([&] { return image() == before; }));
     EXPECT_EQ(view().accessibleName(), u"Diff of a, 20000 added, 0 removed"_s);
+    pane.showDiff(subjectOf(u"a"_s), text);
+    EXPECT_TRUE(isWhole()) << "what is shown already is not read again";
 }
 
 TEST_F(DiffPaneTest, SupersededTextIsDropped) {

@@ -137,6 +137,7 @@ TEST_F(DiffViewTest, FoldsFilesAndSkipsWhatIsFolded) {
     const qint64 rows = view.rows().count();
     EXPECT_EQ(view.stepFile(ahead), StepResult::moved);
     EXPECT_EQ(view.currentFile(), 1);
+    EXPECT_GT(scrolled(), 0) << "the file comes into view";
     press(Qt::Key_Return);
     EXPECT_EQ(view.rows().count(), rows - 1);
     press(Qt::Key_Return);

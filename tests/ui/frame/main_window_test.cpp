@@ -289,6 +289,12 @@ TEST_F(Window, OutputTakesNoFocusAndEscDismissesIt) {
     EXPECT_EQ(window->focusWidget(), list);
     app.commandOutput = output(u"Cleanup"_s, 1);
     EXPECT_EQ(part<OutputSheet>()->accessibleName(), u"Cleanup, Exit status 1"_s);
+    CommandOutput mixed = output(u"Info"_s, 0);
+    mixed.stdoutText = u"out"_s;
+    mixed.stderrText = u"err\n"_s;
+    app.commandOutput = mixed;
+    clickButton(*part<OutputSheet>(), u"Copy the output"_s);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), u"out\nerr\n"_s);
     QTest::keyClick(list, Qt::Key_Escape);
     EXPECT_FALSE(app.commandOutput.value().has_value());
     EXPECT_FALSE(part<OutputSheet>()->isVisible());
@@ -381,7 +387,7 @@ TEST_F(Window, AddsFoldersOfTheDesktopAsSoonAsItCan) {
     runTool(u"git"_s, u"init|-q"_list, tree.path(u"repo"_s));
     ArrivingFolders folders(app);
     app.busyMessage = u"Committing"_s;
-    folders.add({tree.path(u"repo"_s), tree.path(u"gone"_s)});
+    folders.add({tree.path(u"repo"_s), tree.path(u"gone"_s), tree.path(u"gone"_s)});
     const QDeadlineTimer held(300);
     EXPECT_TRUE(waitUntil([&] { return held.hasExpired(); }));
     EXPECT_TRUE(app.projects.value().isEmpty() && !app.alert.value());
@@ -402,6 +408,7 @@ TEST_F(Window, ACommandDropsTheProjectThatARepeatedKeyReached) {
     QCoreApplication::sendEvent(list, &repeated);
     EXPECT_EQ(list->currentIndex().row(), 1);
     app.busyMessage = u"Committing"_s;
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->rows().index(1)).center());
     QTest::qWait(100);
     EXPECT_EQ(selectedName(), u"a"_s);
     EXPECT_EQ(list->currentIndex().row(), 0);

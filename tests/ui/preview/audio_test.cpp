@@ -71,6 +71,13 @@ TEST_F(AudioTest, PlaysPausesAndEndsAtTheBeginning) {
     EXPECT_EQ(slider().value(), 1000);
     button().click();
     ASSERT_TRUE(waitUntil([&] { return button().accessibleName() == u"Play"_s; }));
+    slider().setSliderDown(true);
+    button().click();
+    ASSERT_TRUE(comesToSay(u"0:02 / 0:04"_s));
+    EXPECT_EQ(slider().value(), 1000) << "it stays where it is held";
+    slider().setSliderDown(false);
+    button().click();
+    ASSERT_TRUE(waitUntil([&] { return button().accessibleName() == u"Play"_s; }));
     slider().setSliderPosition(3000);
     slider().triggerAction(QAbstractSlider::SliderMove);
     ASSERT_TRUE(comesToSay(u"0:03 / 0:04"_s));
