@@ -1,5 +1,6 @@
 #include "ui/tabs/incoming_column.h"
 
+#include "ui/list/filter_field.h"
 #include "ui/list/filtered_list.h"
 #include "ui/list/line_summary_label.h"
 #include "ui/list/row_list_view.h"
@@ -93,7 +94,8 @@ void IncomingColumn::fit() {
 
 int IncomingColumn::wantedRevisionsHeight() const {
     const int rowsHeight = revisionRows.recordCount() * twoLineRowHeight(font());
-    return std::min(barHeight + SectionBar::standardHeight + rowsHeight, static_cast<int>(height() * greatestPart));
+    const int barsHeight = filtered->filter().parentWidget()->sizeHint().height() + rangeBar->sizeHint().height();
+    return std::min(barsHeight + rowsHeight, static_cast<int>(height() * greatestPart));
 }
 
 void IncomingColumn::resizeEvent(QResizeEvent *event) {
