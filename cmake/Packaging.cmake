@@ -74,7 +74,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "calm, fast client for Subversion and Git"
 set(CPACK_PACKAGE_DESCRIPTION
 "KestorSVN is one window on Subversion working copies and Git repositories.
 It runs the svn and git that are installed and shows which files changed,
-and how, line by line: with colours and word marks, previews of images, fonts
+and how, line by line: with colors and word marks, previews of images, fonts
 and sounds, the history of each file, and what an update would bring.
 .
 From the same window files are committed, reverted, ignored, merged, switched

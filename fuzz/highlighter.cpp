@@ -92,7 +92,7 @@ void checkSpans(const QList<SyntaxSpan> &spans, const QString &line, const Synta
         require(end <= line.size(), "spans lie in the line");
         require(std::any_of(definition.rules.cbegin(), definition.rules.cend(),
                             [&span](const SyntaxHighlightRule &rule) { return rule.colorHex == span.colorHex; }),
-                "spans have the colour of a rule");
+                "spans have the color of a rule");
     }
 }
 

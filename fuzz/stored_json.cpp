@@ -64,9 +64,9 @@ void checkRecords(const QStringList &texts) {
 
 void checkColor(const QString &text) {
     const std::optional<QString> color = CustomLanguageRule::normalizedColorHex(text);
-    require(!color || CustomLanguageRule::normalizedColorHex(*color) == color, "a normalised colour stays as it is");
+    require(!color || CustomLanguageRule::normalizedColorHex(*color) == color, "a normalised color stays as it is");
     require(!color || (color->size() == 7 && color->startsWith(u'#') && color->toUpper() == *color),
-            "colours are a sign and six digits");
+            "colors are a sign and six digits");
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 #include "controller/app_state.h"
-#include "controller/combined_output.h"
 #include "controller/commit_look.h"
 #include "controller/commit_plan.h"
 #include "controller/commit_preparation.h"

@@ -12,8 +12,7 @@ namespace kestor {
 namespace {
 
 bool isDoubtful(const WorkingCopyItem &item) {
-    return item.treeConflict || item.kind == SVNStatusKind::missing || item.kind == SVNStatusKind::conflicted ||
-           item.propertiesKind == SVNStatusKind::conflicted;
+    return item.kind == SVNStatusKind::missing || isInConflict(item);
 }
 
 QSet<QString> externalFolders(const WorkingCopyItems &items) {

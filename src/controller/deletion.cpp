@@ -1,6 +1,7 @@
 #include "controller/deletion.h"
 
 #include "rules/working_copy_paths.h"
+#include "tools/command_result.h"
 
 #include <QDir>
 #include <QDirIterator>

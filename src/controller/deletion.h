@@ -1,7 +1,5 @@
 #pragma once
 
-#include "tools/command_result.h"
-
 #include <QList>
 #include <QSet>
 #include <QString>

@@ -1,6 +1,5 @@
 #include "controller/git_branches.h"
 
-#include "controller/combined_output.h"
 #include "controller/tool_text.h"
 
 using namespace Qt::StringLiterals;

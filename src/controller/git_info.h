@@ -1,6 +1,5 @@
 #pragma once
 
-#include "model/project.h"
 #include "model/repository_info.h"
 #include "tools/tool.h"
 

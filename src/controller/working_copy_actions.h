@@ -46,8 +46,8 @@ public:
 private:
     using Texts = QMap<QString, QString>; ///< by the key of their field
 
-    /// `path` is offered where a path is asked for; "" for selectedActionPath().
     QCoro::Task<> removeAfterQuestion(Project project, QList<WorkingCopyItem> items, QStringList paths);
+    /// `path` is offered where a path is asked for; "" for selectedActionPath().
     QCoro::Task<> perform(WorkingCopyAction action, QString path = {});
     QCoro::Task<> run(WorkingCopyAction action, Project project, Texts entered, QStringList paths);
     /// The selected project, where its tool has the command; nothing after an alert otherwise.

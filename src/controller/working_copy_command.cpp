@@ -103,11 +103,6 @@ QStringList rowPaths(const QList<WorkingCopyItem> &items) {
 
 } // namespace
 
-bool isInConflict(const WorkingCopyItem &item) {
-    return item.treeConflict || item.kind == SVNStatusKind::conflicted ||
-           item.propertiesKind == SVNStatusKind::conflicted;
-}
-
 const WorkingCopyCommand &workingCopyCommand(WorkingCopyAction action) {
     return commands[static_cast<std::size_t>(action)];
 }

@@ -97,6 +97,4 @@ QList<WorkingCopyItem> itemsToResolve(const QList<WorkingCopyItem> &acted,
 QStringList pathsFor(WorkingCopyAction action, RepositoryKind kind, const QList<WorkingCopyItem> &items,
                      const GitRowFacts &facts);
 
-bool isInConflict(const WorkingCopyItem &item);
-
 } // namespace kestor

@@ -1,4 +1,3 @@
-#include "controller/combined_output.h"
 #include "controller/path_command_run.h"
 #include "controller/workspace.h"
 

@@ -2,6 +2,11 @@
 
 namespace kestor {
 
+bool isInConflict(const WorkingCopyItem &item) {
+    return item.treeConflict || item.kind == SVNStatusKind::conflicted ||
+           item.propertiesKind == SVNStatusKind::conflicted;
+}
+
 QString statusLabel(const WorkingCopyItem &item) {
     if (item.treeConflict)
         return QStringLiteral("Tree Conflict");

@@ -29,6 +29,9 @@ Q_DECLARE_TYPEINFO(kestor::WorkingCopyItem, Q_RELOCATABLE_TYPE);
 
 namespace kestor {
 
+/// In its content, its properties or its place in the tree.
+bool isInConflict(const WorkingCopyItem &item);
+
 /// "Tree Conflict", or the kind's name, followed by ", Props M" when the properties changed.
 QString statusLabel(const WorkingCopyItem &item);
 

@@ -1,3 +1,4 @@
+#include "model/text_table.h"
 #include "parsers/iso_date.h"
 #include "parsers/svn_xml_parsers.h"
 #include "parsers/svn_xml_reader.h"
@@ -31,7 +32,7 @@ public:
     RepositoryInfo info;
 
     void startElement(std::string_view name, XmlAttributes attributes) override {
-        const std::optional<InfoElement> element = elementNamed<InfoElement>(infoElementNames, name);
+        const std::optional<InfoElement> element = enumFromText<InfoElement>(infoElementNames, name);
         if (!element)
             return;
         setInside(*element, true);
@@ -47,7 +48,7 @@ public:
     }
 
     void endElement(std::string_view name, std::string_view text) override {
-        const std::optional<InfoElement> element = elementNamed<InfoElement>(infoElementNames, name);
+        const std::optional<InfoElement> element = enumFromText<InfoElement>(infoElementNames, name);
         if (!element)
             return;
         store(*element, text);

@@ -1,3 +1,4 @@
+#include "model/text_table.h"
 #include "model/trimmed.h"
 #include "parsers/iso_date.h"
 #include "parsers/svn_xml_parsers.h"
@@ -32,7 +33,7 @@ public:
     qsizetype endedEntries() const { return ended; }
 
     void startElement(std::string_view name, XmlAttributes attributes) override {
-        const std::optional<LogElement> element = elementNamed<LogElement>(logElementNames, name);
+        const std::optional<LogElement> element = enumFromText<LogElement>(logElementNames, name);
         if (element == LogElement::logentry) {
             revision = attributes.integer("revision");
             entry = LogEntry();
@@ -43,7 +44,7 @@ public:
     }
 
     void endElement(std::string_view name, std::string_view text) override {
-        const std::optional<LogElement> element = elementNamed<LogElement>(logElementNames, name);
+        const std::optional<LogElement> element = enumFromText<LogElement>(logElementNames, name);
         if (element)
             endKnownElement(*element, text);
     }

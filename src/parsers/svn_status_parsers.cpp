@@ -1,4 +1,5 @@
 #include "model/file_order.h"
+#include "model/text_table.h"
 #include "parsers/svn_xml_parsers.h"
 #include "parsers/svn_xml_reader.h"
 
@@ -35,7 +36,7 @@ public:
     }
 
     void startElement(std::string_view name, XmlAttributes attributes) override {
-        const std::optional<StatusElement> element = elementNamed<StatusElement>(statusElementNames, name);
+        const std::optional<StatusElement> element = enumFromText<StatusElement>(statusElementNames, name);
         if (element == StatusElement::entry)
             startEntry(attributes);
         if (element)
@@ -43,7 +44,7 @@ public:
     }
 
     void endElement(std::string_view name, std::string_view text) override {
-        const std::optional<StatusElement> element = elementNamed<StatusElement>(statusElementNames, name);
+        const std::optional<StatusElement> element = enumFromText<StatusElement>(statusElementNames, name);
         if (element == StatusElement::author)
             item.author = authors.fromUtf8(text).trimmed();
         if (element == StatusElement::entry)

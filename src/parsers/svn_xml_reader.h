@@ -90,14 +90,4 @@ XmlEnd readXml(QByteArrayView utf8, XmlHandler &handler);
 /// The UTF-8 form of `text`; empty when it has none because of a lone surrogate.
 QByteArray utf8OrEmpty(QStringView text);
 
-/// The enumerator whose name in `names` (in enum order) equals `name` exactly, or nothing.
-template <typename Element, std::size_t Size>
-std::optional<Element> elementNamed(const std::array<std::string_view, Size> &names, std::string_view name) {
-    for (std::size_t i = 0; i < Size; ++i) {
-        if (names[i] == name)
-            return static_cast<Element>(i);
-    }
-    return std::nullopt;
-}
-
 } // namespace kestor

@@ -22,7 +22,7 @@ QString colorName(const QString &hex) {
     return names.value(hex, hex);
 }
 
-/// "colour(text)" for every span.
+/// "color(text)" for every span.
 QString colored(const QString &line, const SyntaxDefinition &definition) {
     QStringList spans;
     for (const SyntaxSpan &span : SyntaxHighlighter::collectedMatches(line, definition.rules))

@@ -7,21 +7,12 @@
 
 namespace kestor {
 
-namespace {
-
-bool isConflict(const WorkingCopyItem &item) {
-    return item.treeConflict || item.kind == SVNStatusKind::conflicted ||
-           item.propertiesKind == SVNStatusKind::conflicted;
-}
-
-} // namespace
-
 PathRow changeRow(const WorkingCopyItem &item, Tick tick, const Theme &theme) {
     return {.tick = tick,
             .badge = badgeFor(item, theme),
             .path = item.path,
             .label = statusLabel(item),
-            .labelKind = isConflict(item) ? LabelKind::conflict : LabelKind::plain};
+            .labelKind = isInConflict(item) ? LabelKind::conflict : LabelKind::plain};
 }
 
 QString tickedText(const TickCounts &counts, const QLocale &locale) {
