@@ -1,5 +1,7 @@
 #include "ui/tabs/busy_access.h"
 
+#include <utility>
+
 namespace kestor {
 
 BusyAccess::BusyAccess(AppState &shownState, std::function<void(TickAccess)> tellAccess)

@@ -17,8 +17,8 @@ inline constexpr std::chrono::milliseconds heldAfter{400};
 /// Tells how a running command holds the parts of a tab: read-only at once, and held when it takes longer.
 class BusyAccess {
 public:
-    /// Calls `tell` now when a command runs, and at every change. `shownState` must outlive it.
-    BusyAccess(AppState &shownState, std::function<void(TickAccess)> tell);
+    /// Calls `tellAccess` now when a command runs, and at every change. `shownState` must outlive it.
+    BusyAccess(AppState &shownState, std::function<void(TickAccess)> tellAccess);
 
 private:
     void follow();
