@@ -63,6 +63,7 @@ void AppState::setCommitSelection(const MarkedPaths &rows, bool selected) {
 }
 
 QCoro::Task<> AppState::loadDiffForSelectedChange() {
+    const RunningOperations::Scope running(operations);
     const quint64 generation = ++diffGeneration;
     const std::optional<Project> project = selectedProject();
     const std::optional<WorkingCopyItem> item = selectedChange();
@@ -92,7 +93,6 @@ QCoro::Task<LoadedDiff> AppState::diffOf(Project project, WorkingCopyItem item) 
 }
 
 QCoro::Task<LoadedDiff> AppState::printedDiffOf(Project project, WorkingCopyItem item) {
-    const RunningOperations::Scope running(operations);
     if (item.kind == SVNStatusKind::unversioned) {
         const auto read = [path = item.path, root = project.path] {
             return unversionedDiff(path, root);
@@ -113,6 +113,7 @@ QCoro::Task<LoadedDiff> AppState::printedDiffOf(Project project, WorkingCopyItem
 
 QCoro::Task<std::optional<DiffPreview>> AppState::richDiffPreviewForWorkingChange(Project project,
                                                                                   WorkingCopyItem item) {
+    const RunningOperations::Scope running(operations);
     const PreviewSides sides = previewSides(item.kind);
     const QString oldPath = gitFacts.oldNames.value(item.path, item.path);
     const auto look = [root = project.path, path = item.path, sides] {

@@ -122,7 +122,7 @@ const QString wantedMenus = uR"(&Repository
     Open Finder Here > file manager FOLDER
     Open Both Here > terminal FOLDER, file manager FOLDER
     -
-    Refresh Status | Ctrl+R > info --xml
+    Refresh Status | Ctrl+R > status --xml --no-ignore
     Update | Ctrl+U > update
     Commit | Ctrl+Return > alert Nothing To Commit
     -
