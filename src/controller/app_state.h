@@ -90,7 +90,8 @@ public:
 
     // History: app_state_history.cpp
     /// Loads `logEntries`, `fileHistoryItems` and the selection, then, with the list shown already, the sum of lines
-    /// and the diff of the selected revision.
+    /// and the diff of the selected revision. A project's first load shows the log from its beginning while the tool
+    /// prints it; `historyLoaded` says when it is whole.
     QCoro::Task<> loadHistory();
     /// Verifies the project's kind and loads `repositoryInfo` and the history.
     QCoro::Task<> refreshHistory();

@@ -16,7 +16,6 @@ class PlainTextView final : public DiffView {
 public:
     explicit PlainTextView(QWidget *parent = nullptr);
 
-    void setText(const QString &text) { setOutput(text, {}); }
     /// The beginning of a long text is shown at once, the rest when it has been read on a worker.
     void setOutput(const QString &output, const QString &errors);
 

@@ -27,7 +27,6 @@ class BusyClock final : public QObject {
 public:
     explicit BusyClock(BusyTimes times, QObject *parent = nullptr);
 
-    BusyPhase phase() const { return currentPhase; }
     /// Starts the phases; already running ones go on, and the seconds begin again.
     void start();
     void stop();

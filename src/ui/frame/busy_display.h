@@ -19,8 +19,6 @@ public:
     /// The card lies over `area`, the line along the lower edge of `strip`.
     BusyDisplay(AppState &state, QWidget *area, QWidget *strip);
 
-    BusyPhase phase() const { return clock.phase(); }
-
 signals:
     void phaseChanged(BusyPhase phase);
 

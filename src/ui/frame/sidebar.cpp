@@ -82,7 +82,7 @@ QWidget *Sidebar::foot(const Commands &commands) {
     for (const Command way : {Command::addExistingWorkingCopy, Command::checkout, Command::createRepository})
         ways->addAction(commands.action(way));
     add->setMenu(ways);
-    remove = flatButton(Icon::minus, u"Remove Project"_s, bar);
+    remove = flatButton(Icon::minus, u"Remove the project"_s, bar);
     auto *hide = flatButton(Icon::sidebar, u"Hide the sidebar (Ctrl+B)"_s, bar);
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(smallGap, 0, smallGap, 0);

@@ -21,8 +21,6 @@ class Sidebar final : public QWidget {
     Q_OBJECT
 
 public:
-    static constexpr int defaultWidth = 208;
-
     Sidebar(AppState &state, const Commands &commands, QWidget *parent);
 
     QWidget *list() const;

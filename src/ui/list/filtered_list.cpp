@@ -10,6 +10,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace kestor {
 
 FilteredList::FilteredList(RowModel &shownRows, const QString &filterName, const QString &listName, QWidget *parent)
@@ -96,6 +98,11 @@ void FilteredList::setEmptyText(const PlaceholderText &text) {
     updateCounts();
 }
 
+void FilteredList::setExtent(ListExtent extent) {
+    if (std::exchange(shownExtent, extent) != extent)
+        updateCounts();
+}
+
 void FilteredList::setEmptyActionHeld(bool held) {
     emptyActionHeld = held;
     holdAction();
@@ -117,9 +124,11 @@ void FilteredList::clickedPlaceholder() {
 void FilteredList::updateCounts() {
     filterField->setCounts(rows.rowCount(), rows.recordCount());
     placeholder->setVisible(rows.rowCount() == 0);
-    const QString nothing = tr("Nothing contains “%1”.").arg(filterField->text());
-    placeholder->setText(rows.recordCount() == 0 ? emptyText
-                                                 : PlaceholderText{tr("No Matches"), nothing, tr("Clear Filter")});
+    const QString nothing =
+        shownExtent == ListExtent::part ? tr("Nothing so far contains “%1”.") : tr("Nothing contains “%1”.");
+    placeholder->setText(rows.recordCount() == 0
+                             ? emptyText
+                             : PlaceholderText{tr("No Matches"), nothing.arg(filterField->text()), tr("Clear Filter")});
     holdAction();
     emit rowsChanged();
 }

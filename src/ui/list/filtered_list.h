@@ -5,6 +5,8 @@
 #include <QString>
 #include <QWidget>
 
+#include <cstdint>
+
 class QBoxLayout;
 
 namespace kestor {
@@ -12,6 +14,9 @@ namespace kestor {
 class FilterField;
 class RowListView;
 class RowModel;
+
+/// Whether all rows are there, or more are still being loaded.
+enum class ListExtent : std::uint8_t { part, whole };
 
 /// A list below a bar with its filter. While it shows no row, it says why.
 class FilteredList final : public QWidget {
@@ -31,6 +36,8 @@ public:
     void addAfterFilter(QWidget *part);
     /// Puts a part between the bar and the list.
     void addHeader(QWidget *header);
+    /// Says of a list that is not whole yet that more may follow.
+    void setExtent(ListExtent extent);
     /// What the list says while there are no rows at all.
     void setEmptyText(const PlaceholderText &text);
     /// Draws the button of that text as disabled.
@@ -59,6 +66,7 @@ private:
     QBoxLayout *barParts = nullptr;
     PlaceholderText emptyText{};
     bool emptyActionHeld = false;
+    ListExtent shownExtent = ListExtent::whole;
 };
 
 } // namespace kestor

@@ -78,10 +78,6 @@ SegmentedSwitch::SegmentedSwitch(const QStringList &texts, const QString &name, 
     connect(group, &QButtonGroup::idClicked, this, &SegmentedSwitch::chosen);
 }
 
-int SegmentedSwitch::current() const {
-    return group->checkedId();
-}
-
 void SegmentedSwitch::setCurrent(int index) {
     group->setExclusive(false); // or no segment could be given up
     for (QAbstractButton *const segment : group->buttons())

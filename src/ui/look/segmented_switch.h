@@ -15,8 +15,7 @@ public:
     /// `name` is what screen readers say before the choice.
     SegmentedSwitch(const QStringList &texts, const QString &name, QWidget *parent = nullptr);
 
-    /// -1 when none is taken.
-    int current() const;
+    /// -1 to take none.
     void setCurrent(int index);
 
 signals:

@@ -26,7 +26,6 @@ public:
     /// Forgets what is shown or loading.
     void clear();
     bool isLoading() const { return loader.isLoading(); }
-    const Zoom &zoom() const { return shownZoom; }
 
 signals:
     void ready();

@@ -35,10 +35,6 @@ RowListView &ChangesColumn::list() {
     return filtered->list();
 }
 
-FilterField &ChangesColumn::filter() {
-    return filtered->filter();
-}
-
 void ChangesColumn::setPanelHeight(int height) {
     chosenHeight = height;
     parts->setSizes({1, height});

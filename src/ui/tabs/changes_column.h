@@ -9,7 +9,6 @@
 namespace kestor {
 
 class CommitPanel;
-class FilterField;
 class FilteredList;
 class LineSplitter;
 class LineSummaryLabel;
@@ -26,7 +25,6 @@ public:
 
     FilteredList &filteredList() { return *filtered; }
     RowListView &list();
-    FilterField &filter();
     CommitPanel &commitPanel() { return *panel; }
 
     /// The height of the commit panel; 0 until somebody has set one.

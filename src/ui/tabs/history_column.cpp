@@ -37,7 +37,7 @@ HistoryColumn::HistoryColumn(HistoryFileRows &files, FileRevisionRows &revisions
     summaryLabel->setSummary({});
     connect(parts, &QSplitter::splitterMoved, this, &HistoryColumn::keepSizes);
     applySizes();
-    setFile({});
+    setFile({}, ListExtent::whole);
 }
 
 QWidget *HistoryColumn::revisionPart() {
@@ -97,9 +97,10 @@ void HistoryColumn::setSummary(const LineChangeSummary &summary) {
     summaryLabel->setSummary(summary);
 }
 
-void HistoryColumn::setFile(const QString &path) {
-    revisionBar->setTexts(path.isEmpty() ? tr("Revisions") : revisionCountText(revisionRows.recordCount(), locale()),
-                          path.sliced(fileNameStart(path)));
+void HistoryColumn::setFile(const QString &path, ListExtent extent) {
+    const QString count = revisionCountText(revisionRows.recordCount(), locale());
+    const QString title = extent == ListExtent::part ? tr("%1 so far").arg(count) : count;
+    revisionBar->setTexts(path.isEmpty() ? tr("Revisions") : title, path.sliced(fileNameStart(path)));
 }
 
 } // namespace kestor

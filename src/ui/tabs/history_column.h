@@ -1,7 +1,6 @@
 #pragma once
 
 #include "model/line_change_summary.h"
-#include "ui/look/placeholder.h"
 #include "ui/tabs/history_file_rows.h"
 #include "ui/tabs/history_sizes.h"
 #include "ui/tabs/revision_rows.h"
@@ -17,6 +16,7 @@ class LineSplitter;
 class LineSummaryLabel;
 class RowListView;
 class SectionBar;
+enum class ListExtent : std::uint8_t;
 
 /// How the two lists of the History tab stand to each other.
 enum class HistoryColumns : std::uint8_t { stacked, sideBySide };
@@ -44,7 +44,7 @@ public:
 
     void setSummary(const LineChangeSummary &summary);
     /// Says whose revisions are listed; "" for none.
-    void setFile(const QString &path);
+    void setFile(const QString &path, ListExtent extent);
 
 private:
     QWidget *revisionPart();

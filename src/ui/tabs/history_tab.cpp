@@ -55,7 +55,10 @@ void HistoryTab::addHeadActions() {
 void HistoryTab::observeState() {
     observers.watch(app.fileHistoryItems, [this] { showFiles(); });
     observers.watch(app.logEntries, [this] { showEmptyText(); });
-    observers.watch(app.historyLoaded, [this] { showEmptyText(); });
+    observers.watch(app.historyLoaded, [this] {
+        showEmptyText();
+        showRevisions();
+    });
     observers.watch(app.selectedHistoryPath, [this] {
         column->fileList().setCurrentId(app.selectedHistoryPath.value().value_or(QString()));
         showRevisions();
@@ -106,7 +109,9 @@ void HistoryTab::showFiles() {
 void HistoryTab::showRevisions() {
     const std::optional<FileHistoryItem> file = app.selectedFileHistoryItem();
     revisions.publish(file ? file->revisions : FileHistoryRevisions());
-    column->setFile(file ? file->path : QString());
+    const ListExtent extent = app.historyLoaded ? ListExtent::whole : ListExtent::part;
+    column->filteredList().setExtent(extent);
+    column->setFile(file ? file->path : QString(), extent);
     showing.start();
 }
 

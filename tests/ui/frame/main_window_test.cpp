@@ -451,7 +451,7 @@ QStringList focusOrder(QWidget &window, QWidget *start) {
 TEST_F(Window, TabReachesEveryPartInTheOrderOfTheScreen) {
     show({u"a"_s});
     app.changes = QList<WorkingCopyItem>{{.path = u"a.c"_s, .kind = SVNStatusKind::modified}};
-    const QStringList header = u"Projects|Add a project|Remove Project|Hide the sidebar (Ctrl+B)|"
+    const QStringList header = u"Projects|Add a project|Remove the project|Hide the sidebar (Ctrl+B)|"
                                "Switch URL Or Branch...|Refresh (F5)|Pull (Ctrl+U)"_list;
     // Among others.
     const std::pair<WorkflowTab, QStringList> rows[] = {

@@ -72,6 +72,10 @@ TEST(HistoryTab, FilesLeadToTheirRevisionsAndThoseToTheirDiffs) {
     EXPECT_EQ(shown.spoken(shown.files()), u"src/a.txt, Modified, r3"_s);
     EXPECT_TRUE(shown.shows(u"+two"_s));
     EXPECT_TRUE(shown.says(u"2 revisions"_s));
+    for (const bool isWhole : {false, true}) {
+        shown.fixture.app.historyLoaded = isWhole;
+        EXPECT_EQ(shown.says(u"2 revisions so far"_s), !isWhole);
+    }
     QTest::keyClick(&shown.revisions(), Qt::Key_Down);
     EXPECT_EQ(shown.fixture.app.selectedRevision.value(), 2);
     EXPECT_TRUE(shown.shows(u"+one"_s));
