@@ -27,8 +27,8 @@ constexpr int files = 20'000;
 constexpr int commits = 20'000;
 constexpr int revisions = 5'000; ///< of Subversion, whose repositories take long to make
 constexpr int refreshes = 10;
-constexpr int clicks = 20;
-constexpr int loads = 5;
+constexpr int clicks = 12;
+constexpr int loads = 3;
 constexpr double noTime = std::numeric_limits<double>::max();
 
 /// Milliseconds that the tool needs, its output read.
