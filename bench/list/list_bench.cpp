@@ -3,6 +3,7 @@
 
 #include "../support/measures.h"
 #include "ui/list/filter_field.h"
+#include "ui/list/filtered_list.h"
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/changes_column.h"
 
