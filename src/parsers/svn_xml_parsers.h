@@ -65,7 +65,8 @@ public:
     /// Reads what follows the pieces before; it ends behind the end tag of an entry, the last one anywhere. Nothing is
     /// read any more behind the first error.
     void read(QByteArrayView utf8);
-    /// False after an error, and when "</logentry>" was no end of an entry: then pieces cannot be told from one another.
+    /// False after an error, and when "</logentry>" was no end of an entry: then pieces cannot be told from one
+    /// another.
     bool isIntact() const;
     /// Those so far, highest revision first.
     QList<LogEntry> entries() const;
