@@ -3,6 +3,7 @@
 #include "controller/revert_plan.h"
 #include "support/temp_tree.h"
 #include "support/test.h"
+#include "tools/command_result.h"
 
 namespace kestor {
 namespace {
