@@ -128,16 +128,15 @@ QList<QAction *> ChangesTab::resolutions(const QList<WorkingCopyItem> &items) co
     return QList{tickedActions.resolveUsingWorking} + tickedActions.resolveUsingOneSide;
 }
 
-QList<QList<QAction *>> ChangesTab::tickedGroups(RepositoryKind kind) const {
+QList<QList<QAction *>> ChangesTab::tickedGroups(RepositoryKind kind, const QList<WorkingCopyItem> &acted) const {
     if (kind == RepositoryKind::git)
         return {tickedActions.edits};
-    return {tickedActions.edits, resolutions(app.actionItems()), tickedActions.svnEdits};
+    return {tickedActions.edits, resolutions(acted), tickedActions.svnEdits};
 }
 
-QList<QAction *> ChangesTab::actionsOfRow(RepositoryKind kind) const {
+QList<QAction *> ChangesTab::actionsOfRow(RepositoryKind kind, const QList<WorkingCopyItem> &acted) const {
     if (kind == RepositoryKind::git)
         return {revertPath, blamePath};
-    const QList<WorkingCopyItem> acted = app.actionItems();
     const QList<QAction *> ofRow{revertPath, blamePath, listProperties};
     if (resolvable(acted) != Resolvable::nothing)
         return ofRow;
@@ -149,9 +148,13 @@ void ChangesTab::openRowMenu(int row, const QPoint &position) {
     if (!project)
         return;
     menuPath = rows.idAt(row);
-    const ChangeRowMenu content{
-        menuPath, project->path, rows.tickCounts().ticked, tickedGroups(project->kind), actionsOfRow(project->kind),
-        revertAll};
+    const QList<WorkingCopyItem> acted = app.actionItems();
+    const ChangeRowMenu content{menuPath,
+                                project->path,
+                                rows.tickCounts().ticked,
+                                tickedGroups(project->kind, acted),
+                                actionsOfRow(project->kind, acted),
+                                revertAll};
     changeRowMenu(content, this)->popup(position);
 }
 

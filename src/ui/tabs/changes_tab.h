@@ -53,9 +53,9 @@ private:
     void chooseRow(const QString &id);
     void setTicks(const QList<int> &records, Tick wanted);
     QList<QAction *> resolutions(const QList<WorkingCopyItem> &items) const;
-    QList<QList<QAction *>> tickedGroups(RepositoryKind kind) const;
+    QList<QList<QAction *>> tickedGroups(RepositoryKind kind, const QList<WorkingCopyItem> &acted) const;
     /// What acts on the selected row alone: resolving, too, when none of several ticked ones is in conflict.
-    QList<QAction *> actionsOfRow(RepositoryKind kind) const;
+    QList<QAction *> actionsOfRow(RepositoryKind kind, const QList<WorkingCopyItem> &acted) const;
     void openRowMenu(int row, const QPoint &position);
 
     ChangeRows rows{};
