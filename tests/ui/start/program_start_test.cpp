@@ -58,10 +58,14 @@ protected:
         testing::runTool(u"git"_s, {u"init"_s, u"-q"_s}, tree.path(u"work/"_s + name));
         return name;
     }
+    /// Each look reads a copy of its own: QSettings takes the time and size of a file after it has read it, and so may
+    /// hold an old text for the newest one for ever.
     bool waitForProjects(QStringList names) {
         names.sort();
         return waitUntil([&] {
-            QSettings settings(tree.path(u"config/KestorSVN/KestorSVN.conf"_s), QSettings::IniFormat);
+            const QString copy = tree.path(u"look %1"_s.arg(++looks));
+            QFile::copy(tree.path(u"config/KestorSVN/KestorSVN.conf"_s), copy);
+            QSettings settings(copy, QSettings::IniFormat);
             QStringList listed;
             for (const Project &project : ProjectStore(settings).load())
                 listed.append(project.name);
@@ -77,6 +81,7 @@ protected:
     static void signal(const Program &program, int number) { ::kill(static_cast<pid_t>(program->processId()), number); }
 
     TempTree tree{};
+    int looks = 0;
 };
 
 TEST_F(ProgramStart, HandsItsFoldersToTheRunningWindow) {
