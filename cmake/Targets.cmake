@@ -12,6 +12,17 @@ function(kestor_library name)
   target_link_libraries(${name} PUBLIC ${arg_LINKS})
 endfunction()
 
+# What the thread sanitizer has to be told of Qt, for a program that was built with it.
+if(KESTOR_SANITIZE MATCHES "thread")
+  add_library(thread_sanitizer OBJECT tests/support/thread_sanitizer.cpp)
+  target_link_libraries(thread_sanitizer PRIVATE Qt6::Widgets)
+endif()
+function(kestor_thread_sanitizer name)
+  if(TARGET thread_sanitizer)
+    target_sources(${name} PRIVATE $<TARGET_OBJECTS:thread_sanitizer>)
+  endif()
+endfunction()
+
 # kestor_tests(NAME SOURCES ... LINKS ...): one folder of tests/ as a GoogleTest program, each test a ctest case.
 function(kestor_tests name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
@@ -21,9 +32,7 @@ function(kestor_tests name)
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_LINKS} test_support GTest::gtest GTest::gmock)
-  if(KESTOR_SANITIZE MATCHES "thread")
-    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/thread_sanitizer.cpp)
-  endif()
+  kestor_thread_sanitizer(${name})
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()

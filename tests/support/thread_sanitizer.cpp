@@ -1,6 +1,8 @@
 // Qt's libraries are built without the thread sanitizer, which would misread what happens in them. What stands here is
 // called in place of the functions of the same names, by Qt as well, and tells it.
 
+#include <QApplication>
+#include <QFutureInterface>
 #include <QRunnable>
 #include <QThreadPool>
 
@@ -34,7 +36,16 @@ private:
     QRunnable *work;
 };
 
+/// Stands for the queue between those who post calls of slots and those who then make them.
+char postedCalls;
+
 } // namespace
+
+/// Known to the sanitizer, which reads it as it starts: in a mapping the threads count themselves in Qt's library, and
+/// the last one ends it.
+extern "C" const char *__tsan_default_suppressions() { // NOLINT(bugprone-reserved-identifier)
+    return "race:QtConcurrent::ThreadEngine*asynchronousFinish\n";
+}
 
 void QThreadPool::start(QRunnable *runnable, int priority) {
     static auto *const start = original<void(QThreadPool *, QRunnable *, int)>("_ZN11QThreadPool5startEP9QRunnablei");
@@ -43,6 +54,40 @@ void QThreadPool::start(QRunnable *runnable, int priority) {
 
 void QThreadPool::start(std::function<void()> work, int priority) {
     start(QRunnable::create(std::move(work)), priority);
+}
+
+/// Whoever lets go of a future last frees its results, after all that the others did with them.
+bool QFutureInterfaceBase::derefT() const noexcept {
+    static auto *const derefT = original<bool(const QFutureInterfaceBase *)>("_ZNK20QFutureInterfaceBase6derefTEv");
+    const void *const results = &resultStoreBase();
+    __tsan_release(const_cast<void *>(results));
+    const bool isShared = derefT(this);
+    if (!isShared)
+        __tsan_acquire(const_cast<void *>(results));
+    return isShared;
+}
+
+bool QMetaObject::invokeMethodImpl(QObject *object, QtPrivate::QSlotObjectBase *slot, Qt::ConnectionType type,
+                                   void *result) {
+    static auto *const invoke = original<bool(QObject *, QtPrivate::QSlotObjectBase *, Qt::ConnectionType, void *)>(
+        "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPv");
+    __tsan_release(&postedCalls);
+    return invoke(object, slot, type, result);
+}
+
+void QMetaObject::activate(QObject *sender, const QMetaObject *metaObject, int signal, void **arguments) {
+    static auto *const activate =
+        original<void(QObject *, const QMetaObject *, int, void **)>("_ZN11QMetaObject8activateEP7QObjectPKS_iPPv");
+    __tsan_release(&postedCalls);
+    activate(sender, metaObject, signal, arguments);
+}
+
+bool QApplication::notify(QObject *receiver, QEvent *event) {
+    static auto *const notify =
+        original<bool(QApplication *, QObject *, QEvent *)>("_ZN12QApplication6notifyEP7QObjectP6QEvent");
+    if (event->type() == QEvent::MetaCall)
+        __tsan_acquire(&postedCalls);
+    return notify(this, receiver, event);
 }
 
 /// QProcess starts children in its own memory, where the sanitizer would take the parent for the child and look away
