@@ -56,7 +56,7 @@ TEST(PauseWatch, ReportsWhatComputesOrBlocksForTooLong) {
 
 void expectNone(QList<Pause> (*scenario)(double longest)) {
     for (const Pause &pause : scenario(longestTurn))
-        EXPECT_LE(pause.computed, longestTurn) << qPrintable(pause.cause);
+        ADD_FAILURE() << qPrintable(pause.cause);
 }
 
 TEST(LargeProject, HundredThousandChangedRowsHoldNothingUp) {
