@@ -44,7 +44,7 @@ QCoro::Task<std::optional<QString>> remoteURL(std::shared_ptr<Tool> git, QString
     const QStringList upstream = co_await printedLines(git, args(u"config", u"--get", upstreamKey), directory);
     // "." stands for a branch of this very repository.
     const QString remote = upstream.isEmpty() || upstream.first() == u"." ? u"origin"_s : upstream.first();
-    const QStringList url = co_await printedLines(git, args(u"remote", u"get-url", remote), directory);
+    const QStringList url = co_await printedLines(git, args(u"remote", u"get-url", u"--", remote), directory);
     co_return firstOf(url);
 }
 

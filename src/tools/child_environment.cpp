@@ -21,6 +21,12 @@ constexpr std::pair<QStringView, QStringView> gitConfiguration[] = {
     {u"commit.cleanup", u"verbatim"}, {u"log.showRoot", u"true"},   {u"log.showSignature", u"false"},
 };
 
+// What only looks starts no program that the repository's own configuration names, as far as Git can do without.
+constexpr std::pair<QStringView, QStringView> readingConfiguration[] = {
+    {u"core.fsmonitor", u"false"},
+    {u"core.hooksPath", u"/dev/null"},
+};
+
 // Each project is the repository that its folder says, also where the program was started by a hook or an alias of Git.
 constexpr QStringView repositoryVariables[] = {
     u"GIT_DIR",        u"GIT_WORK_TREE",        u"GIT_INDEX_FILE",
@@ -78,8 +84,11 @@ QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, Ru
         environment.remove(name.toString());
     if (purpose != RunPurpose::repositorySearch && !directory.isEmpty())
         keepInFolder(environment, directory);
-    if (purpose != RunPurpose::userCommand)
+    if (purpose != RunPurpose::userCommand) {
         environment.insert(u"GIT_OPTIONAL_LOCKS"_s, u"0"_s);
+        for (const auto &[key, value] : readingConfiguration)
+            appendGitConfiguration(environment, key.toString(), value.toString());
+    }
     return environment;
 }
 

@@ -15,8 +15,8 @@ QProcessEnvironment childEnvironment(QProcessEnvironment inherited);
 QProcessEnvironment svnChildEnvironment(const QProcessEnvironment &inherited);
 
 /// The same for `git` in `directory` (absolute, or "" for this process's own), which then prints file names as they are
-/// instead of quoting them, takes no lock that it could do without unless the user asked for the run, and looks for its
-/// repository in that folder alone unless it is a search.
+/// instead of quoting them, takes no lock that it could do without and starts no hook and no file-system monitor unless
+/// the user asked for the run, and looks for its repository in that folder alone unless it is a search.
 QProcessEnvironment gitChildEnvironment(const QProcessEnvironment &inherited, RunPurpose purpose,
                                         const QString &directory = {});
 
