@@ -24,7 +24,11 @@ QCoro::Task<QString> svnRoot(std::shared_ptr<Tool> svn, QString folder) {
 QCoro::Task<QString> gitRoot(std::shared_ptr<Tool> git, QString folder, RunPurpose purpose) {
     const SVNCommandResult result =
         co_await git->run(args(u"rev-parse", u"--show-toplevel"), folder, CheckStatus::yes, purpose);
-    co_return toolText(result.stdoutData).trimmed();
+    QString root = toolText(result.stdoutData);
+    // Blanks at its ends are of its name.
+    if (root.endsWith(u'\n'))
+        root.chop(1);
+    co_return root;
 }
 
 /// The root that `search` finds; nothing when it fails or finds none.

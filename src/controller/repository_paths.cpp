@@ -33,9 +33,9 @@ std::optional<QString> urlBelow(const std::optional<QString> &url, const QString
 } // namespace
 
 QString repositoryFolder(const QString &relativeURL) {
-    QString path = QUrl::fromPercentEncoding(relativeURL.toUtf8());
-    path.remove(u'^');
-    return withoutOuterSlashes(path).toString();
+    QString escaped = relativeURL;
+    escaped.remove(u'^');
+    return withoutOuterSlashes(QUrl::fromPercentEncoding(escaped.toUtf8())).toString();
 }
 
 QStringView workingCopyPath(QStringView repositoryPath, QStringView folder) {
