@@ -55,7 +55,7 @@ struct AppProperties {
     QProperty<bool> historyLoaded{false}; ///< a load has succeeded: `logEntries` is the whole log
     QProperty<std::optional<QString>> selectedHistoryPath{};
     QProperty<std::optional<qint64>> selectedRevision{};
-    QProperty<LineChangeSummary> historyLineSummary{}; ///< follows the list later; zero until it is known
+    QProperty<LineChangeSummary> historyLineSummary{}; ///< follows the list later
     QProperty<QString> historyDiffText{};              ///< as printed; "" when no revision is selected
     QProperty<DiffPreview> historyDiffPreview{};       ///< kind `empty`: the diff text alone is shown
     /// The revision that `historyDiffText` and `historyDiffPreview` belong to; published after them.

@@ -60,7 +60,7 @@ QCoro::Task<> AppState::loadArchives() {
 }
 
 QCoro::Task<> AppState::loadArchivesOf(Project project, quint64 generation) {
-    const BusyScope loading(busy, u"Loading archives"_s, BusyKind::load);
+    const BusyScope loading(busy, loadingArchives.toString(), BusyKind::load);
     const quint64 changesBefore = repositoryChanges;
     const QByteArray output = co_await printedLog(toolFor(project.kind), project);
     const QList<QList<LogEntry>> known{archiveEntries, logEntries};

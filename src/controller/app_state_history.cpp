@@ -36,7 +36,7 @@ QCoro::Task<> AppState::loadHistory() {
 QCoro::Task<> AppState::loadHistoryOf(Project project, quint64 generation) {
     const quint64 changesBefore = repositoryChanges;
     {
-        const BusyScope loading(busy, u"Loading history"_s, BusyKind::load);
+        const BusyScope loading(busy, loadingHistory.toString(), BusyKind::load);
         // Without it the paths of a working copy of a branch could not be told apart.
         if (repositoryInfo.value() == RepositoryInfo())
             co_await loadInfo();

@@ -36,11 +36,15 @@ LoadedChanges loadedChanges(StatusRows rows, const WorkingCopyItems &shown, cons
 
 QCoro::Task<> AppState::tabChanged() {
     const WorkflowTab tab = selectedTab;
-    if (tab == WorkflowTab::history && (historyNeedsReload() || logEntries.value().isEmpty()))
+    // A silent server shall not get the same request with each look at the tab.
+    const auto lacks = [this](const QList<LogEntry> &entries, QStringView loading) {
+        return entries.isEmpty() && !busy.isLoading(loading);
+    };
+    if (tab == WorkflowTab::history && (historyNeedsReload() || lacks(logEntries, loadingHistory)))
         return loadHistory();
-    if (tab == WorkflowTab::archives && (archivesNeedsReload() || archiveEntries.value().isEmpty()))
+    if (tab == WorkflowTab::archives && (archivesNeedsReload() || lacks(archiveEntries, loadingArchives)))
         return loadArchives();
-    if (tab == WorkflowTab::incoming && (incoming.incomingNeedsReload() || incomingEntries.value().isEmpty()))
+    if (tab == WorkflowTab::incoming && (incoming.incomingNeedsReload() || lacks(incomingEntries, loadingIncoming)))
         return incoming.loadIncoming();
     if (tab == WorkflowTab::configuration)
         return languageShares.load();

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QProperty>
 #include <QString>
+#include <QStringView>
 #include <QtGlobal>
 
 #include <algorithm>
@@ -29,6 +30,11 @@ struct BusyState {
     void end(Predicate isEnded) {
         running.removeIf(isEnded);
         show();
+    }
+    bool isLoading(QStringView wanted) const {
+        return std::any_of(running.cbegin(), running.cend(), [wanted](const Work &work) {
+            return work.kind == BusyKind::load && work.message == wanted;
+        });
     }
     void endLoads() {
         end([](const Work &work) { return work.kind == BusyKind::load; });

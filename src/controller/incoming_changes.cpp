@@ -1,5 +1,6 @@
 #include "controller/incoming_changes.h"
 
+#include "controller/log_loading.h"
 #include "parsers/line_changes.h"
 #include "tools/arguments.h"
 
@@ -61,7 +62,7 @@ QCoro::Task<> IncomingChanges::load(Project project, quint64 number) {
     const quint64 changesBefore = workspace.repositoryChanges;
     IncomingStatus loaded;
     {
-        const BusyScope loading(workspace.busy, u"Loading incoming"_s, BusyKind::load);
+        const BusyScope loading(workspace.busy, loadingIncoming.toString(), BusyKind::load);
         loaded = co_await loadedStatus(project);
         QList<LogEntry> entries;
         if (workspace.isCurrent(project, number, generation) && !loaded.range.isEmpty())

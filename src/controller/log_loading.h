@@ -15,6 +15,11 @@
 
 namespace kestor {
 
+/// What the program is busy with while it loads a log.
+inline constexpr QStringView loadingHistory = u"Loading history";
+inline constexpr QStringView loadingArchives = u"Loading archives";
+inline constexpr QStringView loadingIncoming = u"Loading incoming";
+
 class ArrivingLog;
 
 /// The vector that prints the whole log of a project.

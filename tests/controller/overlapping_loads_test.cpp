@@ -121,6 +121,17 @@ TEST_F(OverlappingLoads, AnOlderHistoryNeverReplacesTheNewOne) {
     EXPECT_EQ(app->alert.value(), std::nullopt);
 }
 
+TEST_F(OverlappingLoads, LookingAgainAtATabThatStillLoadsAsksForNothing) {
+    loadHistoryOf(0);
+    app->selectedTab = WorkflowTab::history;
+    tasks.push_back(app->tabChanged());
+    EXPECT_EQ(tool->vectors(), QList<QStringList>{log});
+    finish(log, "", 1);
+    ASSERT_TRUE(waitUntil([&] { return !app->busyMessage.value(); }));
+    tasks.push_back(app->tabChanged());
+    EXPECT_TRUE(waitForRun(log, 2));
+}
+
 TEST_F(OverlappingLoads, ARefreshAsksAgainForTheDiffThatASilentServerHolds) {
     loadHistoryOf(0);
     finish(log, printedLog("a.c", {"h0", "h1"}));
