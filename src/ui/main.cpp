@@ -24,8 +24,9 @@ constexpr std::chrono::milliseconds patience = 2s;
 
 kestor::OpenRequest requestOf(int argc, char **argv) {
     const QList<QByteArray> words(argv + qMin(argc, 1), argv + argc);
+    // The second is what older launchers set.
     const QByteArray token = qgetenv("XDG_ACTIVATION_TOKEN");
-    return kestor::openRequest(words, QDir::currentPath(), token);
+    return kestor::openRequest(words, QDir::currentPath(), token.isEmpty() ? qgetenv("DESKTOP_STARTUP_ID") : token);
 }
 
 } // namespace
