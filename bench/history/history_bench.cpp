@@ -14,7 +14,6 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 namespace {
 
-constexpr int revisions = 20000;
 constexpr int paths = 5;
 
 double allocatedBytes() {
@@ -23,7 +22,7 @@ double allocatedBytes() {
 }
 
 void BM_svnLogToRecords(benchmark::State &state) {
-    const QByteArray xml = svnLog(revisions, paths);
+    const QByteArray xml = svnLog(static_cast<int>(state.range(0)), paths);
     runSideBySide(
         state, xml.size(), [&] { bareExpatPass(xml); },
         [&] { benchmark::DoNotOptimize(LogParser::parse(QByteArrayView(xml))); });
@@ -31,7 +30,7 @@ void BM_svnLogToRecords(benchmark::State &state) {
 
 /// The ratio is that of 150 MB/s to the speed.
 void BM_gitLogToRecords(benchmark::State &state) {
-    const QByteArray log = gitLog(revisions, paths);
+    const QByteArray log = gitLog(static_cast<int>(state.range(0)), paths);
     const QString text = QString::fromUtf8(log);
     double best = std::numeric_limits<double>::max();
     for ([[maybe_unused]] auto _ : state) {
@@ -39,6 +38,7 @@ void BM_gitLogToRecords(benchmark::State &state) {
         best = std::min(best, seconds);
         state.SetIterationTime(seconds);
     }
+    state.counters["best_ms"] = best * 1e3;
     const double megabytesPerSecond = static_cast<double>(log.size()) / best / 1e6;
     state.counters["MB_per_s"] = megabytesPerSecond;
     state.counters["ratio"] = 150 / megabytesPerSecond;
@@ -46,6 +46,7 @@ void BM_gitLogToRecords(benchmark::State &state) {
 
 /// From the tool's last byte to what is published.
 void BM_logToGroupedFiles(benchmark::State &state) {
+    constexpr int revisions = 20000;
     const bool isSvn = state.range(0) == 0;
     const QByteArray log = isSvn ? svnLog(revisions, paths) : gitLog(revisions, paths);
     for ([[maybe_unused]] auto _ : state) {
@@ -55,9 +56,9 @@ void BM_logToGroupedFiles(benchmark::State &state) {
     }
 }
 
-/// A million changed paths. The ratios are those to a second and to 200 bytes for each, the log itself included.
+/// The changed paths of a log. The ratios are those to a second and to 200 bytes for each, the log itself included.
 void BM_grouping(benchmark::State &state) {
-    constexpr int changes = 1000000;
+    const auto changes = static_cast<int>(state.range(0));
     const QByteArray log = svnLog(changes / 50, 50);
     const double before = allocatedBytes();
     const QList<LogEntry> entries = LogParser::parse(QByteArrayView(log));
@@ -78,10 +79,16 @@ void BM_grouping(benchmark::State &state) {
     state.counters["ratio_bytes"] = (withGroups - before) / changes / 200;
 }
 
-BENCHMARK(BM_svnLogToRecords)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_gitLogToRecords)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_svnLogToRecords)->Arg(10000)->Arg(20000)->Arg(40000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_gitLogToRecords)->Arg(10000)->Arg(20000)->Arg(40000)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_logToGroupedFiles)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_grouping)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(BM_grouping)
+    ->Arg(250000)
+    ->Arg(500000)
+    ->Arg(1000000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(5);
 
 } // namespace
 } // namespace kestor

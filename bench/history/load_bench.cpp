@@ -5,6 +5,7 @@
 #include "log_samples.h"
 
 #include <QCoreApplication>
+#include <QCoroTimer>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -14,7 +15,10 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 namespace {
 
-/// Answers at once: a log where one is asked for, else nothing.
+constexpr std::chrono::milliseconds untilShown{500};
+
+/// Answers at once: a log where one is asked for, else nothing. Who reads gets its beginning early enough for it to be
+/// shown.
 class PreparedTool final : public Tool {
 public:
     explicit PreparedTool(QByteArray printedLog) : log(std::move(printedLog)) {}
@@ -23,6 +27,13 @@ public:
         SVNCommandResult result;
         if (arguments.first() == u"log"_s && arguments.contains(u"--xml"_s))
             result.stdoutData = log;
+        co_return result;
+    }
+    QCoro::Task<SVNCommandResult> runReading(QStringList, QString, RunPurpose, OutputReader reader) override {
+        reader(QByteArrayView(log).first(log.size() / 2));
+        co_await QCoro::sleepFor(untilShown);
+        SVNCommandResult result;
+        result.stdoutData = log;
         co_return result;
     }
 

@@ -11,11 +11,10 @@ using namespace Qt::StringLiterals;
 namespace kestor {
 namespace {
 
-constexpr int files = 20000;
 constexpr int filesPerFolder = 50;
 
 /// Source files of 1 to 8 kB.
-qint64 writeTree(const QString &root) {
+qint64 writeTree(const QString &root, int files) {
     qint64 bytes = 0;
     for (int i = 0; i < files; ++i) {
         const QString folder = root + u"/part_"_s + QString::number(i / filesPerFolder);
@@ -42,7 +41,7 @@ void runZip(const QString &directory) {
 
 void BM_zip(benchmark::State &state) {
     const QTemporaryDir directory;
-    const qint64 bytes = writeTree(directory.filePath(u"tree"_s));
+    const qint64 bytes = writeTree(directory.filePath(u"tree"_s), static_cast<int>(state.range(0)));
     const auto write = [&directory] {
         const QString failure = writeZip(directory.filePath(u"tree"_s), directory.filePath(u"own.zip"_s), {});
         if (!failure.isEmpty())
@@ -52,7 +51,7 @@ void BM_zip(benchmark::State &state) {
         state, bytes, [&directory] { runZip(directory.path()); }, write);
 }
 
-BENCHMARK(BM_zip)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(BM_zip)->Arg(5000)->Arg(10000)->Arg(20000)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 
 } // namespace
 } // namespace kestor

@@ -111,9 +111,9 @@ BENCHMARK(againstCheckIgnore)->UseManualTime()->Unit(benchmark::kMillisecond)->I
 
 void compileRules(benchmark::State &state) {
     while (state.KeepRunning())
-        benchmark::DoNotOptimize(realisticRules(300));
+        benchmark::DoNotOptimize(realisticRules(static_cast<int>(state.range(0))));
 }
-BENCHMARK(compileRules)->Unit(benchmark::kMicrosecond);
+BENCHMARK(compileRules)->Arg(300)->Arg(600)->Arg(1200)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace kestor

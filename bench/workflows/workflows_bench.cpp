@@ -22,7 +22,7 @@ using testing::runTool;
 using testing::SvnFixture;
 using testing::TempTree;
 
-constexpr int committedFiles = 5000;
+constexpr int committedFiles = 5000; ///< a multiple of eight
 constexpr int deletedFiles = 20000;
 constexpr int filesPerFolder = 100;
 constexpr int commits = 2;
@@ -39,16 +39,19 @@ double seconds(const std::function<void()> &work) {
     return secondsOf(timer);
 }
 
-/// Each round makes what it needs and returns the seconds of the part that counts.
-void compare(const char *name, int rounds, const std::function<double()> &byHand,
-             const std::function<double()> &measured) {
+/// Each round makes what it needs and returns the seconds of the part that counts. A quarter and half of the files tell
+/// how it grows.
+void compare(const QByteArray &name, int files, int rounds, double (*byHand)(), double (*measured)(int files)) {
     double byHandBest = std::numeric_limits<double>::max();
-    double measuredBest = byHandBest;
+    double best[] = {byHandBest, byHandBest, byHandBest};
     for (int round = 0; round < rounds; ++round) {
         byHandBest = std::min(byHandBest, byHand());
-        measuredBest = std::min(measuredBest, measured());
+        for (const int size : {0, 1, 2})
+            best[size] = std::min(best[size], measured(files >> (2 - size)));
     }
-    report(name, measuredBest, "s", byHandBest);
+    report(name, best[2], "s", byHandBest);
+    for (const int size : {0, 1, 2})
+        report("growth/" + name + '/' + QByteArray::number(files >> (2 - size)), best[size], "s");
 }
 
 QString fileName(int number) {
@@ -64,11 +67,11 @@ QStringList fileNames(int first, int step) {
 
 /// Every second file is changed, the others are new.
 template <typename Repository>
-void changeFiles(Repository &repository) {
-    for (int i = 0; i < committedFiles; i += 2)
+void changeFiles(Repository &repository, int count = committedFiles) {
+    for (int i = 0; i < count; i += 2)
         repository.write(fileName(i), "one\n");
     repository.commitAll(u"first"_s);
-    for (int i = 0; i < committedFiles; ++i)
+    for (int i = 0; i < count; ++i)
         repository.write(fileName(i), "two\n");
 }
 
@@ -88,9 +91,9 @@ double commitWithWindow(const QString &path, RepositoryKind kind) {
     return taken;
 }
 
-double commitToSubversion() {
+double commitToSubversion(int count) {
     SvnFixture repository;
-    changeFiles(repository);
+    changeFiles(repository, count);
     return commitWithWindow(repository.path(), RepositoryKind::svn);
 }
 
@@ -106,9 +109,9 @@ double commitToSubversionByHand() {
     });
 }
 
-double commitToGit() {
+double commitToGit(int count) {
     GitFixture repository;
-    changeFiles(repository);
+    changeFiles(repository, count);
     return commitWithWindow(repository.path(), RepositoryKind::git);
 }
 
@@ -122,20 +125,20 @@ double commitToGitByHand() {
     });
 }
 
-QList<UnversionedPath> filledTree(TempTree &tree) {
+QList<UnversionedPath> filledTree(TempTree &tree, int count = deletedFiles) {
     QList<UnversionedPath> paths;
-    for (int i = 0; i < deletedFiles; ++i) {
+    for (int i = 0; i < count; ++i) {
         paths.append({fileName(i), u"src"_s});
         tree.write(fileName(i), "x\n");
     }
     return paths;
 }
 
-double deleteFiles() {
+double deleteFiles(int count) {
     TempTree tree;
-    const QList<UnversionedPath> paths = filledTree(tree);
+    const QList<UnversionedPath> paths = filledTree(tree, count);
     return seconds([&] {
-        if (deleteUnversionedItems(paths, tree.path()).deleted != deletedFiles)
+        if (deleteUnversionedItems(paths, tree.path()).deleted != count)
             qFatal("the deletion failed");
     });
 }
@@ -154,7 +157,7 @@ int main(int argc, char **argv) {
     const QCoreApplication application(argc, argv);
     qputenv("GIT_CONFIG_GLOBAL", "/dev/null");
     qputenv("XDG_DATA_HOME", "/dev/null"); // no trash: what is removed is gone
-    compare("commit of 5,000 files, Subversion", 1, commitToSubversionByHand, commitToSubversion);
-    compare("commit of 5,000 files, Git", commits, commitToGitByHand, commitToGit);
-    compare("deletion of 20,000 unversioned files", deletions, deleteFilesByHand, deleteFiles);
+    compare("commit to Subversion", committedFiles, 1, commitToSubversionByHand, commitToSubversion);
+    compare("commit to Git", committedFiles, commits, commitToGitByHand, commitToGit);
+    compare("deletion of unversioned files", deletedFiles, deletions, deleteFilesByHand, deleteFiles);
 }
