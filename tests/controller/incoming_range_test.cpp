@@ -53,26 +53,5 @@ TEST(IncomingRange, HoldsOnlyWhatLiesAboveTheBaseAndNotAboveTheHead) {
     EXPECT_TRUE(incomingEntriesOf(log + "</log>", range, entries).isSharedWith(entries)) << "publishing it is free";
 }
 
-TEST(IncomingRange, ARevisionOfOneFileIsTold) {
-    const SVNPathChange picture{u"M"_s, u"/my trunk/d/logo.png"_s, u"file"_s};
-    const SVNPathChange folder{u"A"_s, u"/my trunk/d"_s, u"dir"_s};
-    const SVNPathChange elsewhere{u"M"_s, u"/my trunk2/a.c"_s, u"file"_s};
-    const Rows<QList<SVNPathChange>, QString, QString> rows{
-        {"one file", {picture}, u"^/my%20trunk"_s, u"d/logo.png"_s},
-        {"others outside of the working copy", {elsewhere, picture}, u"^/my%20trunk"_s, u"d/logo.png"_s},
-        {"a folder", {folder}, u"^/my%20trunk"_s, {}},
-        {"a folder and a file", {folder, picture}, u"^/my%20trunk"_s, {}},
-        {"two files", {elsewhere, picture}, u"^/"_s, {}},
-        {"a working copy of the root", {picture}, u"^/"_s, u"my trunk/d/logo.png"_s},
-        {"nothing", {}, u"^/"_s, {}},
-    };
-    for (const auto &[name, changes, relativeURL, expected] : rows) {
-        const LogEntry entry{.revision = 7, .paths = changes};
-        const std::optional<ChangedFile> file = onlyChangedFile(entry, {.relativeURL = relativeURL});
-        EXPECT_EQ(file ? file->path : QString(), expected);
-        EXPECT_TRUE(!file || (file->revision.revision == 7 && file->revision.action == u"M"_s));
-    }
-}
-
 } // namespace
 } // namespace kestor

@@ -1,14 +1,11 @@
 #include "controller/deletion.h"
 #include "controller/path_command.h"
-#include "controller/revert_plan.h"
 #include "support/temp_tree.h"
 #include "support/test.h"
 #include "tools/command_result.h"
 
 namespace kestor {
 namespace {
-
-using K = SVNStatusKind;
 
 TEST(PathCommand, HandsManyPathsOverByFile) {
     PathCommand command{{u"commit"_s}, {u"icon@2x.png"_s, u"-dash"_s, u"a[1].c"_s}, {u"-m"_s, u"why"_s}};
@@ -25,17 +22,6 @@ TEST(PathCommand, HandsManyPathsOverByFile) {
     EXPECT_EQ(pathFileContent(RepositoryKind::git, command), QByteArray("two\nlines\0a.c\0", 14));
     command.paths = QStringList(2000, QString(60, u'x'));
     EXPECT_TRUE(needsPathFile(command));
-}
-
-TEST(RevertPlan, OfGitCountsTheOnlyCopiesItWouldDelete) {
-    const QList<WorkingCopyItem> items{
-        {u"m.c"_s, K::modified}, {u"a.c"_s, K::added}, {u"new.c"_s, K::replaced}, {u"n.c"_s, K::unversioned}};
-    const GitRowFacts facts{{{u"new.c"_s, u"old.c"_s}}, {}, {}};
-    const RevertPlan plan = gitRevertPlan(items, facts, GitHead::exists);
-    EXPECT_EQ(revertQuestion(RevertScope::selection, 4, plan.deletions()),
-              u"Revert 4 selected path(s)? Local changes will be discarded. 3 unversioned path(s) will be deleted from "
-              "disk."_s);
-    EXPECT_EQ(revertQuestion(RevertScope::oneRow, 1, 0), u"Revert this path? Local changes will be discarded."_s);
 }
 
 QString refusal(const QString &path, const QString &root) {

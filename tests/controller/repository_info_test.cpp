@@ -33,13 +33,5 @@ TEST(RepositoryInfo, OfAGitProjectSpeaksOfHeadAndItsUpstream) {
     EXPECT_EQ(f.app.repositoryInfo.value().workingRevision, u"(detached)"_s);
 }
 
-TEST(RepositoryInfo, IsShownInTheOutputSheet) {
-    SvnFixture repository;
-    AppFixture f(repository);
-    EXPECT_EQ(f.app.repositoryInfo.value().relativeURL, u"^/trunk"_s);
-    awaited(f.app.showRepositoryInfo());
-    EXPECT_TRUE(contains(f.output().stdoutText, u"Relative URL: ^/trunk\n"_s));
-}
-
 } // namespace
 } // namespace kestor

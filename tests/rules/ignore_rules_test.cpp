@@ -50,13 +50,5 @@ TEST(IgnoreRules, LoadOnlyWhatCanAffectTheCandidates) {
     EXPECT_EQ(patternsOf(IgnoreRules::load(tree.path(u"nowhere"_s), candidates)), QStringList());
 }
 
-TEST(IgnoreRules, KnowWhereNegatedRulesReach) {
-    const IgnoreRules rules = rulesOf({u"a"_s, u"!/b/c"_s});
-    EXPECT_TRUE(rules.hasIncludedDescendant(u""));
-    EXPECT_TRUE(rules.hasIncludedDescendant(u"/b/"));
-    EXPECT_FALSE(rules.hasIncludedDescendant(u"a"));
-    EXPECT_FALSE(rulesOf({u"a"_s}).hasIncludedDescendant(u""));
-}
-
 } // namespace
 } // namespace kestor

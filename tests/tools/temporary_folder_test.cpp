@@ -54,16 +54,6 @@ TEST(TemporaryFolder, OnlyWhatIsSurelyAbandonedIsRemoved) {
     }
 }
 
-TEST(TemporaryFolder, TheRemovalStopsWhenAsked) {
-    TempTree tree;
-    tree.write(u"KestorSVN-"_s + id + u"/file"_s);
-    ::chmod(QFile::encodeName(tree.path(u"KestorSVN-"_s + id)).constData(), 0700);
-    std::stop_source stopping;
-    stopping.request_stop();
-    removeAbandonedFolders(tree.path(), stopping.get_token());
-    EXPECT_EQ(tree.entries().size(), 2);
-}
-
 TEST(TemporaryFolder, LivingOnesLinksAndThoseOfOthersStay) {
     TempTree tree;
     tree.write(u"target/file"_s);

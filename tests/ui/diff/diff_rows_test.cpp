@@ -1,7 +1,6 @@
 #include "sample_diffs.h"
 #include "support/window_test.h"
 #include "ui/diff/diff_rows.h"
-#include "ui/diff/ruler_marks.h"
 
 namespace kestor {
 
@@ -65,19 +64,6 @@ TEST(DiffRows, SeveralFilesHaveHeadsAndFold) {
     }
     const DiffRows folded(document, RowHeights(), {u"one.txt"_s});
     EXPECT_EQ(folded.rowOfLine(3), 0) << "a folded line stands at its file's head";
-}
-
-TEST(RulerMarks, StandBesideTheLinesOrShrinkWithThem) {
-    const DiffDocumentPtr document = diffDocument(testing::oneFileDiff());
-    const DiffRows rows(document, RowHeights{.line = 20, .hunkHead = 20});
-    const auto add = ChangeMarks::addition;
-    const auto remove = ChangeMarks::deletion;
-    EXPECT_EQ(rulerMarks(*document, rows, 300),
-              (std::vector<RulerMark>{{40, 20, remove}, {60, 20, add}, {160, 40, add}}));
-    EXPECT_EQ(rulerMarks(*document, rows, 110),
-              (std::vector<RulerMark>{{20, 10, remove}, {30, 10, add}, {80, 20, add}}));
-    const DiffDocumentPtr large = diffDocument(testing::longDiff(10'000));
-    EXPECT_EQ(rulerMarks(*large, DiffRows(large, RowHeights()), 100), (std::vector<RulerMark>{{0, 100, add}}));
 }
 
 } // namespace

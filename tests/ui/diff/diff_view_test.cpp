@@ -99,11 +99,13 @@ TEST_F(DiffViewTest, ScrollsWhileTheMouseSelectsBeyondTheEdge) {
 
 TEST_F(DiffViewTest, SelectsByKeyboard) {
     show(oneFileDiff());
+    press(Qt::Key_Left, Qt::ShiftModifier);
     press(Qt::Key_Down, Qt::ShiftModifier);
     press(Qt::Key_Right, Qt::ShiftModifier);
     press(Qt::Key_Right, Qt::ShiftModifier | Qt::ControlModifier);
     EXPECT_EQ(copied(), u"first\nsecond "_s);
     press(Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier);
+    press(Qt::Key_PageDown, Qt::ShiftModifier);
     EXPECT_EQ(view.selection()->caret.line, 8);
     EXPECT_GT(scrolled(), 0) << "the caret comes into view";
     press(Qt::Key_A, Qt::ControlModifier);
@@ -161,33 +163,6 @@ TEST_F(DiffViewTest, LineOfMegabytesIsPaintedWhereItIsInView) {
     EXPECT_EQ(view.positionAt(end).index, view.document().lineText(0).size());
     press(Qt::Key_A, Qt::ControlModifier);
     EXPECT_EQ(copied(), view.document().lineText(0).toString());
-}
-
-TEST_F(DiffViewTest, PaintsLinesInTheColorsOfTheTheme) {
-    for (const ColorScheme scheme : {ColorScheme::light, ColorScheme::dark}) {
-        SCOPED_TRACE(scheme == ColorScheme::light ? "light" : "dark");
-        view.setPalette(fallbackPalette(scheme));
-        const Theme theme = themeFor(view.palette());
-        show(oneFileDiff());
-        view.setSelection({{2, 12}, {3, 0}});
-        const QImage image = view.grab().toImage();
-        const int gutter = view.metrics().gutterWidth;
-        const int text = view.metrics().textLeft + 400;
-        const Rows<int, int, QColor> rows{
-            {"current hunk", 0, 1, theme.accent},
-            {"context", 1, text, theme.base},
-            {"removed line", 2, text, theme.delLine},
-            {"its number", 2, gutter, theme.delGutter},
-            {"added line", 3, text, theme.addLine},
-            {"its number", 3, gutter, theme.addGutter},
-            {"selected text", 3, pointAt(3, 13).x(), view.hasFocus() ? theme.selection : theme.selectionIdle},
-        };
-        for (const auto &[name, row, x, color] : rows)
-            EXPECT_EQ(image.pixelColor(x, static_cast<int>(view.rows().top(row)) + 3), color);
-        show(u"+plain\n other\n-gone\n"_s);
-        const QImage plain = view.grab().toImage();
-        EXPECT_EQ(plain.pixelColor(500, static_cast<int>(view.rows().top(2)) + 3), theme.delLine) << "without heads";
-    }
 }
 
 } // namespace

@@ -4,10 +4,6 @@
 #include "ui/list/filter_field.h"
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/changes_tab.h"
-#include "ui/tabs/tick_all_box.h"
-
-#include <algorithm>
-#include <memory>
 
 namespace kestor {
 namespace {
@@ -22,7 +18,6 @@ public:
 
     RowListView &list() { return *tab.findChild<RowListView *>(); }
     FilterField &filter() { return *tab.findChild<FilterField *>(); }
-    QString printed() { return tab.diffPane()->diffView().document().printed; }
     QString pathInBar() {
         for (QAction *action : tab.diffPane()->findChildren<QAction *>()) {
             if (action->text() == u"Copy Path"_s)
@@ -52,19 +47,6 @@ TEST(ChangesTab, OnlyTheUsersChoiceOfARowRunsATool) {
     EXPECT_EQ(app.selectedChangeID.value(), u"c"_s);
     ASSERT_EQ(held.tool->vectors().size(), 1);
     held.tool->finish(held.tool->vectors().first(), ""); // the controller's end would wait for it
-}
-
-TEST(ChangesTab, ShowsTheDiffOfTheRowThatTheUserChooses) {
-    GitFixture repository;
-    repository.commit({{u"a"_s}, {u"b"_s}});
-    repository.writeAll({{u"a"_s, "in a\n"}, {u"b"_s, "in b\n"}});
-    AppFixture fixture;
-    ShownTab shown(fixture.app);
-    fixture.open(repository);
-    EXPECT_TRUE(waitUntil([&] { return shown.printed().contains(u"+in a"_s); }));
-    QTest::keyClick(&shown.list(), Qt::Key_Down);
-    EXPECT_TRUE(waitUntil([&] { return shown.printed().contains(u"+in b"_s); }));
-    EXPECT_EQ(shown.pathInBar(), u"b"_s);
 }
 
 TEST(ChangesTab, ColorsDiffsByTheLanguageRules) {
@@ -127,27 +109,6 @@ TEST(ChangesTab, CallsAProjectUnchangedOnlyAfterALoadThatSucceeded) {
     fixture.open(noRepository.path(), RepositoryKind::git);
     EXPECT_TRUE(startsWith(fixture.alertText(), u"Status Failed"_s));
     EXPECT_FALSE(shown.says(u"No Changes"_s));
-}
-
-TEST(TickAllBox, FollowsTheShownRowsAndAsksOnlyWhileTheyMayChange) {
-    const Rows<TickCounts, Qt::CheckState> rows{
-        {"no row", {}, Qt::Unchecked},
-        {"no row with a box", {.tickable = 2, .ticked = 2}, Qt::Unchecked},
-        {"some", {.tickable = 2, .ticked = 1, .shownTickable = 2, .shownTicked = 1}, Qt::PartiallyChecked},
-        {"all", {.tickable = 3, .ticked = 2, .shownTickable = 2, .shownTicked = 2}, Qt::Checked},
-    };
-    TickAllBox box;
-    QSignalSpy asked(&box, &TickAllBox::requested);
-    for (const auto &[name, counts, state] : rows) {
-        box.showCounts(counts);
-        EXPECT_EQ(box.checkState(), state);
-    }
-    box.setTickAccess(TickAccess::held);
-    box.click();
-    EXPECT_EQ(asked.count(), 0);
-    box.setTickAccess(TickAccess::editable);
-    box.click();
-    EXPECT_EQ(asked.count(), 1);
 }
 
 } // namespace

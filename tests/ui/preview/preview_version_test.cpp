@@ -2,7 +2,6 @@
 #include "support/window_test.h"
 #include "ui/preview/image_shrinking.h"
 #include "ui/preview/preview_version.h"
-#include "ui/preview/zoom_bar.h"
 
 namespace kestor {
 namespace {
@@ -54,27 +53,6 @@ TEST(PreviewVersion, HostileDataIsDescribed) {
         EXPECT_EQ(missingText(version), text);
         EXPECT_EQ(version.isShown(), text.isEmpty());
     }
-}
-
-TEST(PreviewVersion, TwoImagesAreComparedInOneSentence) {
-    const Rows<int, int, int, QString> rows{{"smaller", 2000, 1500, 8, u"Same size, 500 bytes smaller"_s},
-                                            {"larger", 1500, 2000, 9, u"8 × 8 → 9 × 9, 500 bytes larger"_s},
-                                            {"no more, no less", 7, 7, 8, u"Same size, same number of bytes"_s}};
-    const auto version = [](int bytes, int side) {
-        return PreviewVersion{.exists = true, .bytes = bytes, .image = {.size = {side, side}}};
-    };
-    for (const auto &[name, before, after, side, sentence] : rows)
-        EXPECT_EQ(differenceText(version(before, 8), version(after, side)), sentence);
-}
-
-TEST(ZoomBar, StepsToTheNextScaleUpAndDown) {
-    const Rows<double, int, double> rows{{"up", 1, 1, 1.5},
-                                         {"down", 1, -1, 0.75},
-                                         {"from between", 0.8, -1, 0.75},
-                                         {"the largest", 16, 1, 16},
-                                         {"the smallest", 0.01, -1, 0.01}};
-    for (const auto &[name, factor, steps, next] : rows)
-        EXPECT_EQ(steppedFactor(factor, steps), next);
 }
 
 TEST(PreviewVersion, ImagesAreScaledToFitTogether) {

@@ -91,7 +91,7 @@ TEST_F(ProgramStart, HandsItsFoldersToTheRunningWindow) {
     for (const QString &name : names)
         words.append(repository(name));
     tree.write(u"work/file"_s);
-    EXPECT_TRUE(endsWell(start(words + QStringList{u"file"_s, u"gone"_s, QString()})));
+    EXPECT_TRUE(endsWell(start(words + QStringList{u"../work/plain/"_s, u"file"_s, u"gone"_s, QString()})));
     EXPECT_TRUE(waitForProjects(names));
     EXPECT_TRUE(isRunning(first));
 }

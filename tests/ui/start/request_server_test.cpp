@@ -36,6 +36,9 @@ TEST(RequestServer, TakesWholeRequestsAndSurvivesEverythingElse) {
     };
     const OpenRequest request{{u"/a"_s, u"/b c"_s}, "token"};
     const QByteArray message = encoded(request);
+    EXPECT_EQ(decodedRequest(encoded({})), OpenRequest());
+    for (qsizetype size = 0; size < message.size(); ++size)
+        EXPECT_EQ(decodedRequest(message.left(size)), std::nullopt) << size;
     const Row rows[] = {
         {"whole", {message}, true, true},
         {"in pieces", {message.left(9), message.mid(9)}, true, true},
