@@ -27,8 +27,8 @@ TEST(ArchiveNames, KeepOnlyWhatEveryFileSystemTakes) {
 }
 
 void fill(RepositoryFixture &repository) {
-    repository.writeAll({{u"größe/ä b@2x#%.txt"_s, "one\n"}, {u"tool.sh"_s, "#!/bin/sh\n"}});
-    QFile::setPermissions(repository.path(u"tool.sh"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    repository.write(u"größe/ä b@2x#%.txt"_s, "one\n");
+    repository.tree.writeProgram(u"wc/tool.sh"_s, "");
     QFile::link(u"tool.sh"_s, repository.path(u"link"_s));
     repository.commitAll();
     repository.commit({{u"größe/ä b@2x#%.txt"_s, "two\n"}});

@@ -2,8 +2,6 @@
 #include "support/app_test.h"
 #include "tools/svn_preference.h"
 
-#include <QFile>
-
 namespace kestor {
 namespace {
 
@@ -54,10 +52,9 @@ TEST(ArrivingLog, IsShownFromItsBeginningAndNotAfterAFailure) {
         AppFixture f;
         TempTree &tree = f.preferences;
         // Prints the beginning at once and the rest when it is told to.
-        tree.write(u"svn"_s, "#!/bin/sh\ncd \"${0%/*}\"\n[ $1 = log ] || exit 1\ncat first\n"
-                             "until [ -e go ]; do sleep 0.01; done\ncat rest; echo broken pipe >&2; exit " +
-                                 status + "\n");
-        QFile::setPermissions(tree.path(u"svn"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        tree.writeProgram(u"svn"_s, "cd \"${0%/*}\"\n[ $1 = log ] || exit 1\ncat first\n"
+                                    "until [ -e go ]; do sleep 0.01; done\ncat rest; echo broken pipe >&2; exit " +
+                                        status + "\n");
         tree.write(u"first"_s, "<log>" + svnEntry("9", "") + svnEntry("8", ""));
         tree.write(u"rest"_s, svnEntry("7", "") + "</log>");
         f.settings.setValue(svnExecutablePathKey, tree.path(u"svn"_s));

@@ -8,14 +8,6 @@
 namespace kestor {
 namespace {
 
-void writeHook(const QString &path, const QByteArray &script) {
-    QFile hook(path);
-    ASSERT_TRUE(hook.open(QIODevice::WriteOnly));
-    hook.write("#!/bin/sh\n" + script);
-    hook.close();
-    hook.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-}
-
 TEST(Commit, IsRefusedWithoutPathsOrMessage) {
     GitFixture repository;
     AppFixture f;
@@ -130,13 +122,13 @@ TEST(Commit, RefusedByAHookLeavesEverythingAsItWas) {
     svn.commit({{u"m.c"_s, "one\n"}, {u"gone.c"_s, "one\n"}});
     svn.writeAll({{u"m.c"_s, "two\n"}, {u"new/deep/a.c"_s}});
     QFile::remove(svn.path(u"gone.c"_s));
-    writeHook(svn.tree.path(u"repo/hooks/pre-commit"_s), "echo 'no entry today' >&2\nexit 1\n");
+    svn.tree.writeProgram(u"repo/hooks/pre-commit"_s, "echo 'no entry today' >&2\nexit 1\n");
     GitFixture git;
     git.commit({{u"staged.c"_s, "one\n"}});
     git.write(u"staged.c"_s, "two\n");
     git.git(u"add|staged.c"_list);
     git.writeAll({{u"staged.c"_s, "three\n"}, {u"new.c"_s}});
-    writeHook(git.path(u".git/hooks/pre-commit"_s), "echo 'no entry today' >&2\nexit 1\n");
+    git.tree.writeProgram(u"wc/.git/hooks/pre-commit"_s, "echo 'no entry today' >&2\nexit 1\n");
     AppFixture f;
     const Rows<const RepositoryFixture *, QStringList> repositories{{"svn", &svn, u"status"_list},
                                                                     {"git", &git, u"status|--porcelain"_list}};
@@ -159,7 +151,7 @@ TEST(Commit, KilledWhenItIsThereStaysThere) {
     GitFixture repository;
     repository.commit({{u"m.c"_s, "one\n"}});
     repository.write(u"m.c"_s, "two\n");
-    writeHook(repository.path(u".git/hooks/post-commit"_s), "kill -9 $PPID\n");
+    repository.tree.writeProgram(u"wc/.git/hooks/post-commit"_s, "kill -9 $PPID\n");
     AppFixture f(repository);
     f.commit({u"m.c"_s});
     EXPECT_TRUE(startsWith(f.alertText(), u"Commit Failed: "_s));
@@ -216,8 +208,7 @@ TEST(Commit, OfGitFollowsTheIndexWhereTheDiskSaysOtherwise) {
     };
     for (const auto &[name, change, ticked, alert, committed, left] : rows) {
         GitFixture git;
-        git.writeAll({{u"s.env"_s}, {u"m"_s}, {u"staged"_s}, {u"f"_s, "1\n2\n3\n"}, {u"e/a"_s}, {u"t/b"_s}});
-        git.commitAll(u"first"_s);
+        git.commit({{u"s.env"_s}, {u"m"_s}, {u"staged"_s}, {u"f"_s, "1\n2\n3\n"}, {u"e/a"_s}, {u"t/b"_s}});
         git.git(u"tag|first"_list);
         git.writeAll({{u"m"_s, "y\n"}, {u"staged"_s, "y\n"}});
         if (alert == withAll)
@@ -233,8 +224,7 @@ TEST(Commit, OfGitFollowsTheIndexWhereTheDiskSaysOtherwise) {
 
 TEST(Commit, OfWhatWasAddedAndIsGoneInSubversionTakesTheRest) {
     SvnFixture svn;
-    svn.writeAll({{u"m.c"_s, "one\n"}, {u"r.c"_s, "one\n"}});
-    svn.commitAll(u"first"_s);
+    svn.commit({{u"m.c"_s, "one\n"}, {u"r.c"_s, "one\n"}});
     const auto addAndLose = [&svn](const QString &path) {
         svn.write(path);
         svn.svn({u"add"_s, u"-q"_s, u"--parents"_s, path});

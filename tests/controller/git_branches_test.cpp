@@ -8,12 +8,10 @@ namespace {
 class OldGit {
 public:
     OldGit() {
-        tree.write(u"git"_s, "#!/bin/sh\n"
-                             "if [ \"$1\" = switch ]; then\n"
-                             "  echo \"git: 'switch' is not a git command. See 'git --help'.\" >&2; exit 1\n"
-                             "fi\n"
-                             "exec /usr/bin/git \"$@\"\n");
-        QFile::setPermissions(tree.path(u"git"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        tree.writeProgram(u"git"_s, "if [ \"$1\" = switch ]; then\n"
+                                    "  echo \"git: 'switch' is not a git command. See 'git --help'.\" >&2; exit 1\n"
+                                    "fi\n"
+                                    "exec /usr/bin/git \"$@\"\n");
     }
 
 private:
@@ -64,33 +62,24 @@ TEST_F(ClonedBranches, AreOfferedWithoutThePointerOfTheRemoteAndCancelledQuietly
 }
 
 TEST_F(ClonedBranches, AreSwitchedToAndEverythingShownFollows) {
-    const Rows<SwitchTarget, QString, QStringList, QString> rows{
-        {"a remote branch is tracked",
-         {u"origin/topic"_s, true},
-         u"switch --track origin/topic"_s,
-         u"topic|topic"_list,
+    const Rows<QString, bool, QString, QString, QString> rows{
+        {"a remote branch is tracked", u"origin/topic"_s, true, u"--track origin/topic"_s, u"topic"_s,
          u"set up to track"_s},
-        {"a local branch", {u"main"_s, false}, u"switch main"_s, u"main|main"_list, u"up to date"_s},
-        {"a remote branch whose local one exists",
-         {u"origin/topic"_s, true},
-         u"switch topic"_s,
-         u"topic|topic"_list,
+        {"a local branch", u"main"_s, false, u"main"_s, u"main"_s, u"up to date"_s},
+        {"a remote branch whose local one exists", u"origin/topic"_s, true, u"topic"_s, u"topic"_s,
          u"The local branch topic already exists"_s},
-        {"the current branch", {u"topic"_s, false}, u"switch topic"_s, u"topic|topic"_list, u"Already on"_s},
-        {"a typed name that only the remote has",
-         {u"feature/x"_s, false},
-         u"switch feature/x"_s,
-         u"feature/x|feature/x"_list,
+        {"the current branch", u"topic"_s, false, u"topic"_s, u"topic"_s, u"Already on"_s},
+        {"a typed name that only the remote has", u"feature/x"_s, false, u"feature/x"_s, u"feature/x"_s,
          u"set up to track"_s},
     };
     f.showTab(WorkflowTab::history);
-    for (const auto &[name, target, command, wantedShown, says] : rows) {
-        switchTo(target);
+    for (const auto &[name, target, isRemote, arguments, branch, says] : rows) {
+        switchTo({target, isRemote});
         const CommandOutput output = f.output();
-        EXPECT_TRUE(output.commandLine.endsWith(u"git "_s + command)) << output.commandLine.toStdString();
+        EXPECT_TRUE(output.commandLine.endsWith(u"git switch "_s + arguments)) << output.commandLine.toStdString();
         EXPECT_TRUE((output.stdoutText + output.stderrText).contains(says)) << output.stdoutText.toStdString();
-        EXPECT_EQ(shown(), wantedShown);
-        EXPECT_EQ(f.app.logEntries.value().first().message, u"on "_s + wantedShown.first()) << "the visible tab";
+        EXPECT_EQ(shown(), (QStringList{branch, branch}));
+        EXPECT_EQ(f.app.logEntries.value().first().message, u"on "_s + branch) << "the visible tab";
     }
 }
 
@@ -120,8 +109,7 @@ TEST_F(ClonedBranches, StayWhenTheSwitchFails) {
 }
 
 TEST_F(ClonedBranches, AreShownTrueWhenAHookFailsAfterTheSwitch) {
-    origin.tree.write(u"clone/.git/hooks/post-checkout"_s, "#!/bin/sh\necho no lfs >&2\nexit 2\n");
-    QFile::setPermissions(path() + u"/.git/hooks/post-checkout"_s, QFile::ReadOwner | QFile::ExeOwner);
+    origin.tree.writeProgram(u"clone/.git/hooks/post-checkout"_s, "echo no lfs >&2\nexit 2\n");
     switchTo({u"topic"_s, false});
     EXPECT_TRUE(f.alertText().contains(u"no lfs"_s));
     EXPECT_EQ(shown(), u"topic|topic"_list);

@@ -172,12 +172,11 @@ TEST_F(Setup, RefusesBeforeAnyToolRuns) {
 TEST_F(Setup, NamesWhatAFailedCheckoutLeft) {
     SvnFixture repository;
     repository.commit({{u"a.txt"_s}, {u"b.txt"_s}});
-    // Checks everything out and then fails, as when the connection breaks; with "empty" it leaves a mere folder.
-    tree.write(u"bin/svn"_s, "#!/bin/sh\n"
-                             "[ \"$1\" = checkout ] || exec /usr/bin/svn \"$@\"\n"
-                             "case \"$3\" in *bare) mkdir \"$3\"; touch \"$3/part\";; *) /usr/bin/svn \"$@\";; esac\n"
-                             "echo 'svn: E170013: Connection lost' >&2; exit 1\n");
-    QFile::setPermissions(tree.path(u"bin/svn"_s), QFile::ReadOwner | QFile::ExeOwner);
+    // Checks everything out and then fails, as when the connection breaks; to "bare" it leaves a mere folder.
+    tree.writeProgram(u"bin/svn"_s,
+                      "[ \"$1\" = checkout ] || exec /usr/bin/svn \"$@\"\n"
+                      "case \"$3\" in *bare) mkdir \"$3\"; touch \"$3/part\";; *) /usr/bin/svn \"$@\";; esac\n"
+                      "echo 'svn: E170013: Connection lost' >&2; exit 1\n");
     const EnvironmentVariable path("PATH", QFile::encodeName(tree.path(u"bin"_s)) + ':' + qgetenv("PATH"));
     const QString url = repository.url(u"trunk"_s);
     checkOut(url, u"bare"_s);
@@ -236,8 +235,7 @@ TEST_F(Setup, EndsQuietlyWhenAQuestionIsCancelled) {
 }
 
 TEST_F(Setup, NamesTheRepositoryWhoseWorkingCopyCouldNotBeCheckedOut) {
-    tree.write(u"svn"_s, "#!/bin/sh\necho no room; exit 1\n");
-    QFile::setPermissions(tree.path(u"svn"_s), QFile::ReadOwner | QFile::ExeOwner);
+    tree.writeProgram(u"svn"_s, "echo no room; exit 1\n");
     f.settings.setValue(u"KestorSVN.svnExecutablePath"_s, tree.path(u"svn"_s));
     create(u"Demo"_s);
     EXPECT_EQ(f.alertText(),

@@ -63,8 +63,7 @@ public:
               longest, [this] { return f.app.busyMessage.value().value_or(QString()); },
               [this](const Pause &pause) { pauses.append(pause); }) {
         // Prints the file that is called like the subcommand.
-        tree.write(u"svn"_s, "#!/bin/sh\nexec cat \"${0%/*}/$1\"\n");
-        QFile::setPermissions(tree.path(u"svn"_s), QFile::ReadOwner | QFile::ExeOwner);
+        tree.writeProgram(u"svn"_s, "exec cat \"${0%/*}/$1\"\n");
         f.settings.setValue(svnExecutablePathKey, tree.path(u"svn"_s));
         prints(u"info"_s, "<info><entry path='.'><relative-url>^/trunk</relative-url></entry></info>");
         prints(u"status"_s, printedStatus(3));

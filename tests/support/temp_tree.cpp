@@ -21,6 +21,11 @@ void TempTree::write(const QString &relative, const QByteArray &content) {
         qFatal("cannot write %s", qPrintable(relative));
 }
 
+void TempTree::writeProgram(const QString &relative, const QByteArray &script) {
+    write(relative, "#!/bin/sh\n" + script);
+    QFile::setPermissions(path(relative), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
 void TempTree::makeDirectory(const QString &relative) {
     QDir().mkpath(path(relative));
 }

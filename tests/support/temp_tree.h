@@ -27,6 +27,8 @@ public:
         for (const WrittenFile &file : files)
             write(file.path, file.content);
     }
+    /// Writes a shell script that can be run.
+    void writeProgram(const QString &relative, const QByteArray &script);
     void makeDirectory(const QString &relative);
     QByteArray read(const QString &relative) const;
     bool exists(const QString &relative) const;
