@@ -108,15 +108,10 @@ TEST(HistoryCommands, GitTakesANameForANameAndAPatternForAPattern) {
 
 TEST(HistoryCommands, PullingOverLocalChangesAsksFirst) {
     GitFixture repository;
-    repository.writeAll({{u"d/f.c"_s, "1\n"},
-                         {u".env"_s, "1\n"},
-                         {u"conf/c"_s, "1\n"},
-                         {u".gitignore"_s, "*.o\n"},
-                         {u"clean.c"_s, "1\n"}});
-    repository.commitAll(u"first"_s);
+    repository.write(u".gitignore"_s, "*.o\n");
+    repository.commit(u"d/f.c|.env|conf/c|clean.c"_list, "1\n");
     repository.git(u"rm|-q|--cached|.env|conf/c"_list);
-    repository.write(u".gitignore"_s, "*.o\n.env\nconf/\n");
-    repository.commitAll(u"second"_s);
+    repository.commit({{u".gitignore"_s, "*.o\n.env\nconf/\n"}});
     repository.writeAll({{u"d/f.c"_s, "mine\n"}, {u".env"_s, "mine\n"}, {u"e/x.o"_s}, {u"e/clean.c"_s}});
     repository.git(u"add|e/clean.c"_list);
     repository.git(u"commit|-q|-m|third|--|e"_list);

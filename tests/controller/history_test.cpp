@@ -217,12 +217,10 @@ TEST(History, ShowsBothVersionsOfAPicture) {
             EXPECT_EQ(preview.newData, after);
         }
     }
-    svn.write(u"old/p.png"_s, "\x89PNG one");
-    svn.commitAll(u"fourth"_s);
+    svn.commit({{u"old/p.png"_s, "\x89PNG one"}});
     svn.svn(u"update|-q"_list);
     svn.svn(u"move|-q|old|new"_list);
-    svn.write(u"new/p.png"_s, "\x89PNG two");
-    svn.commitAll(u"fifth"_s);
+    svn.commit({{u"new/p.png"_s, "\x89PNG two"}});
     HistoryFixture moved(svn);
     moved.select(u"new/p.png"_s);
     EXPECT_EQ(moved.app.historyDiffPreview.value().oldData, "\x89PNG one") << "changed while its folder moved";

@@ -156,8 +156,7 @@ TEST(Projects, LeaveNoDecisionOnATickToTheNext) {
     GitFixture one;
     GitFixture two;
     for (GitFixture *repository : {&one, &two}) {
-        repository->write(u"a.c"_s);
-        repository->commitAll(u"first"_s);
+        repository->commit({{u"a.c"_s}});
         repository->write(u"a.c"_s, "changed\n");
     }
     AppFixture f(one);

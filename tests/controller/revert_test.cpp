@@ -89,8 +89,7 @@ using Losses = Rows<std::function<void(Fixture &)>, QString, int, QStringList>;
 template <typename Fixture>
 void expectNothingIsLost(const Losses<Fixture> &losses) {
     Fixture repository;
-    repository.writeAll({{u"d/g.c"_s, "one\n"}, {u"f.c"_s, "one\n"}});
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"d/g.c"_s, "one\n"}, {u"f.c"_s, "one\n"}});
     repository.tree.write(u"out/g.c"_s, "outside\n");
     AppFixture f(repository);
     for (const auto &[name, change, path, count, trashed] : losses) {
@@ -128,71 +127,58 @@ void replaceByFolder(Fixture &repository) {
 
 TEST(Revert, InSubversionTrashesWhatTheToolTakesFromTheDisk) {
     using R = SvnFixture;
+    const auto moveFolder = [](R &r) {
+        r.svn(u"move|-q|d|moved"_list);
+        r.writeAll({{u"moved/g.c"_s, "edited\n"}, {u"moved/todo.txt"_s}});
+    };
+    const auto copyFile = [](R &r) {
+        r.svn(u"copy|-q|f.c|icon@2x.c@"_list);
+        r.write(u"icon@2x.c"_s, "edited\n");
+    };
+    const auto deleteFolder = [](R &r) {
+        r.svn(u"delete|-q|--keep-local|d"_list);
+        r.write(u"d/g.c"_s, "anew\n");
+    };
+    const auto copyIntoNewFolder = [](R &r) {
+        r.svn(u"mkdir|-q|new"_list);
+        r.svn(u"copy|-q|f.c|new/f.c"_list);
+    };
     expectNothingIsLost<R>({
-        {"moved folder, with what is new in it",
-         [](R &r) {
-             r.svn(u"move|-q|d|moved"_list);
-             r.writeAll({{u"moved/g.c"_s, "edited\n"}, {u"moved/todo.txt"_s}});
-         },
-         {},
-         2,
-         u"moved"_list},
-        {"copied file with edits",
-         [](R &r) {
-             r.svn(u"copy|-q|f.c|icon@2x.c@"_list);
-             r.write(u"icon@2x.c"_s, "edited\n");
-         },
-         u"icon@2x.c"_s, 1, u"icon@2x.c"_list},
+        {"moved folder, with what is new in it", moveFolder, {}, 2, u"moved"_list},
+        {"copied file with edits", copyFile, u"icon@2x.c"_s, 1, u"icon@2x.c"_list},
         {"folder at a file", replaceByFolder<R>, u"f.c"_s, 1, u"f.c"_list},
         {"file at a folder", replaceByFile<R>, {}, 1, u"d"_list},
         {"file above a file", replaceByFile<R>, u"d/g.c"_s, 1, u"d"_list},
         {"link above a file", replaceByLink<R>, u"d/g.c"_s, 1, u"d"_list},
-        {"deleted folder, written anew",
-         [](R &r) {
-             r.svn(u"delete|-q|--keep-local|d"_list);
-             r.write(u"d/g.c"_s, "anew\n");
-         },
-         u"d"_s, 1, u"d"_list},
-        {"copy in an added folder stays",
-         [](R &r) {
-             r.svn(u"mkdir|-q|new"_list);
-             r.svn(u"copy|-q|f.c|new/f.c"_list);
-         },
-         u"new"_s,
-         0,
-         {}},
+        {"deleted folder, written anew", deleteFolder, u"d"_s, 1, u"d"_list},
+        {"copy in an added folder stays", copyIntoNewFolder, u"new"_s, 0, {}},
     });
 }
 
 TEST(Revert, InGitTrashesWhatTheToolTakesFromTheDisk) {
     using R = GitFixture;
+    const auto stageFolder = [](R &r) {
+        replaceByFolder(r);
+        r.git(u"add|--all"_list);
+    };
+    const auto nestRepository = [](R &r) {
+        QFile::remove(r.path(u"f.c"_s));
+        r.git(u"init|-q|f.c"_list);
+        r.git(u"-C|f.c|-c|user.name=a|-c|user.email=b|commit|-q|--allow-empty|-m|work"_list);
+    };
     expectNothingIsLost<R>({
         {"folder at a file", replaceByFolder<R>, u"f.c"_s, 1, u"f.c"_list},
-        {"staged folder at a file",
-         [](R &r) {
-             replaceByFolder(r);
-             r.git(u"add|--all"_list);
-         },
-         {},
-         1,
-         u"f.c"_list},
+        {"staged folder at a file", stageFolder, {}, 1, u"f.c"_list},
         {"file at a folder", replaceByFile<R>, {}, 1, u"d"_list},
         {"link above a file", replaceByLink<R>, u"d/g.c"_s, 1, u"d"_list},
-        {"repository at a file",
-         [](R &r) {
-             QFile::remove(r.path(u"f.c"_s));
-             r.git(u"init|-q|f.c"_list);
-             r.git(u"-C|f.c|-c|user.name=a|-c|user.email=b|commit|-q|--allow-empty|-m|work"_list);
-         },
-         u"f.c"_s, 1, u"f.c"_list},
+        {"repository at a file", nestRepository, u"f.c"_s, 1, u"f.c"_list},
     });
 }
 
 TEST(Revert, ThatFailsPutsBackWhatItTookFromTheDisk) {
     const TrashFixture trash;
     GitFixture repository;
-    repository.write(u"f.c"_s);
-    repository.commitAll(u"first"_s);
+    repository.commit({{u"f.c"_s}});
     replaceByFolder(repository);
     repository.write(u"new/n.c"_s);
     AppFixture f(repository);
@@ -208,9 +194,8 @@ TEST(Revert, InGitLeavesWhatStandsAtAnOldNameAlone) {
     const TrashFixture trash;
     GitFixture repository;
     repository.git(u"config|status.renames|copies"_list);
-    repository.writeAll(
+    repository.commit(
         {{u"old.c"_s, "one\ntwo\nthree\n"}, {u"origin.c"_s, "four\nfive\nsix\n"}, {u"cached.c"_s, "one\n"}});
-    repository.commitAll();
     repository.git(u"mv|old.c|new.c"_list);
     repository.writeAll(
         {{u"old.c"_s, "precious\n"}, {u"copy.c"_s, "four\nfive\nsix\n"}, {u"origin.c"_s, "four\nfive\nedited\n"}});
@@ -250,14 +235,11 @@ TEST(Revert, OfAGitConflictWorksForEachSide) {
 
 TEST(Revert, OfEverythingEndsWhatWaitsForACommitInGit) {
     GitFixture repository;
-    repository.write(u"f.c"_s, "base\n");
-    repository.commitAll(u"base"_s);
+    repository.commit({{u"f.c"_s, "base\n"}});
     repository.git(u"checkout|-q|-b|side"_list);
-    repository.write(u"f.c"_s, "side\n");
-    repository.commitAll(u"side"_s);
+    repository.commit({{u"f.c"_s, "side\n"}});
     repository.git(u"checkout|-q|main"_list);
-    repository.write(u"f.c"_s, "main\n");
-    repository.commitAll(u"main"_s);
+    repository.commit({{u"f.c"_s, "main\n"}});
     AppFixture f(repository);
     const Rows<QString> rows{
         {"merge", u"MERGE_HEAD"_s}, {"cherry-pick", u"CHERRY_PICK_HEAD"_s}, {"revert", u"REVERT_HEAD"_s}};
@@ -286,6 +268,7 @@ TEST(Revert, OfAnAddedGitFileGoesThroughTheTrashOrNotAtAll) {
     EXPECT_EQ(repository.read(u"m.c"_s), "two\n");
     const TrashFixture working;
     awaited(f.app.revertAllPaths());
+    EXPECT_TRUE(f.user.asked.last().endsWith(u". 1 unversioned path(s) will be deleted from disk."_s));
     EXPECT_EQ(working.files(), u"a.c"_list);
     EXPECT_TRUE(f.rows().isEmpty());
 }

@@ -34,8 +34,7 @@ TEST(WorkingDiff, BelievesTheToolsWordsAboutBinaryFiles) {
 
 TEST(WorkingDiff, IsSvnsOwnWhateverTheUsersConfigurationNames) {
     SvnFixture repository;
-    repository.write(u"a.c"_s, "a\n");
-    repository.commitAll(u"a"_s);
+    repository.commit({{u"a.c"_s, "a\n"}});
     repository.write(u"a.c"_s, "a \n");
     repository.tree.write(u"settings/config"_s, "[helpers]\ndiff-cmd = false\ndiff-extensions = -w\n");
     const QStringList settings{u"--config-dir"_s, repository.tree.path(u"settings"_s)};

@@ -5,9 +5,15 @@
 namespace kestor {
 namespace {
 
-constexpr SVNStatusKind ignored = SVNStatusKind::ignored;
-constexpr SVNStatusKind modified = SVNStatusKind::modified;
-constexpr SVNStatusKind unversioned = SVNStatusKind::unversioned;
+/// "M path", "? path" or "I path" of every item; a blank for none of these.
+QList<WorkingCopyItem> itemsOf(const QStringList &lines) {
+    const QMap<QChar, SVNStatusKind> kinds{
+        {u'M', SVNStatusKind::modified}, {u'?', SVNStatusKind::unversioned}, {u'I', SVNStatusKind::ignored}};
+    QList<WorkingCopyItem> items;
+    for (const QString &line : lines)
+        items.append({.path = line.sliced(2), .kind = kinds.value(line[0], WorkingCopyItem().kind)});
+    return items;
+}
 
 QStringList pathsOf(const QList<WorkingCopyItem> &items) {
     QStringList paths;
@@ -32,47 +38,30 @@ protected:
 };
 
 TEST_F(StatusFilter, HidesAndExpands) {
-    const WorkingCopyItem newFolder{.path = u"new/"_s, .kind = unversioned};
-    const Rows<QByteArray, QList<WorkingCopyItem>, QStringList> rows{
-        {"sorted like a file manager",
-         "",
-         {{.path = u"dir/f10"_s, .kind = modified}, {.path = u"dir/f9"_s, .kind = modified}},
-         u"dir/f9|dir/f10"_list},
-        {"the first of two spellings stays",
-         "",
-         {{.path = u"dir/f9"_s, .kind = modified}, {.path = u"dir//f9"_s, .kind = unversioned}, {.path = u"."_s}},
-         u"dir/f9"_list},
-        {"versioned changes are hidden too", "f9\n", {{.path = u"dir/f9"_s, .kind = modified}}, {}},
-        {"an item that the tool ignores", "", {{.path = u"dir/f9"_s, .kind = ignored}}, {}},
-        {"an item that a rule brings back", "!f9\n", {{.path = u"dir/f9"_s, .kind = ignored}}, u"dir/f9"_list},
-        {"a rule file inside the folder counts",
-         "",
-         {newFolder},
+    const QStringList newFolder = u"? new/"_list;
+    const Rows<QByteArray, QStringList, QStringList> rows{
+        {"sorted like a file manager", "", u"M dir/f10|M dir/f9"_list, u"dir/f9|dir/f10"_list},
+        {"the first of two spellings stays", "", u"M dir/f9|? dir//f9|  ."_list, u"dir/f9"_list},
+        {"versioned changes are hidden too", "f9\n", u"M dir/f9"_list, {}},
+        {"an item that the tool ignores", "", u"I dir/f9"_list, {}},
+        {"an item that a rule brings back", "!f9\n", u"I dir/f9"_list, u"dir/f9"_list},
+        {"a rule file inside the folder counts", "", newFolder,
          u"new/.gitignore|new/a.txt|new/build/z|new/e|new/y.log"_list},
-        {"a rule file inside brings back what an outer one ignores",
-         "*.log\nbuild\na.txt\n",
-         {newFolder},
+        {"a rule file inside brings back what an outer one ignores", "*.log\nbuild\na.txt\n", newFolder,
          u"new/.gitignore|new/build/z|new/e|new/y.log"_list},
-        {"an ignored folder", "new/\n", {newFolder}, {}},
-        {"a folder and a file in it, both reported",
-         "*.log\n/new/e\n",
-         {{.path = u"new/a.txt"_s, .kind = unversioned}, newFolder},
+        {"an ignored folder", "new/\n", newFolder, {}},
+        {"a folder and a file in it, both reported", "*.log\n/new/e\n", u"? new/a.txt|? new/"_list,
          u"new/.gitignore|new/a.txt|new/build/z|new/y.log"_list},
-        {"an empty folder is itself", "", {{.path = u"hollow"_s, .kind = unversioned}}, u"hollow"_list},
-        {"a folder with metadata only is itself", "", {{.path = u"bare"_s, .kind = unversioned}}, u"bare"_list},
-        {"a folder whose contents are all ignored is dropped",
-         "*.o\nsub\n",
-         {{.path = u"objects"_s, .kind = unversioned}},
-         {}},
-        {"a link to a folder is itself", "", {{.path = u"link"_s, .kind = unversioned}}, u"link"_list},
-        {"a changed folder is not expanded", "", {{.path = u"dir"_s, .kind = modified}}, u"dir"_list},
-        {"a folder rule spares a file", "f9/\n", {{.path = u"dir/f9"_s, .kind = modified}}, u"dir/f9"_list},
-        {"names that look like syntax",
-         "",
-         {{.path = u"-x \"y\""_s, .kind = unversioned}, {.path = u"a\nb -> c"_s, .kind = unversioned}},
-         u"-x \"y\"|a\nb -> c"_list},
+        {"an empty folder is itself", "", u"? hollow"_list, u"hollow"_list},
+        {"a folder with metadata only is itself", "", u"? bare"_list, u"bare"_list},
+        {"a folder whose contents are all ignored is dropped", "*.o\nsub\n", u"? objects"_list, {}},
+        {"a link to a folder is itself", "", u"? link"_list, u"link"_list},
+        {"a changed folder is not expanded", "", u"M dir"_list, u"dir"_list},
+        {"a folder rule spares a file", "f9/\n", u"M dir/f9"_list, u"dir/f9"_list},
+        {"names that look like syntax", "", u"? -x \"y\"|? a\nb -> c"_list, u"-x \"y\"|a\nb -> c"_list},
     };
-    for (const auto &[name, rules, items, expected] : rows) {
+    for (const auto &[name, rules, lines, expected] : rows) {
+        const QList<WorkingCopyItem> items = itemsOf(lines);
         tree.write(u".gitignore"_s, rules);
         FolderReader folders(tree.path(), u".svn"_s);
         const QList<WorkingCopyItem> shown = displayedStatusItems(items, folders);
@@ -82,7 +71,7 @@ TEST_F(StatusFilter, HidesAndExpands) {
         const IgnoreRules found = ignoreRulesForStatusItems(items, tree.path(), expand);
         EXPECT_EQ(statusItemsByApplyingIgnoreRules(items, tree.path(), found, expand), shown);
     }
-    EXPECT_EQ(pathsOf(statusItemsByApplyingIgnoreRules({newFolder}, tree.path(), {}, ExpandUnversioned::no)),
+    EXPECT_EQ(pathsOf(statusItemsByApplyingIgnoreRules(itemsOf(newFolder), tree.path(), {}, ExpandUnversioned::no)),
               u"new"_list);
 }
 

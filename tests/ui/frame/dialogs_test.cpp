@@ -63,19 +63,12 @@ TEST_F(Dialogs, ConfirmationAnswersOnlyContinueWithYes) {
 }
 
 TEST_F(Dialogs, PromptFocusesTheFirstEmptyFieldAndTrims) {
-    const Rows<QList<PromptField>, int, QString, QMap<QString, QString>> rows{
-        {"the empty one",
-         {{u"a"_s, u"A"_s, u" kept "_s}, {u"b"_s, u"B"_s, {}}},
-         1,
-         u"\t new "_s,
-         u"a=kept|b=new"_answer},
-        {"the first when none is empty, its text replaced",
-         {{u"a"_s, u"A"_s, u"old"_s}, {u"b"_s, u"B"_s, u"x"_s}},
-         0,
-         u"new"_s,
-         u"a=new|b=x"_answer},
+    const Rows<QString, QString, int, QString, QMap<QString, QString>> rows{
+        {"the empty one", u" kept "_s, {}, 1, u"\t new "_s, u"a=kept|b=new"_answer},
+        {"the first when none is empty, its text replaced", u"old"_s, u"x"_s, 0, u"new"_s, u"a=new|b=x"_answer},
     };
-    for (const auto &[name, fields, focusedField, typed, expected] : rows) {
+    for (const auto &[name, first, second, focusedField, typed, expected] : rows) {
+        const QList<PromptField> fields{{u"a"_s, u"A"_s, first}, {u"b"_s, u"B"_s, second}};
         std::optional<Texts> answer;
         keep(interaction.prompt(u"Title"_s, fields), &answer);
         auto *edit = dialog()->findChildren<QLineEdit *>().at(focusedField);

@@ -9,18 +9,11 @@ namespace {
 TEST(WindowState, ComesBackAsItWasSaved) {
     const TempTree tree;
     const QString file = tree.path(u"window.conf"_s);
-    const WindowState state{
-        QByteArray("\0\xff geometry", 11),
-        QRect(-1900, 20, 1000, 700),
-        300,
-        true,
-        500,
-        700,
-        130,
-        220,
-        HistorySizes{300, 800, 350},
-        3,
-        {{DiffPreviewKind::image, DetailForm::text}, {DiffPreviewKind::audio, DetailForm::preview}}};
+    const FormChoices forms{{DiffPreviewKind::image, DetailForm::text}, {DiffPreviewKind::audio, DetailForm::preview}};
+    const QByteArray geometry("\0\xff geometry", 11);
+    const QRect frame(-1900, 20, 1000, 700);
+    const HistorySizes sizes{300, 800, 350};
+    const WindowState state{geometry, frame, 300, true, 500, 700, 130, 220, sizes, 3, forms};
     {
         QSettings settings(file, QSettings::IniFormat);
         saveWindowState(settings, state);
