@@ -2,8 +2,6 @@
 #include "model/size_text.h"
 #include "support/app_test.h"
 
-#include <sys/stat.h>
-
 namespace kestor {
 namespace {
 

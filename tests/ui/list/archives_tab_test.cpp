@@ -1,11 +1,7 @@
 #include "support/app_test.h"
 #include "support/window_test.h"
-#include "ui/list/filter_field.h"
-#include "ui/list/revision_header.h"
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/archives_tab.h"
-
-#include <algorithm>
 
 namespace kestor {
 namespace {

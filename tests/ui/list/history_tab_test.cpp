@@ -1,14 +1,11 @@
 #include "support/app_test.h"
 #include "support/window_test.h"
 #include "ui/diff/diff_pane.h"
-#include "ui/list/filter_field.h"
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/history_tab.h"
 #include "ui/tabs/revision_head.h"
 
 #include <QTextEdit>
-
-#include <algorithm>
 
 namespace kestor {
 namespace {

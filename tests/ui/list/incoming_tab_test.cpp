@@ -4,8 +4,6 @@
 #include "ui/list/row_list_view.h"
 #include "ui/tabs/incoming_tab.h"
 
-#include <algorithm>
-
 namespace kestor {
 namespace {
 

