@@ -20,13 +20,9 @@ TEST(FileHeading, ReadsTheLinesAboveTheFirstHunk) {
         {"git, renamed",
          u"diff --git a/o p b/n p\nrename from o p\nrename to n p\n--- a/o p\n+++ b/n p\n@@ -1 +1 @@\n+a\n"_s,
          {u"n p"_s, u"o p"_s, modified}},
-        {"svn, new file",
-         u"Index: x\n====\n--- x\t(nonexistent)\n+++ x\t(working copy)\n@@ -0,0 +1 @@\n+a\n"_s,
-         {u"x"_s, {}, SVNStatusKind::added}},
         {"removed comment that looks like a header",
          u"Index: x.sql\n--- x.sql\t(revision 2)\n+++ x.sql\t(working copy)\n@@ -1 +1 @@\n--- a comment\n+b\n"_s,
          {u"x.sql"_s, {}, modified}},
-        {"no hunks", u"diff --git a/x.png b/x.png\nBinary files differ\n"_s, {u"x.png"_s, {}, modified}},
         {"renamed without hunks", u"diff --git a/o b/n\nrename from o\nrename to n\n"_s, {u"n"_s, u"o"_s, modified}},
     };
     for (const auto &[name, text, heading] : rows) {

@@ -1,7 +1,6 @@
 #include "support/pause_scenarios.h"
 #include "support/window_test.h"
 
-#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QThread>
 

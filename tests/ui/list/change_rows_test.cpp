@@ -26,12 +26,8 @@ TEST(ChangeRows, SaysWhatEachStatusMeans) {
     victim.treeConflict = true;
     const Rows<WorkingCopyItem, Tick, QChar, bool, LabelKind, QString> rows{
         {"modified", item(u"a"_s), Tick::ticked, u'M', true, LabelKind::plain, u"a, Modified, ticked"_s},
-        {"missing", item(u"a"_s, Kind::missing), Tick::unticked, u'!', true, LabelKind::plain,
-         u"a, Missing, not ticked"_s},
         {"properties alone are outlined", item(u"a"_s, Kind::normal, Kind::added), Tick::unticked, u'A', false,
          LabelKind::plain, u"a, Normal, Props A, not ticked"_s},
-        {"content wins over properties", item(u"a"_s, Kind::replaced, Kind::modified), Tick::ticked, u'R', true,
-         LabelKind::plain, u"a, Replaced, Props M, ticked"_s},
         {"conflict", item(u"a"_s, Kind::conflicted), Tick::unticked, u'C', true, LabelKind::conflict,
          u"a, Conflict, not ticked"_s},
         {"tree conflict", victim, Tick::unticked, u'C', true, LabelKind::conflict, u"a, Tree Conflict, not ticked"_s},
