@@ -40,6 +40,12 @@ const auto exportTrunk = [](Session &s) {
     return s.app.setup.exportRepository();
 };
 
+const auto makeRemote = [](Session &s) {
+    s.user.promptAnswer->insert(u"url"_s, s.user.promptAnswer->value(u"url"_s) + u"/made"_s);
+    s.user.promptAnswer->insert(u"message"_s, u"m"_s);
+    return s.app.setup.makeRemoteDirectory();
+};
+
 const auto showConfiguration = [](Session &s) {
     s.app.selectedTab = WorkflowTab::configuration;
     return s.app.tabChanged();
@@ -85,6 +91,7 @@ const Row rows[] = {
      "(Create SVN Repository Failed|Preferences Not Saved)", elsewhere, svn},
     {"check out", [](Session &s) { return s.app.setup.checkoutRepository(); },
      "(Checkout Failed|Preferences Not Saved)", elsewhere},
+    {"remote directory", makeRemote, "Remote Directory Failed", reading | disk, svn},
     {"import", [](Session &s) { return s.app.setup.importDirectory(); }, "Import Failed", tool | disk, svn},
     {"export", exportTrunk, "Export Failed", reading | disk, svn},
     {"language rule", addLanguage, "Preferences Not Saved", preferences, svn},
