@@ -2,6 +2,7 @@
 
 #include "ui/look/control_look.h"
 #include "ui/look/icons.h"
+#include "ui/look/menu_look.h"
 #include "ui/look/metrics.h"
 #include "ui/look/theme.h"
 
@@ -21,6 +22,8 @@ void EdgeStyle::drawControl(ControlElement element, const QStyleOption *option, 
     if (item == nullptr)
         return QProxyStyle::drawControl(element, option, painter, widget);
     const Theme theme = themeFor(item->palette);
+    if (item->menuItemType == QStyleOptionMenuItem::Separator && item->text.isEmpty())
+        return paintMenuSeparator(*painter, item->rect, theme);
     QStyleOptionMenuItem shown(*item);
     shown.palette.setColor(QPalette::Highlight, theme.selection);
     shown.palette.setColor(QPalette::HighlightedText, theme.text);
@@ -64,6 +67,12 @@ void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
         break;
     case PE_PanelButtonTool:
         draw = paintToolButton;
+        break;
+    case PE_PanelMenu:
+        draw = paintMenuPanel;
+        break;
+    case PE_FrameMenu:
+        draw = paintMenuEdge;
         break;
     default:
         return QProxyStyle::drawPrimitive(element, option, painter, widget);
