@@ -4,6 +4,7 @@
 #include "ui/look/icons.h"
 #include "ui/look/menu_look.h"
 #include "ui/look/metrics.h"
+#include "ui/look/scroll_bar_look.h"
 #include "ui/look/theme.h"
 
 #include <QPainter>
@@ -34,6 +35,9 @@ void EdgeStyle::drawControl(ControlElement element, const QStyleOption *option, 
 
 void EdgeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                                    const QWidget *widget) const {
+    const auto *range = qstyleoption_cast<const QStyleOptionSlider *>(option);
+    if (control == CC_ScrollBar && range != nullptr)
+        return paintScrollBar(*painter, *range, *this, widget);
     const auto *box = qstyleoption_cast<const QStyleOptionComboBox *>(option);
     if (control != CC_ComboBox || box == nullptr || box->editable)
         return QProxyStyle::drawComplexControl(control, option, painter, widget);

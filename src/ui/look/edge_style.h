@@ -4,8 +4,9 @@
 
 namespace kestor {
 
-/// Fusion with the edges of the window's own palette: tick boxes, text fields, framed editors, combo boxes, buttons and
-/// menus stay visible in the dark, where Fusion's own edges vanish, and focus is always shown. Main thread only.
+/// Fusion with the edges of the window's own palette: tick boxes, text fields, framed editors, combo boxes, buttons,
+/// menus and scroll bars stay visible in the dark, where Fusion's own edges vanish, and focus is always shown. Main
+/// thread only.
 class EdgeStyle final : public QProxyStyle {
     Q_OBJECT
 
