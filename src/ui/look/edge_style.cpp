@@ -5,13 +5,23 @@
 #include "ui/look/menu_look.h"
 #include "ui/look/metrics.h"
 #include "ui/look/scroll_bar_look.h"
+#include "ui/look/slider_look.h"
 #include "ui/look/theme.h"
 
 #include <QPainter>
 #include <QPlainTextEdit>
+#include <QSlider>
 #include <QStyleOption>
 
 namespace kestor {
+
+namespace {
+
+bool isPlainSlider(const QStyleOptionSlider &slider) {
+    return slider.orientation == Qt::Horizontal && slider.tickPosition == QSlider::NoTicks;
+}
+
+} // namespace
 
 EdgeStyle::EdgeStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
@@ -38,6 +48,8 @@ void EdgeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     const auto *range = qstyleoption_cast<const QStyleOptionSlider *>(option);
     if (control == CC_ScrollBar && range != nullptr)
         return paintScrollBar(*painter, *range, *this, widget);
+    if (control == CC_Slider && range != nullptr && isPlainSlider(*range))
+        return paintSlider(*painter, *range, *this, widget);
     const auto *box = qstyleoption_cast<const QStyleOptionComboBox *>(option);
     if (control != CC_ComboBox || box == nullptr || box->editable)
         return QProxyStyle::drawComplexControl(control, option, painter, widget);

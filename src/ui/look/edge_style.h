@@ -5,8 +5,8 @@
 namespace kestor {
 
 /// Fusion with the edges of the window's own palette: tick boxes, text fields, framed editors, combo boxes, buttons,
-/// menus and scroll bars stay visible in the dark, where Fusion's own edges vanish, and focus is always shown. Main
-/// thread only.
+/// menus, scroll bars and sliders stay visible in the dark, where Fusion's own edges vanish, and focus is always shown.
+/// Main thread only.
 class EdgeStyle final : public QProxyStyle {
     Q_OBJECT
 
