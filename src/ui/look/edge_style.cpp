@@ -1,5 +1,6 @@
 #include "ui/look/edge_style.h"
 
+#include "ui/look/button_label.h"
 #include "ui/look/control_look.h"
 #include "ui/look/icons.h"
 #include "ui/look/menu_look.h"
@@ -17,6 +18,10 @@ namespace kestor {
 
 namespace {
 
+bool hasIconAndText(const QStyleOptionButton &button) {
+    return !button.icon.isNull() && !button.text.isEmpty();
+}
+
 bool isPlainSlider(const QStyleOptionSlider &slider) {
     return slider.orientation == Qt::Horizontal && slider.tickPosition == QSlider::NoTicks;
 }
@@ -25,22 +30,29 @@ bool isPlainSlider(const QStyleOptionSlider &slider) {
 
 EdgeStyle::EdgeStyle() : QProxyStyle(QStringLiteral("fusion")) {}
 
-/// The chosen item of a menu looks like the selected row of a list. A bold one that cannot be chosen is a heading.
 void EdgeStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                             const QWidget *widget) const {
-    const bool isInMenu = element == CE_MenuItem || element == CE_MenuBarItem;
-    const auto *item = isInMenu ? qstyleoption_cast<const QStyleOptionMenuItem *>(option) : nullptr;
-    if (item == nullptr)
-        return QProxyStyle::drawControl(element, option, painter, widget);
-    const Theme theme = themeFor(item->palette);
-    if (item->menuItemType == QStyleOptionMenuItem::Separator && item->text.isEmpty())
-        return paintMenuSeparator(*painter, item->rect, theme);
-    QStyleOptionMenuItem shown(*item);
+    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    if (item != nullptr && (element == CE_MenuItem || element == CE_MenuBarItem))
+        return drawMenuItem(element, *item, *painter, widget);
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    if (element == CE_PushButtonLabel && button != nullptr && hasIconAndText(*button))
+        return paintButtonLabel(*painter, *button, *this);
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
+
+/// The chosen item of a menu looks like the selected row of a list. A bold one that cannot be chosen is a heading.
+void EdgeStyle::drawMenuItem(ControlElement element, const QStyleOptionMenuItem &item, QPainter &painter,
+                             const QWidget *widget) const {
+    const Theme theme = themeFor(item.palette);
+    if (item.menuItemType == QStyleOptionMenuItem::Separator && item.text.isEmpty())
+        return paintMenuSeparator(painter, item.rect, theme);
+    QStyleOptionMenuItem shown(item);
     shown.palette.setColor(QPalette::Highlight, theme.selection);
     shown.palette.setColor(QPalette::HighlightedText, theme.text);
-    if (item->font.bold())
+    if (item.font.bold())
         shown.palette.setColor(QPalette::Disabled, QPalette::Text, theme.muted);
-    QProxyStyle::drawControl(element, &shown, painter, widget);
+    QProxyStyle::drawControl(element, &shown, &painter, widget);
 }
 
 void EdgeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
@@ -63,7 +75,11 @@ void EdgeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
 QSize EdgeStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
                                   const QWidget *widget) const {
     const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-    return type == CT_PushButton ? size.expandedTo({0, leastControlHeight}) : size;
+    if (type != CT_PushButton)
+        return size;
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    const bool needsGap = button != nullptr && hasIconAndText(*button); // a button counts 4 px for it
+    return (size + QSize(needsGap ? gap - smallGap : 0, 0)).expandedTo({0, leastControlHeight});
 }
 
 void EdgeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,

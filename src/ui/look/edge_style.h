@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionMenuItem;
+
 namespace kestor {
 
 /// Fusion with the edges of the window's own palette: tick boxes, text fields, framed editors, combo boxes, buttons,
@@ -26,6 +28,10 @@ public:
     /// Every menu bar makes the icon for what has no room in it. Fusion's would load all plugins for images at start.
     QIcon standardIcon(StandardPixmap standard, const QStyleOption *option = nullptr,
                        const QWidget *widget = nullptr) const override;
+
+private:
+    void drawMenuItem(ControlElement element, const QStyleOptionMenuItem &item, QPainter &painter,
+                      const QWidget *widget) const;
 };
 
 } // namespace kestor
