@@ -120,6 +120,9 @@ int EdgeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
         return tickBoxSide;
+    case PM_TabBarTabShiftVertical: // the count of a tab would jump when the tab is chosen
+    case PM_TabBarTabShiftHorizontal:
+        return 0;
     case PM_DefaultFrameWidth: // what an editor shows would cover the frame of the focus
         return qobject_cast<const QPlainTextEdit *>(widget) ? 2 : QProxyStyle::pixelMetric(metric, option, widget);
     default:
