@@ -141,6 +141,13 @@ void DiffPane::showNothing(const QString &explanation) {
     showMessage({}, explanation);
 }
 
+void DiffPane::showWaiting(const DiffSubject &newSubject) {
+    subject = newSubject;
+    bar->setTitle({subject.item, subject.path, {}});
+    showMessage({}, {});
+    placeholder->setAccessibleName(subject.path);
+}
+
 void DiffPane::showNotice(const DiffSubject &newSubject, const QString &message) {
     subject = newSubject;
     bar->setTitle({subject.item, subject.path, {}});

@@ -47,6 +47,8 @@ public:
     void showDiff(const DiffSubject &newSubject, const QString &text);
     /// An empty bar and `explanation` in the middle.
     void showNothing(const QString &explanation);
+    /// The subject's title above nothing, while nothing else can be shown.
+    void showWaiting(const DiffSubject &newSubject);
     /// The file's name and `message` in the middle, for a file that is not shown as text.
     void showNotice(const DiffSubject &newSubject, const QString &message);
 

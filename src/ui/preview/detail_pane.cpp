@@ -89,4 +89,9 @@ void DetailPane::showNothing(const QString &explanation) {
     pane->showNothing(explanation);
 }
 
+void DetailPane::showWaiting(const DiffSubject &awaited) {
+    showFile({}, {}, {});
+    pane->showWaiting(awaited);
+}
+
 } // namespace kestor

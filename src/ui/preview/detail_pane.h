@@ -27,6 +27,9 @@ public:
     /// An empty bar and `explanation` in the middle.
     void showNothing(const QString &explanation);
 
+    /// The title of what is being loaded, while there is nothing before it that could stay.
+    void showWaiting(const DiffSubject &awaited);
+
     const FormChoices &formChoices() const { return choices; }
     void setFormChoices(const FormChoices &newChoices) { choices = newChoices; }
     /// Keys, focus and text size are its; what it shows is this pane's alone.

@@ -15,10 +15,13 @@ void ChangeDetail::show() {
         shownPath = std::nullopt;
         return pane.showNothing(tr("(select a changed file)"));
     }
-    if (app.diffPath.value() != item->path)
-        return;
-    shownPath = item->path;
-    pane.showFile({item->path, item}, app.diffText, app.diffPreview);
+    const DiffSubject subject{item->path, item};
+    if (app.diffPath.value() == item->path) {
+        shownPath = item->path;
+        pane.showFile(subject, app.diffText, app.diffPreview);
+    } else if (!shownPath) {
+        pane.showWaiting(subject);
+    }
 }
 
 } // namespace kestor

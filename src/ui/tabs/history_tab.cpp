@@ -139,15 +139,15 @@ void HistoryTab::showDetail() {
     }
     detail->head().setRevision(revisionText(*revision));
     detail->head().show();
-    if (app.historyDiffID.value() == selected())
-        showDiff(*revision);
-}
-
-void HistoryTab::showDiff(const FileHistoryRevision &revision) {
-    shown = app.historyDiffID;
-    const WorkingCopyItem item{.path = shown->path, .kind = statusKindOfAction(revision.action)};
-    detail->pane().showFile({shown->path, item, revision.displayRevision()}, app.historyDiffText,
-                            app.historyDiffPreview);
+    const QString path = *app.selectedHistoryPath.value();
+    const WorkingCopyItem item{.path = path, .kind = statusKindOfAction(revision->action)};
+    const DiffSubject subject{path, item, revision->displayRevision()};
+    if (app.historyDiffID.value() == selected()) {
+        shown = app.historyDiffID;
+        detail->pane().showFile(subject, app.historyDiffText, app.historyDiffPreview);
+    } else if (!shown) {
+        detail->pane().showWaiting(subject);
+    }
 }
 
 void HistoryTab::chooseFile(const QString &path) {

@@ -55,7 +55,6 @@ private:
     void showRevisions();
     void showEmptyText();
     void showDetail();
-    void showDiff(const FileHistoryRevision &revision);
 
     std::optional<FileRevisionID> selected() const;
     void chooseFile(const QString &path);

@@ -113,6 +113,8 @@ void IncomingTab::showDetail() {
     detail->head().show();
     if (app.incomingDiffRevision.value() == entry->revision)
         showDiff(*entry);
+    else if (!shown)
+        detail->pane().showWaiting({.revision = entry->displayRevision()});
 }
 
 void IncomingTab::showDiff(const LogEntry &entry) {

@@ -42,6 +42,9 @@ TEST(ChangesTab, OnlyTheUsersChoiceOfARowRunsATool) {
     app.changes = items + QList<WorkingCopyItem>{{.path = u"c"_s, .kind = SVNStatusKind::modified}};
     EXPECT_EQ(app.selectedChangeID.value(), u"b"_s);
     EXPECT_EQ(shown.list().currentId(), u"b"_s);
+    HeldApp::settle();
+    EXPECT_EQ(shown.pathInBar(), u"b"_s) << "also before its diff is there";
+    EXPECT_FALSE(shown.says(u"(select a changed file)"_s));
     EXPECT_EQ(held.tool->vectors(), QList<QStringList>());
     QTest::keyClick(&shown.list(), Qt::Key_Down);
     EXPECT_EQ(app.selectedChangeID.value(), u"c"_s);
