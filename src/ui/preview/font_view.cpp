@@ -1,5 +1,6 @@
 #include "ui/preview/font_view.h"
 
+#include "ui/look/focus_frame.h"
 #include "ui/look/theme.h"
 
 #include <QEvent>
@@ -38,11 +39,16 @@ void FontView::changeEvent(QEvent *event) {
         applyLook();
 }
 
-/// Too wide lines are made smaller as a whole.
 void FontView::paintEvent(QPaintEvent *) {
+    if (!colored.isNull())
+        paintLines();
+    if (hasFocus())
+        paintFocusFrame(*this);
+}
+
+/// Too wide lines are made smaller as a whole.
+void FontView::paintLines() {
     QPainter painter(this);
-    if (colored.isNull())
-        return;
     QSizeF size = colored.deviceIndependentSize();
     const QSizeF room(width() - 2 * sampleMargin, height());
     if (size.width() > room.width() || size.height() > room.height()) {

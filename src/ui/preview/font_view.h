@@ -21,6 +21,7 @@ protected:
 
 private:
     void applyLook();
+    void paintLines();
 
     QImage lines;
     QImage colored;

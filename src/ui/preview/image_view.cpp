@@ -1,5 +1,6 @@
 #include "ui/preview/image_view.h"
 
+#include "ui/look/focus_frame.h"
 #include "ui/preview/worker_release.h"
 
 #include <QEvent>
@@ -148,8 +149,14 @@ QRectF ImageView::imagePlace() const {
 }
 
 void ImageView::paintEvent(QPaintEvent *event) {
+    paintContent(event->rect());
+    if (hasFocus())
+        paintFocusFrame(*viewport());
+}
+
+void ImageView::paintContent(const QRect &exposed) {
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), theme.base);
+    painter.fillRect(exposed, theme.base);
     if (image.size.isEmpty())
         return;
     const QRectF place = imagePlace();
@@ -176,6 +183,16 @@ void ImageView::paintImage(QPainter &painter, const QRectF &place, const QRectF 
 void ImageView::resizeEvent(QResizeEvent *event) {
     QAbstractScrollArea::resizeEvent(event);
     updateScrollBars();
+}
+
+void ImageView::focusInEvent(QFocusEvent *event) {
+    QAbstractScrollArea::focusInEvent(event);
+    viewport()->update();
+}
+
+void ImageView::focusOutEvent(QFocusEvent *event) {
+    QAbstractScrollArea::focusOutEvent(event);
+    viewport()->update();
 }
 
 void ImageView::wheelEvent(QWheelEvent *event) {

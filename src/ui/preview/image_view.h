@@ -32,6 +32,8 @@ signals:
 protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void changeEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -45,6 +47,7 @@ private:
     void updateScrollBars();
     bool isScaled() const;
     void prepareScaled();
+    void paintContent(const QRect &exposed);
     void paintImage(QPainter &painter, const QRectF &place, const QRectF &visible) const;
 
     Theme theme;
