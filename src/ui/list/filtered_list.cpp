@@ -49,16 +49,23 @@ QWidget *FilteredList::body() {
 }
 
 void FilteredList::connectParts() {
-    connect(filterField, &QLineEdit::textChanged, this, [this](const QString &text) {
-        rows.setFilter(ListFilter(text));
-        updateCounts();
-    });
+    connect(filterField, &QLineEdit::textChanged, this, &FilteredList::narrow);
     connect(filterField, &FilterField::leaveRequested, rowList, qOverload<>(&QWidget::setFocus));
     connect(filterField, &FilterField::firstMatchRequested, this, &FilteredList::enterList);
     connect(filterField, &QLineEdit::returnPressed, this, &FilteredList::enterList);
     connect(rowList, &RowListView::filterRequested, this, &FilteredList::focusFilter);
     connect(placeholder, &Placeholder::buttonClicked, this, &FilteredList::clickedPlaceholder);
     connect(&rows, &RowModel::modelReset, this, &FilteredList::updateCounts);
+}
+
+/// A current row that comes back is brought into view: the rows before it that the filter left may be all that there
+/// is room for.
+void FilteredList::narrow(const QString &text) {
+    const bool wasHidden = !rowList->currentIndex().isValid();
+    rows.setFilter(ListFilter(text));
+    updateCounts();
+    if (wasHidden)
+        rowList->scrollTo(rowList->currentIndex());
 }
 
 void FilteredList::enterList() {

@@ -53,6 +53,7 @@ private:
     QWidget *bar();
     QWidget *body();
     void connectParts();
+    void narrow(const QString &text);
     void enterList();
     void updateCounts();
     void clickedPlaceholder();

@@ -102,6 +102,20 @@ TEST(ChangesTab, KeepsTheFilterTextOfEachProject) {
     EXPECT_EQ(shown.tab.filterText(), u"doc"_s);
 }
 
+TEST(ChangesTab, ACurrentRowThatTheFilterHidIsInViewWhenItComesBack) {
+    const HeldApp held(RepositoryKind::git);
+    ShownTab shown(*held.app);
+    QList<WorkingCopyItem> items;
+    for (int number = 100; number < 200; ++number)
+        items.append({.path = u"f%1"_s.arg(number), .kind = SVNStatusKind::modified});
+    held.app->changes = items;
+    held.app->selectedChangeID = u"f105"_s;
+    for (const QString &typed : u"f19|"_list)
+        shown.filter().setText(typed);
+    ASSERT_EQ(shown.list().currentIndex().row(), 5);
+    EXPECT_TRUE(shown.list().viewport()->rect().contains(shown.list().visualRect(shown.list().currentIndex())));
+}
+
 TEST(ChangesTab, CallsAProjectUnchangedOnlyAfterALoadThatSucceeded) {
     const GitFixture clean;
     const TempTree noRepository;
