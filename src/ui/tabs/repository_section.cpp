@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QPainter>
 #include <QToolButton>
 
 #include <algorithm>
@@ -21,7 +22,17 @@ namespace {
 
 constexpr int labelWidth = 136;
 
-/// Shows its beginning when there is no room for all of it.
+/// Can be selected. Without room for all of it the middle is left out, until it has the focus.
+class ValueField final : public QLineEdit {
+protected:
+    void paintEvent(QPaintEvent *event) override {
+        if (hasFocus() || fontMetrics().horizontalAdvance(text()) <= width())
+            return QLineEdit::paintEvent(event);
+        QPainter(this).drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                                fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
+    }
+};
+
 void showValue(QLineEdit &field, const QString &value) {
     field.setText(value);
     field.setCursorPosition(0);
@@ -29,7 +40,7 @@ void showValue(QLineEdit &field, const QString &value) {
 }
 
 QLineEdit *valueField(const RepositoryField &field, const QFont &font) {
-    auto *value = new QLineEdit;
+    auto *value = new ValueField;
     showValue(*value, field.value);
     value->setReadOnly(true);
     value->setFrame(false);

@@ -16,6 +16,9 @@ namespace kestor {
 
 namespace {
 
+/// The width from which the buttons say what their icons mean.
+constexpr int roomForTexts = 440;
+
 /// The edge around the table.
 class TableFrame final : public QWidget {
 public:
@@ -40,8 +43,8 @@ protected:
 
 RulesSection::RulesSection(AppState &shownState, QWidget *parent)
     : DetailSection(tr("Custom Language Rules"), parent), state(shownState),
-      add(new QPushButton(icon(Icon::plus), tr("Add Rule"))),
-      remove(new QPushButton(icon(Icon::minus), tr("Remove Rule"))), rules(new RuleTable) {
+      add(new QPushButton(icon(Icon::plus), QString())), remove(new QPushButton(icon(Icon::minus), QString())),
+      rules(new RuleTable) {
     addButtons();
     body().addWidget(new TableFrame(rules));
     auto *caption = new ToneLabel(tr("A rule wins over the built-in language of its extension."), Tone::muted);
@@ -54,16 +57,26 @@ RulesSection::RulesSection(AppState &shownState, QWidget *parent)
 }
 
 void RulesSection::addButtons() {
-    for (QPushButton *button : {add, remove}) {
-        giveRoom(*button);
+    add->setAccessibleName(tr("Add Rule"));
+    remove->setAccessibleName(tr("Remove Rule"));
+    for (QPushButton *button : {add, remove})
         addToHeading(button);
-    }
     add->setToolTip(tr("Add a rule for files of one extension"));
     remove->setToolTip(tr("Remove the selected rule (Del)"));
     connect(add, &QPushButton::clicked, this,
             [this] { rules->beginRule(state.languageRules.addCustomLanguageRule()); });
     connect(remove, &QPushButton::clicked, this,
             [this] { state.languageRules.removeCustomLanguageRule(rules->currentRule().value_or(QUuid())); });
+}
+
+/// The heading is never cut for the texts of the buttons.
+void RulesSection::resizeEvent(QResizeEvent *event) {
+    DetailSection::resizeEvent(event);
+    const bool hasRoom = width() >= scaledWidth(roomForTexts, font());
+    for (QPushButton *button : {add, remove}) {
+        button->setText(hasRoom ? button->accessibleName() : QString());
+        giveRoom(*button);
+    }
 }
 
 void RulesSection::connectTable() {

@@ -20,6 +20,9 @@ public:
 
     RuleTable &table() { return *rules; }
 
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
 private:
     void addButtons();
     void connectTable();
