@@ -5,11 +5,10 @@
 #include "ui/look/icons.h"
 #include "ui/look/metrics.h"
 #include "ui/look/segmented_switch.h"
-#include "ui/look/theme.h"
+#include "ui/look/tone_label.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLocale>
 #include <QToolButton>
 
@@ -36,9 +35,9 @@ double steppedFactor(double factor, int steps) {
 }
 
 ZoomBar::ZoomBar(QWidget *parent)
-    : QWidget(parent), sentence(new QLabel(this)),
+    : QWidget(parent), sentence(new ToneLabel(QString(), Tone::muted, this)),
       modes(new SegmentedSwitch({u"Fit"_s, u"100 %"_s}, u"Image Size"_s, this)),
-      smaller(flatButton(Icon::minus, u"Smaller"_s, this)), percent(new QLabel(this)),
+      smaller(flatButton(Icon::minus, u"Smaller"_s, this)), percent(new ToneLabel(QString(), Tone::muted, this)),
       larger(flatButton(Icon::plus, u"Larger"_s, this)) {
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -51,8 +50,7 @@ ZoomBar::ZoomBar(QWidget *parent)
     layout->addWidget(percent);
     layout->addWidget(larger);
     setRowHeight(*layout, leastControlHeight);
-    sentence->setTextFormat(Qt::PlainText);
-    sentence->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    sentence->setElideMode(Qt::ElideRight);
     percent->setAlignment(Qt::AlignCenter);
     percent->setAccessibleName(u"Scale"_s);
     connect(modes, &SegmentedSwitch::chosen, this, [this](int index) {
@@ -64,12 +62,11 @@ ZoomBar::ZoomBar(QWidget *parent)
     });
     connect(smaller, &QToolButton::clicked, this, [this] { emit factorRequested(steppedFactor(shownFactor, -1)); });
     connect(larger, &QToolButton::clicked, this, [this] { emit factorRequested(steppedFactor(shownFactor, 1)); });
-    applyLook();
+    fitPercent();
 }
 
 void ZoomBar::setSentence(const QString &text) {
     sentence->setText(text);
-    sentence->setToolTip(text);
 }
 
 void ZoomBar::showZoom(const Zoom &zoom) {
@@ -81,18 +78,14 @@ void ZoomBar::showZoom(const Zoom &zoom) {
     larger->setEnabled(zoom.factor < factors.back());
 }
 
-void ZoomBar::applyLook() {
-    QPalette mutedPalette = palette();
-    mutedPalette.setColor(QPalette::WindowText, themeFor(palette()).muted);
-    for (QLabel *const label : {sentence, percent})
-        label->setPalette(mutedPalette);
+void ZoomBar::fitPercent() {
     percent->setFixedWidth(percent->fontMetrics().horizontalAdvance(u" 1600 % "_s));
 }
 
 void ZoomBar::changeEvent(QEvent *event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
-        applyLook();
+    if (event->type() == QEvent::FontChange)
+        fitPercent();
 }
 
 } // namespace kestor

@@ -2,12 +2,12 @@
 
 #include <QWidget>
 
-class QLabel;
 class QToolButton;
 
 namespace kestor {
 
 class SegmentedSwitch;
+class ToneLabel;
 
 /// How large images are shown.
 struct Zoom {
@@ -38,12 +38,12 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void applyLook();
+    void fitPercent();
 
-    QLabel *sentence;
+    ToneLabel *sentence;
     SegmentedSwitch *modes;
     QToolButton *smaller;
-    QLabel *percent;
+    ToneLabel *percent;
     QToolButton *larger;
     double shownFactor = 1;
 };
