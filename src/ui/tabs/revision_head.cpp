@@ -20,6 +20,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 
 namespace kestor {
@@ -32,6 +33,19 @@ constexpr int mostLines = 6;
 /// Laying out more would hold up the window. Copy Message takes all of it.
 constexpr qsizetype mostShown = 8000;
 constexpr Qt::TextInteractionFlags selectable = Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard;
+
+/// Without the blank lines below the first: it stands out in bold already.
+QString withoutBlankLines(QString message) {
+    const qsizetype summaryEnd = message.indexOf(u'\n');
+    if (summaryEnd < 0)
+        return message;
+    const auto isText = [](QChar c) {
+        return !c.isSpace();
+    };
+    const auto body = std::find_if(message.cbegin() + summaryEnd, message.cend(), isText);
+    const qsizetype lastBreak = QStringView(message.cbegin(), body).lastIndexOf(u'\n');
+    return message.remove(summaryEnd, lastBreak - summaryEnd);
+}
 
 } // namespace
 
@@ -88,7 +102,7 @@ void RevisionHead::setRevision(const RevisionText &wanted) {
 
 /// A summary in bold, and beneath it the rest as it was written.
 void RevisionHead::fillMessage() {
-    const QString whole = messageSummary(text.message);
+    const QString whole = withoutBlankLines(messageSummary(text.message));
     message->setPlainText(whole.size() > mostShown ? whole.first(mostShown) + u'…' : whole);
     QTextCursor cursor(message->document()->firstBlock());
     cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);

@@ -86,7 +86,7 @@ TEST(HistoryTab, FilesLeadToTheirRevisionsAndThoseToTheirDiffs) {
     EXPECT_EQ(shown.revisions().currentIndex().row(), 0);
     HeldApp::settle();
     EXPECT_TRUE(shown.diff().document().printed.contains(u"+one"_s));
-    EXPECT_EQ(shown.tab.findChild<QTextEdit *>()->toPlainText(), u"Change a\n\nand add b"_s);
+    EXPECT_EQ(shown.tab.findChild<QTextEdit *>()->toPlainText(), u"Change a\nand add b"_s);
 }
 
 TEST(HistoryTab, OneKeyWalksThroughAllHunksAndBack) {
