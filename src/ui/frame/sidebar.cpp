@@ -71,6 +71,10 @@ QWidget *Sidebar::head() {
     connect(filter, &QLineEdit::returnPressed, this, &Sidebar::selectFirst);
     connect(filter, &FilterField::firstMatchRequested, this, &Sidebar::enterList);
     connect(filter, &FilterField::leaveRequested, this, &Sidebar::endFinding);
+    connect(filter, &FilterField::left, this, [this] {
+        if (filter->text().isEmpty() && !filter->isHidden())
+            endFinding();
+    });
     return bar;
 }
 

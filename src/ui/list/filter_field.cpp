@@ -70,6 +70,19 @@ void FilterField::keyPressEvent(QKeyEvent *event) {
     }
 }
 
+/// Menus and other windows give it back.
+void FilterField::focusOutEvent(QFocusEvent *event) {
+    QLineEdit::focusOutEvent(event);
+    switch (event->reason()) {
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+    case Qt::ActiveWindowFocusReason:
+        break;
+    default:
+        emit left();
+    }
+}
+
 void FilterField::resizeEvent(QResizeEvent *event) {
     QLineEdit::resizeEvent(event);
     placeCount();

@@ -21,9 +21,12 @@ signals:
     void firstMatchRequested();
     /// Esc in an empty field: back to the list.
     void leaveRequested();
+    /// The user gave the focus to another part of the window.
+    void left();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
 

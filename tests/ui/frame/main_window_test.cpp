@@ -256,6 +256,10 @@ TEST_F(Window, FindsAProjectByItsName) {
     EXPECT_FALSE(field->isVisible());
     EXPECT_EQ(part<ProjectListView>()->rows().rowCount(), 2);
     dismissAlert();
+    QTest::keyClick(window.get(), Qt::Key_P, Qt::ControlModifier);
+    EXPECT_TRUE(field->isVisible());
+    part<ProjectListView>()->setFocus();
+    EXPECT_FALSE(field->isVisible()) << "left empty";
 }
 
 TEST_F(Window, SwitchesTabsAlsoWhileBusy) {
