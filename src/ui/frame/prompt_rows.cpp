@@ -1,6 +1,7 @@
 #include "ui/frame/prompt_rows.h"
 
 #include "ui/look/accent_button.h"
+#include "ui/look/control_size.h"
 #include "ui/look/derived_font.h"
 #include "ui/look/metrics.h"
 #include "ui/look/tone_label.h"
@@ -22,7 +23,7 @@ constexpr int rowsWidth = 520;
 constexpr int rowSpacing = 8;
 constexpr int labelWidth = 126;
 constexpr int labelGap = 10;
-constexpr int controlWidth = 382;
+constexpr int leastControlWidth = 382;
 
 QDialogButtonBox *buttons(QDialog *dialog, const QString &accepting) {
     auto *box = new QDialogButtonBox(dialog);
@@ -41,7 +42,7 @@ PromptRows::PromptRows(QWidget *parent) : QWidget(parent) {
     rows->setVerticalSpacing(rowSpacing);
     rows->setHorizontalSpacing(labelGap);
     rows->setColumnMinimumWidth(0, labelWidth);
-    rows->setColumnStretch(2, 1);
+    rows->setColumnStretch(1, 1);
     setMinimumWidth(rowsWidth);
 }
 
@@ -50,10 +51,9 @@ void PromptRows::add(const QString &text, QWidget *control) {
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setBuddy(control);
     control->setAccessibleName(text);
-    control->setFixedWidth(controlWidth);
-    control->setMinimumHeight(leastControlHeight);
+    control->setMinimumSize(leastControlWidth, leastControlHeight);
     if (auto *field = qobject_cast<QLineEdit *>(control))
-        field->setTextMargins(smallGap, 0, smallGap, 0);
+        giveRoom(*field);
     auto *rows = static_cast<QGridLayout *>(layout());
     const int row = rows->rowCount();
     rows->addWidget(label, row, 0);

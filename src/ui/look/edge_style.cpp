@@ -18,6 +18,9 @@ namespace kestor {
 
 namespace {
 
+/// What a pop-up has before its text, beyond Fusion's own.
+constexpr int popUpInset = 4;
+
 bool hasIconAndText(const QStyleOptionButton &button) {
     return !button.icon.isNull() && !button.text.isEmpty();
 }
@@ -72,9 +75,22 @@ void EdgeStyle::drawComplexControl(ComplexControl control, const QStyleOptionCom
     painter->restore();
 }
 
+/// The text of a pop-up stands where that of a field does.
+QRect EdgeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl part,
+                                const QWidget *widget) const {
+    const QRect rect = QProxyStyle::subControlRect(control, option, part, widget);
+    const auto *box = qstyleoption_cast<const QStyleOptionComboBox *>(option);
+    if (control != CC_ComboBox || part != SC_ComboBoxEditField || box == nullptr || box->editable)
+        return rect;
+    const bool leftToRight = option->direction == Qt::LeftToRight;
+    return leftToRight ? rect.adjusted(popUpInset, 0, 0, 0) : rect.adjusted(0, 0, -popUpInset, 0);
+}
+
 QSize EdgeStyle::sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &contents,
                                   const QWidget *widget) const {
     const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_ComboBox)
+        return size + QSize(popUpInset, 0);
     if (type != CT_PushButton)
         return size;
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);

@@ -35,7 +35,7 @@ ExecutableSection::ExecutableSection(const ExecutableActions &actions, QWidget *
       chooseButton(actionButton(actions.choose)), fromPathButton(actionButton(actions.useFromPath)) {
     path->setReadOnly(true);
     path->setMinimumHeight(leastControlHeight);
-    path->setTextMargins(smallGap, 0, smallGap, 0);
+    giveRoom(*path);
     path->setAccessibleName(tr("svn executable in use"));
     caption->setMinimumHeight(rowHeight(font()));
     caption->setElideMode(Qt::ElideRight);
