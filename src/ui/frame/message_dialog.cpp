@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextEdit>
 #include <QtMath>
@@ -28,11 +29,22 @@ constexpr int dialogEdge = 20;
 constexpr int signSide = 32;
 constexpr int messageWidth = dialogWidth - 3 * dialogEdge - signSide;
 constexpr int highestMessage = 240;
+constexpr int leastLine = 20;
 /// The output sheet holds the whole text of a tool; a dialog of megabytes would only be slow.
 constexpr int longestMessage = 20000;
 
 QString shownPart(const QString &message) {
     return message.size() <= longestMessage ? message : message.left(longestMessage) + u"\n…"_s;
+}
+
+/// Lines farther apart than those of a field, for a message is read.
+void spreadLines(QTextDocument &document) {
+    const int line = qMax(leastLine, QFontMetrics(document.defaultFont()).lineSpacing() + smallGap);
+    QTextBlockFormat format;
+    format.setLineHeight(line, QTextBlockFormat::MinimumHeight);
+    QTextCursor all(&document);
+    all.select(QTextCursor::Document);
+    all.mergeBlockFormat(format);
 }
 
 /// The height of a document at the width of the message. The one of a view is measured on a copy, since the view lays
@@ -82,6 +94,7 @@ QTextEdit *MessageDialog::messageView() {
     view->setAccessibleName(u"Message"_s);
     view->document()->setDocumentMargin(0);
     view->setPlainText(shownPart(message));
+    spreadLines(*view->document());
     view->setFixedSize(messageWidth, qMin(heightOf(*view->document()), highestMessage));
     return view;
 }
