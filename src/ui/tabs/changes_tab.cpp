@@ -96,12 +96,18 @@ void ChangesTab::showTicks() {
 void ChangesTab::setAccess(TickAccess access) {
     rowActions->setEnabled(access == TickAccess::editable);
     column->setTickAccess(access);
+    loadEnded = access == TickAccess::editable;
+    if (!app.changesLoaded)
+        showEmptyText();
 }
 
 void ChangesTab::showEmptyText() {
-    column->filteredList().setEmptyText(
-        app.changesLoaded ? PlaceholderText{tr("No Changes"), tr("The working copy matches its base."), {}}
-                          : PlaceholderText{});
+    PlaceholderText text;
+    if (app.changesLoaded)
+        text = {tr("No Changes"), tr("The working copy matches its base."), {}};
+    else if (loadEnded && app.selectedProject())
+        text = {tr("Not Loaded"), tr("The changes could not be loaded."), {}};
+    column->filteredList().setEmptyText(text);
 }
 
 void ChangesTab::chooseRow(const QString &id) {

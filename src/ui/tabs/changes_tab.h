@@ -62,6 +62,7 @@ private:
     ChangesColumn *column;
     ChangeDetail *detail;
     ChangeRowActions tickedActions{};
+    bool loadEnded = false;   ///< something has run, and nothing does now
     QActionGroup *rowActions; ///< of the row whose menu is open
     QString menuPath{};       ///< of that row
     QAction *revertPath;

@@ -126,6 +126,7 @@ TEST(ChangesTab, CallsAProjectUnchangedOnlyAfterALoadThatSucceeded) {
     fixture.open(noRepository.path(), RepositoryKind::git);
     EXPECT_TRUE(startsWith(fixture.alertText(), u"Status Failed"_s));
     EXPECT_FALSE(shown.says(u"No Changes"_s));
+    EXPECT_TRUE(shown.says(u"Not Loaded"_s));
 }
 
 } // namespace
