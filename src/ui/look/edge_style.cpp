@@ -136,6 +136,11 @@ int EdgeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
         return tickBoxSide;
+    case PM_MenuPanelWidth:
+        return 1;
+    case PM_MenuHMargin: // the chosen item would cover the edge
+    case PM_MenuVMargin:
+        return smallGap;
     case PM_TabBarTabShiftVertical: // the count of a tab would jump when the tab is chosen
     case PM_TabBarTabShiftHorizontal:
         return 0;
