@@ -9,6 +9,7 @@
 #include "ui/look/slider_look.h"
 #include "ui/look/theme.h"
 
+#include <QComboBox>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QSlider>
@@ -140,7 +141,7 @@ int EdgeStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const
         return 1;
     case PM_MenuHMargin: // the chosen item would cover the edge
     case PM_MenuVMargin:
-        return smallGap;
+        return qobject_cast<const QComboBox *>(widget) ? 0 : smallGap; // its list has a frame of its own
     case PM_TabBarTabShiftVertical: // the count of a tab would jump when the tab is chosen
     case PM_TabBarTabShiftHorizontal:
         return 0;
