@@ -45,7 +45,19 @@ bool mayNamePaths(const QString &name, const QString &root) {
 }
 
 SwitchPlan planForLocal(const QString &name) {
-    return {args(u"switch", name), args(u"checkout", name), QString()};
+    return {args(u"switch", name), args(u"checkout", name), QString(), branchPrefix.toString() + name};
+}
+
+QString remoteReference(const QString &shortName) {
+    return (shortName.startsWith(remotePrefix) ? u"refs/"_s : u"refs/remotes/"_s) + shortName;
+}
+
+/// What a name that no local branch has is taken for: the branch of a remote, else whatever Git finds.
+QString typedRevision(const QString &name, const QList<GitBranch> &branches) {
+    const auto remote = std::find_if(branches.begin(), branches.end(), [&name](const GitBranch &branch) {
+        return branch.isRemote && localNameOf(branch.name) == name;
+    });
+    return remote == branches.end() ? name : remoteReference(remote->name);
 }
 
 } // namespace
@@ -73,13 +85,17 @@ QString branchNameObstacle(const QString &name) {
 SwitchPlan switchPlan(const SwitchTarget &target, const QList<GitBranch> &branches, const QString &root) {
     if (!target.isRemote) {
         SwitchPlan plan = planForLocal(target.name);
-        if (!hasLocal(branches, target.name) && mayNamePaths(target.name, root))
+        if (hasLocal(branches, target.name))
+            return plan;
+        plan.revision = typedRevision(target.name, branches);
+        if (mayNamePaths(target.name, root))
             plan.fallbackArguments.clear();
         return plan;
     }
     const QString local = localNameOf(target.name);
     if (!hasLocal(branches, local))
-        return {args(u"switch", u"--track", target.name), args(u"checkout", u"--track", target.name), QString()};
+        return {args(u"switch", u"--track", target.name), args(u"checkout", u"--track", target.name), QString(),
+                remoteReference(target.name)};
     SwitchPlan plan = planForLocal(local);
     plan.note = u"The local branch %1 already exists and was switched to as it is, not created from %2."_s.arg(
         local, target.name);

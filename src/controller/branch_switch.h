@@ -32,6 +32,7 @@ struct SwitchPlan {
     QStringList arguments{};
     QStringList fallbackArguments{}; ///< for a Git without `switch`; empty when `checkout` could overwrite files
     QString note{};                  ///< what the output shall say besides
+    QString revision{};              ///< what will be checked out, as Git takes it in a range
 
     friend bool operator==(const SwitchPlan &, const SwitchPlan &) = default;
 };

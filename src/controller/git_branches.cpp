@@ -1,5 +1,6 @@
 #include "controller/git_branches.h"
 
+#include "controller/checkout_losses.h"
 #include "controller/tool_text.h"
 
 using namespace Qt::StringLiterals;
@@ -44,6 +45,10 @@ QCoro::Task<> GitBranches::switchGitBranch(SwitchTarget target, Project project,
     if (const QString obstacle = branchNameObstacle(target.name); !obstacle.isEmpty())
         throw SVNClientError::launchFailed(obstacle);
     const SwitchPlan plan = switchPlan(target, branches, project.path);
+    const QString range = u"HEAD.."_s + plan.revision;
+    const bool agreed = co_await agreesToOverwrite(&workspace, project, u"Switch Branch"_s, range);
+    if (!agreed)
+        co_return;
     SVNCommandResult result;
     {
         const BusyScope switching(workspace.busy, u"Switching branch"_s);

@@ -17,7 +17,8 @@ public:
     /// `shared` must outlive it.
     explicit GitBranches(Workspace &shared);
 
-    /// Asks which branch to switch to, switches, shows what Git printed and loads everything that is shown.
+    /// Asks which branch to switch to, and before ignored files are overwritten; switches, shows what Git printed and
+    /// loads everything that is shown.
     QCoro::Task<> switchGitBranch();
 
 private:

@@ -1,5 +1,6 @@
 #include "controller/working_copy_actions.h"
 
+#include "controller/checkout_losses.h"
 #include "controller/path_targets.h"
 #include "controller/repository_addresses.h"
 
@@ -120,6 +121,31 @@ QCoro::Task<> WorkingCopyActions::resolveSelectedPaths(ResolveChoice accept) {
         co_return;
     const Texts entered{{u"accept"_s, acceptValue(accept)}};
     co_await run(WorkingCopyAction::resolve, *project, entered, *paths);
+}
+
+QCoro::Task<> WorkingCopyActions::updateWorkingCopy() {
+    const RunningOperations::Scope running(workspace.operations);
+    const std::optional<Project> project = projectFor(workingCopyCommand(WorkingCopyAction::update));
+    if (!project)
+        co_return;
+    if (project->kind == RepositoryKind::git) {
+        const bool agreed = co_await agreesToPull(*project);
+        if (!agreed)
+            co_return;
+    }
+    co_await run(WorkingCopyAction::update, *project, Texts(), QStringList());
+}
+
+QCoro::Task<bool> WorkingCopyActions::agreesToPull(Project project) {
+    const QString title = workingCopyCommand(WorkingCopyAction::update).git.title.toString();
+    try {
+        const BusyScope fetching(workspace.busy, title, BusyKind::interruptible);
+        const QStringList arguments(u"fetch"_s);
+        co_await workspace.tools.git->run(arguments, project.path, CheckStatus::no);
+    } catch (const SVNClientError &) {
+        // Git cannot be started for the pull either.
+    }
+    co_return co_await agreesToOverwrite(&workspace, project, title, u"HEAD...@{upstream}"_s);
 }
 
 QCoro::Task<> WorkingCopyActions::applyPatch() {

@@ -35,7 +35,8 @@ public:
     QCoro::Task<> setProperty() { return perform(WorkingCopyAction::setProperty); }
     QCoro::Task<> deleteProperty() { return perform(WorkingCopyAction::deleteProperty); }
     QCoro::Task<> merge() { return perform(WorkingCopyAction::merge); }
-    QCoro::Task<> updateWorkingCopy() { return perform(WorkingCopyAction::update); }
+    /// Asks first when Git would overwrite ignored files.
+    QCoro::Task<> updateWorkingCopy();
     QCoro::Task<> switchWorkingCopyURL() { return perform(WorkingCopyAction::switchURL); }
     QCoro::Task<> relocateWorkingCopyURL() { return perform(WorkingCopyAction::relocateURL); }
     QCoro::Task<> showBlame() { return perform(WorkingCopyAction::blame); }
@@ -46,6 +47,9 @@ public:
 private:
     using Texts = QMap<QString, QString>; ///< by the key of their field
 
+    /// Fetches what a pull would bring and asks before ignored files go with it. A fetch that fails says nothing, since
+    /// the pull does.
+    QCoro::Task<bool> agreesToPull(Project project);
     QCoro::Task<> removeAfterQuestion(Project project, QList<WorkingCopyItem> items, QStringList paths);
     /// `path` is offered where a path is asked for; "" for selectedActionPath().
     QCoro::Task<> perform(WorkingCopyAction action, QString path = {});

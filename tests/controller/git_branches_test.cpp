@@ -115,6 +115,44 @@ TEST_F(ClonedBranches, AreShownTrueWhenAHookFailsAfterTheSwitch) {
     EXPECT_EQ(shown(), u"topic|topic"_list);
 }
 
+TEST_F(ClonedBranches, AskBeforeTheyOverwriteIgnoredFiles) {
+    origin.git(u"switch|-q|-c|other"_list);
+    origin.commit(u"conf|build|in/the/way|mixed/conf|plain"_list, "theirs\n");
+    origin.git(u"switch|-q|main"_list);
+    origin.git(u"merge|-q|other"_list);
+    origin.tree.write(u"clone/.git/info/exclude"_s, "conf\nbuild\nin\n");
+    origin.tree.write(u"clone/mixed/not ignored"_s);
+    const auto update = [](AppState &app) {
+        return app.actions.updateWorkingCopy();
+    };
+    const auto change = [](AppState &app) {
+        return app.branches.switchGitBranch();
+    };
+    const Rows<QString, QCoro::Task<> (*)(AppState &), QString> rows{
+        {"a pull and a file", u"conf"_s, update, u"Pull"_s},
+        {"a switch and a file", u"conf"_s, change, u"Switch Branch"_s},
+        {"a folder where a file comes", u"build/x"_s, change, u"Switch Branch"_s},
+        {"a file beside one that is not ignored", u"mixed/conf"_s, change, u"Switch Branch"_s},
+        {"a file where a folder comes", u"in"_s, change, u"Switch Branch"_s},
+        {"Git itself refuses what is not ignored", u"plain"_s, change, QString()},
+    };
+    f.user.confirms = false;
+    f.user.chosenBranch = SwitchTarget{u"other"_s};
+    for (const auto &[name, file, operation, title] : rows) {
+        origin.tree.write(u"clone/"_s + file, "mine\n");
+        f.user.asked.clear();
+        awaited(operation(f.app));
+        const QString question = u"confirm "_s + title + u": 1 ignored path(s) on disk will be overwritten."_s;
+        EXPECT_EQ(f.user.asked.filter(u"confirm"_s), title.isEmpty() ? QStringList() : QStringList(question));
+        EXPECT_EQ(origin.tree.read(u"clone/"_s + file), "mine\n");
+        QFile::remove(path() + u'/' + file);
+        QDir(path()).rmdir(u"build"_s);
+    }
+    awaited(update(f.app));
+    EXPECT_EQ(origin.tree.read(u"clone/conf"_s), "theirs\n") << "with nothing in the way it asks nothing";
+    EXPECT_EQ(f.user.asked.filter(u"confirm"_s), QStringList());
+}
+
 TEST_F(ClonedBranches, AreCheckedOutByAGitThatCannotSwitch) {
     const OldGit old;
     switchTo({u"origin/topic"_s, true});
