@@ -1,4 +1,5 @@
 #include "controller/app_state.h"
+#include "controller/working_copy_command.h"
 #include "controller/written_file.h"
 #include "rules/ignore_file.h"
 #include "rules/working_copy_paths.h"
@@ -62,9 +63,15 @@ QCoro::Task<> AppState::ignoreSelectedPaths() {
     const std::optional<Project> project = requiredProject();
     if (!project)
         co_return;
-    const QList<WorkingCopyItem> items = actionItems();
-    if (items.isEmpty()) {
+    const QList<WorkingCopyItem> acted = actionItems();
+    if (acted.isEmpty()) {
         showAlert(u"No Paths Selected"_s, u"Select at least one changed path."_s);
+        co_return;
+    }
+    // A rule takes its row from the list, and a change that is not in the list is never committed.
+    const QList<WorkingCopyItem> items = unversionedItems(acted, selectedChange());
+    if (items.isEmpty()) {
+        showAlert(u"Ignore Failed"_s, u"Only unversioned paths can be ignored."_s);
         co_return;
     }
     const auto rulesForItems = [items, root = project->path] {

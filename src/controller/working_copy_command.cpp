@@ -94,6 +94,21 @@ bool canActOn(WorkingCopyAction action, RepositoryKind kind, const WorkingCopyIt
     return action != WorkingCopyAction::add || !isGone(item);
 }
 
+bool isUnversioned(const WorkingCopyItem &item) {
+    return item.kind == SVNStatusKind::unversioned || item.kind == SVNStatusKind::ignored;
+}
+
+/// The rows of that kind: of those acted on, else the selected one when it is.
+template <typename Predicate>
+QList<WorkingCopyItem> rowsOf(Predicate isWanted, const QList<WorkingCopyItem> &acted,
+                              const std::optional<WorkingCopyItem> &selected) {
+    QList<WorkingCopyItem> wanted;
+    std::ranges::copy_if(acted, std::back_inserter(wanted), isWanted);
+    if (wanted.isEmpty() && selected && isWanted(*selected))
+        wanted.append(*selected);
+    return wanted;
+}
+
 QStringList rowPaths(const QList<WorkingCopyItem> &items) {
     QStringList paths;
     for (const WorkingCopyItem &item : items)
@@ -128,11 +143,13 @@ Resolvable resolvable(const QList<WorkingCopyItem> &items) {
 
 QList<WorkingCopyItem> itemsToResolve(const QList<WorkingCopyItem> &acted,
                                       const std::optional<WorkingCopyItem> &selected) {
-    QList<WorkingCopyItem> inConflict;
-    std::ranges::copy_if(acted, std::back_inserter(inConflict), isInConflict);
-    if (!inConflict.isEmpty())
-        return inConflict;
-    return selected && isInConflict(*selected) ? QList{*selected} : acted;
+    const QList<WorkingCopyItem> inConflict = rowsOf(isInConflict, acted, selected);
+    return inConflict.isEmpty() ? acted : inConflict;
+}
+
+QList<WorkingCopyItem> unversionedItems(const QList<WorkingCopyItem> &acted,
+                                        const std::optional<WorkingCopyItem> &selected) {
+    return rowsOf(isUnversioned, acted, selected);
 }
 
 QStringList pathsFor(WorkingCopyAction action, RepositoryKind kind, const QList<WorkingCopyItem> &items,

@@ -337,6 +337,13 @@ TEST(Ignore, AddsWhatIsMissingAndReloads) {
     f.app.selectedChangeID = u"build/[x].o"_s;
     awaited(f.app.ignoreSelectedPaths());
     EXPECT_EQ(f.rows(), u"? .kestorignore|? keep.c"_list) << "the rule above was taken back by the line below it";
+    repository.svn(u"add|-q|keep.c"_list);
+    awaited(f.app.refreshStatus());
+    f.app.selectedChangeID = u".kestorignore"_s;
+    awaited(f.app.ignoreSelectedPaths());
+    EXPECT_EQ(f.rows(), u"*A keep.c"_list) << "the change that is ticked stays in sight";
+    awaited(f.app.ignoreSelectedPaths());
+    EXPECT_EQ(f.alertText(), u"Ignore Failed: Only unversioned paths can be ignored."_s);
 }
 
 } // namespace
