@@ -27,6 +27,10 @@ QString acceptValue(ResolveChoice choice) {
     return u"working"_s;
 }
 
+QString oneSideQuestion(qsizetype count) {
+    return u"Resolve %1 path(s) with one side? What was merged in them so far will be discarded."_s.arg(count);
+}
+
 QString offeredText(CommandField::Offer offer, const QString &path, const RepositoryInfo &info) {
     switch (offer) {
     case CommandField::Offer::actionPath:
@@ -119,6 +123,12 @@ QCoro::Task<> WorkingCopyActions::resolveSelectedPaths(ResolveChoice accept) {
     const std::optional<QStringList> paths = requiredPaths(WorkingCopyAction::resolve, *project, items);
     if (!paths)
         co_return;
+    if (accept != ResolveChoice::working) {
+        const QString question = oneSideQuestion(paths->size());
+        const bool confirmed = co_await workspace.user.confirm(u"Resolve"_s, question);
+        if (!confirmed)
+            co_return;
+    }
     const Texts entered{{u"accept"_s, acceptValue(accept)}};
     co_await run(WorkingCopyAction::resolve, *project, entered, *paths);
 }

@@ -19,6 +19,7 @@ public:
     QCoro::Task<> addSelectedPaths() { return perform(WorkingCopyAction::add); }
     /// Asks first when files would be lost that neither the repository nor the trash has.
     QCoro::Task<> deleteSelectedPaths();
+    /// Asks before one side replaces what was merged.
     QCoro::Task<> resolveSelectedPaths(ResolveChoice accept);
     QCoro::Task<> lockSelectedPaths() { return perform(WorkingCopyAction::lock); }
     QCoro::Task<> unlockSelectedPaths() { return perform(WorkingCopyAction::unlock); }

@@ -213,10 +213,12 @@ TEST_F(RealActions, DeletingAFolderAsksAboutIgnoredFilesInIt) {
 }
 
 TEST_F(RealActions, ResolveEachWay) {
-    const Rows<ResolveChoice> rows{{"merged\n", ResolveChoice::working},
-                                   {"mine\n", ResolveChoice::mineFull},
-                                   {"theirs\n", ResolveChoice::theirsFull}};
-    for (const auto &[content, choice] : rows) {
+    const QStringList question{u"confirm Resolve: Resolve 1 path(s) with one side? What was merged in them so far will "
+                               "be discarded."_s};
+    const Rows<ResolveChoice, QStringList> rows{{"merged\n", ResolveChoice::working, {}},
+                                                {"mine\n", ResolveChoice::mineFull, question},
+                                                {"theirs\n", ResolveChoice::theirsFull, question}};
+    for (const auto &[content, choice, asked] : rows) {
         repository.write(u"a.c"_s, "theirs\n");
         repository.svn(u"commit|-m|theirs"_list);
         repository.svn(u"update|-r|PREV|a.c"_list);
@@ -225,6 +227,12 @@ TEST_F(RealActions, ResolveEachWay) {
         EXPECT_TRUE(f.rows().contains(u"C a.c"_s)) << "an update never asks, and a conflict is not ticked";
         repository.write(u"a.c"_s, "merged\n");
         tick({u"a.c"_s, u"a.c.mine"_s});
+        f.user.asked.clear();
+        f.user.confirms = choice == ResolveChoice::working;
+        after(actions.resolveSelectedPaths(choice));
+        EXPECT_EQ(repository.read(u"a.c"_s), "merged\n");
+        EXPECT_EQ(f.user.asked, asked);
+        f.user.confirms = true;
         EXPECT_FALSE(after(actions.resolveSelectedPaths(choice)).contains(u"C a.c"_s));
         EXPECT_EQ(repository.read(u"a.c"_s), content);
         repository.write(u"a.c"_s, "1\n2\n3\n");
