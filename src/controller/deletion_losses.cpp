@@ -6,6 +6,7 @@
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
+#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
@@ -18,8 +19,9 @@ QString deletionQuestion(qsizetype count, const DeletionLosses &losses) {
     QString question = u"Delete %1 path(s)?"_s.arg(count);
     if (losses.inConflict > 0)
         question += u" %1 path(s) in conflict will lose what was resolved in them so far."_s.arg(losses.inConflict);
-    if (losses.ignored > 0)
-        question += u" %1 ignored path(s) in these folders will be deleted from disk, too."_s.arg(losses.ignored);
+    if (!losses.ignored.isEmpty())
+        question +=
+            u" %1 ignored path(s) in these folders will be deleted from disk, too."_s.arg(losses.ignored.size());
     return question;
 }
 
@@ -39,14 +41,21 @@ QStringList ignoredFilesArguments(const QStringList &folders) {
     return plainArguments(RepositoryKind::svn, command);
 }
 
-qsizetype ignoredBelow(const QStringList &folders, const QByteArray &printed) {
+QStringList ignoredBelow(const QStringList &folders, const QByteArray &printed) {
     const QSet<QString> deleted(folders.begin(), folders.end());
-    const QList<WorkingCopyItem> rows = parsedOutput<StatusParser>(printed);
-    return std::ranges::count_if(rows, [&deleted](const WorkingCopyItem &row) {
+    QStringList ignored;
+    for (const WorkingCopyItem &row : parsedOutput<StatusParser>(printed)) {
         const QStringList above = foldersAbove(row.path);
-        return row.kind == SVNStatusKind::ignored &&
-               std::ranges::any_of(above, [&deleted](const QString &folder) { return deleted.contains(folder); });
-    });
+        if (row.kind == SVNStatusKind::ignored &&
+            std::ranges::any_of(above, [&deleted](const QString &folder) { return deleted.contains(folder); }))
+            ignored.append(row.path);
+    }
+    return ignored;
+}
+
+void takeBackFromKeptFolders(QList<TrashedPath> moved) {
+    moved.removeIf([](const TrashedPath &path) { return !isDirectory(QFileInfo(path.original).path()); });
+    takeBack(moved);
 }
 
 } // namespace kestor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controller/deletion.h"
 #include "model/working_copy_item.h"
 
 #include <QByteArray>
@@ -12,9 +13,9 @@ namespace kestor {
 /// What the tools delete from the disk without a way back, and without a question of their own.
 struct DeletionLosses {
     qsizetype inConflict = 0; ///< rows whose conflict may be half resolved by hand
-    qsizetype ignored = 0;    ///< ignored paths in versioned folders
+    QStringList ignored{};    ///< ignored paths in versioned folders
 
-    bool any() const { return inConflict > 0 || ignored > 0; }
+    bool any() const { return inConflict > 0 || !ignored.isEmpty(); }
     friend bool operator==(const DeletionLosses &, const DeletionLosses &) = default;
 };
 
@@ -27,7 +28,10 @@ QStringList foldersAmong(const QList<WorkingCopyItem> &items, const QString &roo
 /// The vector that lists what is ignored in the folders, in the whole project when they are too many to name.
 QStringList ignoredFilesArguments(const QStringList &folders);
 
-/// How many ignored paths in the folders such a run printed. Workers.
-qsizetype ignoredBelow(const QStringList &folders, const QByteArray &printed);
+/// The ignored paths in the folders that such a run printed. Workers.
+QStringList ignoredBelow(const QStringList &folders, const QByteArray &printed);
+
+/// Takes back from the trash what lay in a folder that was not deleted after all. Workers.
+void takeBackFromKeptFolders(QList<TrashedPath> moved);
 
 } // namespace kestor

@@ -91,12 +91,31 @@ QCoro::Task<> WorkingCopyActions::removeAfterQuestion(Project project, QList<Wor
         if (!confirmed)
             co_return;
     }
+    if (losses.ignored.isEmpty())
+        co_await run(WorkingCopyAction::remove, project, Texts(), paths);
+    else
+        co_await removeThroughTrash(project, paths, losses.ignored);
+}
+
+QCoro::Task<> WorkingCopyActions::removeThroughTrash(Project project, QStringList paths, QStringList ignored) {
+    QList<TrashedPath> moved;
+    {
+        const BusyScope moving(workspace.busy, u"Delete"_s);
+        const auto move = [ignored, root = project.path] {
+            return moveToTrash(ignored, root).moved; // without a trash svn deletes them, as the question said
+        };
+        moved = co_await QtConcurrent::run(&workspace.workers, move);
+    }
     co_await run(WorkingCopyAction::remove, project, Texts(), paths);
+    const auto back = [moved] {
+        takeBackFromKeptFolders(moved);
+    };
+    co_await QtConcurrent::run(&workspace.workers, back);
 }
 
 QCoro::Task<DeletionLosses> WorkingCopyActions::deletionLosses(Project project, QList<WorkingCopyItem> items) {
     if (project.kind == RepositoryKind::git)
-        co_return DeletionLosses{std::ranges::count_if(items, isInConflict), 0};
+        co_return DeletionLosses{std::ranges::count_if(items, isInConflict), {}};
     const BusyScope looking(workspace.busy, u"Delete"_s);
     const auto find = [items, root = project.path] {
         return foldersAmong(items, root);
@@ -107,10 +126,10 @@ QCoro::Task<DeletionLosses> WorkingCopyActions::deletionLosses(Project project, 
     const QStringList arguments = ignoredFilesArguments(folders);
     const SVNCommandResult result =
         co_await workspace.tools.svn->run(arguments, project.path, CheckStatus::yes, RunPurpose::backgroundRead);
-    const auto count = [printed = result.stdoutData, folders] {
+    const auto read = [printed = result.stdoutData, folders] {
         return ignoredBelow(folders, printed);
     };
-    const qsizetype ignored = co_await QtConcurrent::run(&workspace.workers, count);
+    const QStringList ignored = co_await QtConcurrent::run(&workspace.workers, read);
     co_return DeletionLosses{0, ignored};
 }
 

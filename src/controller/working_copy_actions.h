@@ -17,7 +17,7 @@ public:
     explicit WorkingCopyActions(Workspace &shared) : workspace(shared) {}
 
     QCoro::Task<> addSelectedPaths() { return perform(WorkingCopyAction::add); }
-    /// Asks first when files would be lost that neither the repository nor the trash has.
+    /// Asks first when files would be lost that the repository does not have; ignored ones go to the trash.
     QCoro::Task<> deleteSelectedPaths();
     /// Asks before one side replaces what was merged.
     QCoro::Task<> resolveSelectedPaths(ResolveChoice accept);
@@ -52,6 +52,8 @@ private:
     /// the pull does.
     QCoro::Task<bool> agreesToPull(Project project);
     QCoro::Task<> removeAfterQuestion(Project project, QList<WorkingCopyItem> items, QStringList paths);
+    /// Deletes versioned paths; what is ignored in them goes to the trash, if there is one.
+    QCoro::Task<> removeThroughTrash(Project project, QStringList paths, QStringList ignored);
     /// `path` is offered where a path is asked for; "" for selectedActionPath().
     QCoro::Task<> perform(WorkingCopyAction action, QString path = {});
     QCoro::Task<> run(WorkingCopyAction action, Project project, Texts entered, QStringList paths);

@@ -1,24 +1,10 @@
 #include "support/app_test.h"
-#include "support/environment_variable.h"
+#include "support/trash_fixture.h"
 
 #include <functional>
 
 namespace kestor {
 namespace {
-
-/// A trash of its own as long as it lives.
-class TrashFixture {
-public:
-    /// Puts a file where the trash would be.
-    void block() { tree.write(u"data"_s); }
-    QStringList files() const {
-        return QDir(tree.path(u"data/Trash/files"_s)).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
-    }
-
-private:
-    TempTree tree{};
-    EnvironmentVariable variable{"XDG_DATA_HOME", QFile::encodeName(tree.path(u"data"_s))};
-};
 
 TEST(Revert, AsksWithTheNumbersAndCancelsQuietly) {
     GitFixture repository;

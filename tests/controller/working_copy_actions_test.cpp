@@ -1,4 +1,5 @@
 #include "support/app_test.h"
+#include "support/trash_fixture.h"
 
 namespace kestor {
 namespace {
@@ -194,16 +195,23 @@ TEST_F(RealActions, LockAndUnlock) {
 }
 
 TEST_F(RealActions, DeletingAFolderAsksAboutIgnoredFilesInIt) {
+    const TrashFixture trash;
     repository.svn(u"copy|-q|d|e"_list);
     repository.write(u"e/built.o"_s);
+    repository.svn({u"checkout"_s, u"-q"_s, repository.url(u"trunk"_s), u"e/nested.o"_s});
     reload();
     tick({u"e"_s});
     f.user.confirms = false;
     EXPECT_EQ(after(actions.deleteSelectedPaths()), u"*A e"_list);
-    EXPECT_EQ(f.user.asked, QStringList{u"confirm Delete: Delete 1 path(s)? 1 ignored path(s) in these folders will be "
+    EXPECT_EQ(f.user.asked, QStringList{u"confirm Delete: Delete 1 path(s)? 2 ignored path(s) in these folders will be "
                                         "deleted from disk, too."_s});
     f.user.confirms = true;
+    repository.write(u"e/new.c"_s);
+    EXPECT_TRUE(after(actions.deleteSelectedPaths()).first().startsWith(u"Delete Failed: "_s)) << "for a new file";
+    EXPECT_EQ(trash.files(), QStringList());
+    QFile::remove(repository.path(u"e/new.c"_s));
     EXPECT_EQ(after(actions.deleteSelectedPaths()), QStringList());
+    EXPECT_EQ(trash.files().size(), 2);
     repository.svn(u"copy|-q|d|e"_list);
     reload();
     tick({u"e"_s});
