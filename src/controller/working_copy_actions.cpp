@@ -69,6 +69,38 @@ QCoro::Task<> WorkingCopyActions::perform(WorkingCopyAction action, QString path
     co_await run(action, *project, asArguments(command, *project, fields, *entered), *paths);
 }
 
+QCoro::Task<> WorkingCopyActions::addSelectedPaths() {
+    const RunningOperations::Scope running(workspace.operations);
+    const std::optional<Project> project = projectFor(workingCopyCommand(WorkingCopyAction::add));
+    if (!project)
+        co_return;
+    const QList<WorkingCopyItem> acted = workspace.actionItems();
+    if (project->kind == RepositoryKind::git || acted.isEmpty())
+        co_return co_await perform(WorkingCopyAction::add, QString());
+    const QList<WorkingCopyItem> items = unversionedItems(acted, workspace.selectedChange());
+    if (items.isEmpty())
+        workspace.showAlert(u"Add Failed"_s, u"Only unversioned paths can be added."_s);
+    else
+        co_await addToSubversion(*project, items);
+}
+
+QCoro::Task<> WorkingCopyActions::addToSubversion(Project project, QList<WorkingCopyItem> items) {
+    Texts entered;
+    {
+        const BusyScope looking(workspace.busy, u"Add"_s);
+        const auto find = [items, root = project.path] {
+            return foldersAmong(items, root);
+        };
+        // A folder that is a row holds nothing that is one: svn would add what the rules hide, or what is versioned
+        // elsewhere.
+        const QStringList folders = co_await QtConcurrent::run(&workspace.workers, find);
+        if (!folders.isEmpty())
+            entered.insert(u"depth"_s, u"empty"_s);
+    }
+    const QStringList paths = pathsFor(WorkingCopyAction::add, project.kind, items, workspace.gitFacts);
+    co_await run(WorkingCopyAction::add, project, entered, paths);
+}
+
 QCoro::Task<> WorkingCopyActions::deleteSelectedPaths() {
     const RunningOperations::Scope running(workspace.operations);
     const std::optional<Project> project = projectFor(workingCopyCommand(WorkingCopyAction::remove));

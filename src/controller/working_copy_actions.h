@@ -16,7 +16,8 @@ class WorkingCopyActions {
 public:
     explicit WorkingCopyActions(Workspace &shared) : workspace(shared) {}
 
-    QCoro::Task<> addSelectedPaths() { return perform(WorkingCopyAction::add); }
+    /// Adds to Subversion what is unversioned, and nothing below it that has no row of its own.
+    QCoro::Task<> addSelectedPaths();
     /// Asks first when files would be lost that the repository does not have; ignored ones go to the trash.
     QCoro::Task<> deleteSelectedPaths();
     /// Asks before one side replaces what was merged.
@@ -51,6 +52,7 @@ private:
     /// Fetches what a pull would bring and asks before ignored files go with it. A fetch that fails says nothing, since
     /// the pull does.
     QCoro::Task<bool> agreesToPull(Project project);
+    QCoro::Task<> addToSubversion(Project project, QList<WorkingCopyItem> items);
     QCoro::Task<> removeAfterQuestion(Project project, QList<WorkingCopyItem> items, QStringList paths);
     /// Deletes versioned paths; what is ignored in them goes to the trash, if there is one.
     QCoro::Task<> removeThroughTrash(Project project, QStringList paths, QStringList ignored);

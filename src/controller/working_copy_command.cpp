@@ -37,7 +37,7 @@ constexpr Field blameFields[] = {{u"path", u"Path", target, actionPath}};
 
 // In the order of WorkingCopyAction.
 constexpr WorkingCopyCommand commands[] = {
-    {{u"Add", u"add --parents --force"}, {u"Add", u"add"}, RefreshAfter::yes, {}, noChangedPath},
+    {{u"Add", u"add --parents --force [--depth:depth]"}, {u"Add", u"add"}, RefreshAfter::yes, {}, noChangedPath},
     {{u"Delete", u"delete"}, {u"Delete", u"rm"}, RefreshAfter::yes, {}, noChangedPath},
     {{u"Resolve", u"resolve --accept {accept}"}, none, RefreshAfter::yes, {}, noConflict},
     {{u"Changelist", u"changelist {name}"}, none, RefreshAfter::yes, changelistFields, noChangedPath},
@@ -80,18 +80,8 @@ void appendFilled(QStringList &filled, const QString &word, const QMap<QString, 
     }
 }
 
-bool isGone(const WorkingCopyItem &item) {
-    return item.kind == SVNStatusKind::deleted || item.kind == SVNStatusKind::missing;
-}
-
 bool isUnknownToGit(const WorkingCopyItem &item, const GitRowFacts &facts) {
     return item.kind == SVNStatusKind::deleted && facts.notInIndex.contains(item.path);
-}
-
-bool canActOn(WorkingCopyAction action, RepositoryKind kind, const WorkingCopyItem &item, const GitRowFacts &facts) {
-    if (kind == RepositoryKind::git)
-        return !isUnknownToGit(item, facts);
-    return action != WorkingCopyAction::add || !isGone(item);
 }
 
 bool isUnversioned(const WorkingCopyItem &item) {
@@ -156,7 +146,7 @@ QStringList pathsFor(WorkingCopyAction action, RepositoryKind kind, const QList<
                      const GitRowFacts &facts) {
     QStringList paths;
     for (const WorkingCopyItem &item : items) {
-        if (!canActOn(action, kind, item, facts))
+        if (kind == RepositoryKind::git && isUnknownToGit(item, facts))
             continue;
         paths.append(item.path);
         if (action == WorkingCopyAction::add && facts.notYetRenamed.contains(item.path))

@@ -97,8 +97,8 @@ QList<WorkingCopyItem> itemsToResolve(const QList<WorkingCopyItem> &acted,
 QList<WorkingCopyItem> unversionedItems(const QList<WorkingCopyItem> &acted,
                                         const std::optional<WorkingCopyItem> &selected);
 
-/// The paths of the rows that the command can act on: Git knows staged deletions no longer, and svn adds nothing that
-/// is gone. All of them when none is left, so that the tool says why. Old names that the index still has go along.
+/// The paths of the rows that the command can act on: Git knows staged deletions no longer. All of them when none is
+/// left, so that the tool says why. Old names that the index still has go along.
 QStringList pathsFor(WorkingCopyAction action, RepositoryKind kind, const QList<WorkingCopyItem> &items,
                      const GitRowFacts &facts);
 

@@ -97,6 +97,21 @@ TEST_F(RealActions, AddChangelistsAndDeletePaths) {
     EXPECT_TRUE(after(actions.deleteSelectedPaths()).contains(u"*D a.c"_s));
 }
 
+TEST_F(RealActions, AddNothingThatHasNoRow) {
+    repository.svn(u"propset|-q|note|x|d"_list);
+    repository.svn({u"checkout"_s, u"-q"_s, repository.url(u"trunk"_s), u"nested"_s});
+    repository.writeAll({{u"d/n.c"_s}, {u"nested/n.c"_s}, {u"hidden/n.tmp"_s}, {u".kestorignore"_s, "*.tmp\n"}});
+    repository.tree.makeDirectory(u"wc/hidden/empty"_s);
+    reload();
+    tick({u"d"_s, u"nested"_s, u"hidden/empty"_s});
+    EXPECT_EQ(after(actions.addSelectedPaths()),
+              u"? .kestorignore|  d|? d/n.c|*A hidden|*A hidden/empty|? nested"_list);
+    EXPECT_EQ(repository.svn(u"status|nested"_list), "?       nested/n.c\n");
+    tick({u"d"_s});
+    f.app.selectedChangeID = u"d"_s;
+    EXPECT_EQ(after(actions.addSelectedPaths()), u"Add Failed: Only unversioned paths can be added."_list);
+}
+
 TEST_F(RealActions, HandLongListsOverByFile) {
     QStringList paths;
     for (int index = 0; index < 600; ++index) {
