@@ -12,7 +12,14 @@ namespace kestor {
 namespace {
 
 bool isDoubtful(const WorkingCopyItem &item) {
-    return item.kind == SVNStatusKind::missing || isInConflict(item);
+    switch (item.kind) {
+    case SVNStatusKind::missing:
+    case SVNStatusKind::obstructed:
+    case SVNStatusKind::incomplete:
+        return true;
+    default:
+        return isInConflict(item);
+    }
 }
 
 QSet<QString> externalFolders(const WorkingCopyItems &items) {

@@ -8,12 +8,12 @@ namespace kestor {
 /// Whether a commit can act on the row: it has a tick box.
 bool isCommittable(const WorkingCopyItem &item);
 
-/// Whether a row is ticked when it is first seen: committable and neither unversioned, missing, conflicted nor changed
-/// in its properties alone.
+/// Whether a row is ticked when it is first seen: committable and neither unversioned, doubtful nor changed in its
+/// properties alone.
 bool isTickedAtFirst(const WorkingCopyItem &item);
 
 /// What the user decided on the tick boxes, each row in one of these at most. Doubtful are missing rows, which a commit
-/// deletes, and conflicts.
+/// deletes, and what a commit fails with: conflicts, obstructed rows and incomplete ones.
 struct TickDecisions {
     MarkedPaths unticked{};
     MarkedPaths ticked{};         ///< while they were not doubtful

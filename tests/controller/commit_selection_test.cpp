@@ -13,6 +13,8 @@ TEST(CommitSelection, DecidesWhoHasATickBoxAndWhoStartsTicked) {
         {"added", {u"a"_s, K::added}, true, true},
         {"unversioned", {u"a"_s, K::unversioned}, true, false},
         {"missing", {u"a"_s, K::missing}, true, false},
+        {"obstructed", {u"a"_s, K::obstructed}, true, false},
+        {"incomplete", {u"a"_s, K::incomplete}, true, false},
         {"conflicted", {u"a"_s, K::conflicted}, true, false},
         {"property conflict", {u"a"_s, K::modified, K::conflicted}, true, false},
         {"tree conflict", {u"a"_s, K::modified, K::none, true}, true, false},
