@@ -11,7 +11,7 @@ QString svnTarget(const QString &path) {
 }
 
 QString svnDiffTarget(const QString &path) {
-    return path.startsWith(u'-') ? u"./"_s + path : path;
+    return path.startsWith(u'-') || path.startsWith(u"^/") ? u"./"_s + path : path;
 }
 
 QString svnDiffTarget(const QString &path, const QString &revision) {

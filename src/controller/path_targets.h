@@ -5,7 +5,8 @@
 namespace kestor {
 
 /// A working-copy path as a target on svn's command line: a trailing "@" when it contains "@", which svn would read as
-/// a peg revision, and "./" in front when it begins with "-", which svn would read as an option.
+/// a peg revision, and "./" in front when it begins with "-", which svn would read as an option, or with "^/", which it
+/// would read as an address in the repository.
 QString svnTarget(const QString &path);
 
 /// The same for `svn diff` of working files, the one command that takes "@" as part of the name and fails when another

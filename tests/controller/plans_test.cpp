@@ -15,6 +15,8 @@ TEST(PathCommand, HandsManyPathsOverByFile) {
               u"commit|--pathspec-from-file=/t/f|--pathspec-file-nul|-m|why"_list);
     EXPECT_EQ(pathFileContent(RepositoryKind::svn, command), "./icon@2x.png@\n./-dash@\n./a[1].c@\n");
     EXPECT_EQ(pathFileContent(RepositoryKind::git, command), QByteArray("icon@2x.png\0-dash\0:(literal)a[1].c\0", 35));
+    command.paths = {u"^/a.c"_s, u"-b"_s, u"c@2x"_s, u"^"_s};
+    EXPECT_EQ(plainArguments(RepositoryKind::svn, command), u"commit|./^/a.c|./-b|c@2x@|^|-m|why"_list);
     command.paths = {u"two\nlines"_s, u"a.c"_s};
     EXPECT_EQ(argumentsWithPathFile(RepositoryKind::svn, command, u"/t/f"_s),
               u"commit|--targets|/t/f|two\nlines|-m|why"_list);
