@@ -1,11 +1,11 @@
 #include "controller/app_state.h"
 #include "controller/combined_output.h"
-#include "controller/git_status.h"
 #include "controller/history_commands.h"
 #include "controller/path_targets.h"
 #include "controller/repository_addresses.h"
-#include "controller/tool_text.h"
+#include "controller/revert_plan.h"
 #include "controller/written_file.h"
+#include "model/utf8_text.h"
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
@@ -28,21 +28,38 @@ QString rollbackQuestion(RepositoryKind kind, const QString &revision) {
     return what + u" into the working copy? Review the resulting changes before committing."_s;
 }
 
-/// Whether a checkout of `target` overwrites what no commit has. `typed` is the target as the user typed it.
-QCoro::Task<bool> overwritesChanges(std::shared_ptr<Tool> git, QString directory, QString target, QString typed) {
-    const QStringList arguments = args(u"status", u"--porcelain=v1", u"--ignored", u"--", target);
-    SVNCommandResult status;
+/// Whether something that Git does not track stands where it would write one of the paths, as it printed them. Reads
+/// the disk; workers.
+bool coversUntracked(const QByteArray &printed, const QString &root) {
+    const QStringList paths = utf8Text(printed).split(u'\0', Qt::SkipEmptyParts);
+    const bool onePath =
+        std::ranges::any_of(paths, [&root](const QString &path) { return isOnDisk(absolutePath(path, root)); });
+    return onePath || !inTheWayOf(paths, root).isEmpty();
+}
+
+/// Whether a checkout of `target` as of `revision` overwrites what no commit has, or may do so for all that Git says.
+QCoro::Task<bool> overwritesChanges(std::shared_ptr<Tool> git, QString directory, QString revision, QString target) {
+    const QStringList tracked = args(u"status", u"--porcelain=v1", u"--untracked-files=no", u"--", target);
+    // What the revision has and the index has not is written even where the target is a folder.
+    const QStringList untracked = args(u"diff", u"--no-ext-diff", u"--name-only", u"--no-renames", u"--diff-filter=D",
+                                       u"-z", u"--end-of-options", revision, u"--", target);
+    // Three dots are one commit for a checkout, and two for a diff.
+    if (revision.contains(u".."))
+        co_return true;
+    SVNCommandResult changed;
+    SVNCommandResult absent;
     try {
-        status = co_await git->run(arguments, directory, CheckStatus::no, RunPurpose::backgroundRead);
+        changed = co_await git->run(tracked, directory, CheckStatus::no, RunPurpose::backgroundRead);
+        absent = co_await git->run(untracked, directory, CheckStatus::no, RunPurpose::backgroundRead);
     } catch (const SVNClientError &) {
-        // The checkout fails the same way, and is reported.
+        co_return true;
     }
-    const QList<WorkingCopyItem> items = gitStatus(toolText(status.stdoutData)).items;
-    const QString path = normalizedPath(typed);
-    // A folder may be full of ignored files that no commit ever had.
-    co_return std::any_of(items.begin(), items.end(), [&path](const WorkingCopyItem &item) {
-        return item.kind != SVNStatusKind::ignored || isAtOrBelow(path, normalizedPath(item.path));
-    });
+    if (changed.status != 0 || absent.status != 0 || !changed.stdoutData.isEmpty())
+        co_return true;
+    const auto look = [printed = absent.stdoutData, directory] {
+        return coversUntracked(printed, directory);
+    };
+    co_return co_await QtConcurrent::run(look);
 }
 
 } // namespace
@@ -96,10 +113,11 @@ QCoro::Task<> AppState::pullFileAtRevision() {
     if (!answer || answer->value(u"path"_s).isEmpty() || answer->value(u"revision"_s).isEmpty())
         co_return;
     const QString typed = answer->value(u"path"_s);
+    const QString revision = answer->value(u"revision"_s);
     const QString path = typedTarget(*project, typed);
     // Subversion merges the changes into what it gets, Git overwrites them.
     if (project->kind == RepositoryKind::git) {
-        const bool changed = co_await overwritesChanges(tools.git, project->path, path, typed);
+        const bool changed = co_await overwritesChanges(tools.git, project->path, revision, path);
         const QString question = u"Local changes in %1 will be discarded."_s.arg(typed);
         if (changed) {
             const bool confirmed = co_await user.confirm(u"Pull File"_s, question);
@@ -107,7 +125,7 @@ QCoro::Task<> AppState::pullFileAtRevision() {
                 co_return;
         }
     }
-    const QStringList arguments = pullFileArguments(project->kind, answer->value(u"revision"_s), path);
+    const QStringList arguments = pullFileArguments(project->kind, revision, path);
     co_await runAskedCommand(*project, u"Pull File"_s, arguments, RefreshAfter::yes);
 }
 

@@ -69,22 +69,6 @@ bool isOnDiskInside(const QString &path, const QString &root) {
     return isOnDisk(absolutePath(path, root)) && liesInside(path, root);
 }
 
-/// The links and files that stand where the paths need folders.
-QStringList inTheWayOf(const QStringList &paths, const QString &root) {
-    QSet<QString> folders;
-    for (const QString &path : paths) {
-        for (const QString &folder : foldersAbove(path))
-            folders.insert(folder);
-    }
-    QStringList obstacles;
-    for (const QString &folder : std::as_const(folders)) {
-        const QString location = absolutePath(folder, root);
-        if (isOnDisk(location) && !isFolder(QFileInfo(location)))
-            obstacles.append(folder);
-    }
-    return obstacles;
-}
-
 void appendUnlessEmpty(QList<PathCommand> &commands, const PathCommand &command) {
     if (!command.paths.isEmpty())
         commands.append(command);
@@ -178,6 +162,21 @@ RevertPlan onDisk(RevertPlan plan, const QString &root) {
     const QSet<QString> leaving(plan.overwritten.begin(), plan.overwritten.end());
     plan.unversioned.removeIf([&leaving](const UnversionedPath &path) { return leaving.contains(path.path); });
     return plan;
+}
+
+QStringList inTheWayOf(const QStringList &paths, const QString &root) {
+    QSet<QString> folders;
+    for (const QString &path : paths) {
+        for (const QString &folder : foldersAbove(path))
+            folders.insert(folder);
+    }
+    QStringList obstacles;
+    for (const QString &folder : std::as_const(folders)) {
+        const QString location = absolutePath(folder, root);
+        if (isOnDisk(location) && !isFolder(QFileInfo(location)))
+            obstacles.append(folder);
+    }
+    return obstacles;
 }
 
 QString revertQuestion(RevertScope scope, qsizetype count, qsizetype deletions) {

@@ -108,30 +108,44 @@ TEST(HistoryCommands, GitTakesANameForANameAndAPatternForAPattern) {
 
 TEST(HistoryCommands, PullingOverLocalChangesAsksFirst) {
     GitFixture repository;
-    repository.write(u".gitignore"_s, "*.o\n");
-    repository.commit(u"d/f.c|.env|conf/c|clean.c"_list, "1\n");
+    repository.writeAll({{u"d/f.c"_s, "1\n"},
+                         {u".env"_s, "1\n"},
+                         {u"conf/c"_s, "1\n"},
+                         {u"was/folder"_s, "1\n"},
+                         {u".gitignore"_s, "*.o\n"},
+                         {u"clean.c"_s, "1\n"}});
+    repository.commitAll(u"first"_s);
+    repository.git(u"tag|first"_list);
     repository.git(u"rm|-q|--cached|.env|conf/c"_list);
-    repository.commit({{u".gitignore"_s, "*.o\n.env\nconf/\n"}});
-    repository.writeAll({{u"d/f.c"_s, "mine\n"}, {u".env"_s, "mine\n"}, {u"e/x.o"_s}, {u"e/clean.c"_s}});
-    repository.git(u"add|e/clean.c"_list);
-    repository.git(u"commit|-q|-m|third|--|e"_list);
+    repository.git(u"rm|-q|was/folder"_list);
+    repository.write(u".gitignore"_s, "*.o\n.env\nconf/\nwas\n");
+    repository.write(u"e/clean.c"_s);
+    repository.commitAll(u"second"_s);
+    repository.writeAll({{u"d/f.c"_s, "mine\n"}, {u".env"_s, "mine\n"}, {u"was"_s}, {u"e/x.o"_s}, {u"e/new"_s}});
     AppFixture f(repository);
     f.user.confirms = false;
-    const Rows<QString, bool> rows{{"changed file", u"d/f.c"_s, true},
-                                   {"folder of one", u"d"_s, true},
-                                   {"pattern", u"*.c"_s, true},
-                                   {"ignored file", u".env"_s, true},
-                                   {"file in an ignored folder", u"conf/c"_s, true},
-                                   {"file as committed", u"clean.c"_s, false},
-                                   {"folder with ignored files", u"e"_s, false}};
-    for (const auto &[name, path, asks] : rows) {
-        f.user.promptAnswer = QMap<QString, QString>{{u"path"_s, path}, {u"revision"_s, u"HEAD~1"_s}};
-        f.user.asked.clear();
-        awaited(f.app.pullFileAtRevision());
-        EXPECT_EQ(f.user.asked.contains(u"confirm Pull File: Local changes in "_s + path + u" will be discarded."_s),
-                  asks);
+    const Rows<QString, QString, bool> rows{{"changed file", u"d/f.c"_s, u"HEAD"_s, true},
+                                            {"folder of one", u"d"_s, u"HEAD"_s, true},
+                                            {"pattern", u"*.c"_s, u"HEAD"_s, true},
+                                            {"ignored file", u".env"_s, u"first"_s, true},
+                                            {"file in an ignored folder", u"conf/c"_s, u"first"_s, true},
+                                            {"folder with an ignored file", u"conf"_s, u"first"_s, true},
+                                            {"folder that is a file now", u"was"_s, u"first"_s, true},
+                                            {"revision that Git cannot tell of", u"clean.c"_s, u"nowhere"_s, true},
+                                            {"file as committed", u"clean.c"_s, u"first"_s, false},
+                                            {"folder with what no commit has", u"e"_s, u"HEAD"_s, false}};
+    for (const QString &untracked : u"no|normal"_list) {
+        repository.git({u"config"_s, u"status.showUntrackedFiles"_s, untracked});
+        for (const auto &[name, path, revision, asks] : rows) {
+            f.user.promptAnswer = QMap<QString, QString>{{u"path"_s, path}, {u"revision"_s, revision}};
+            f.user.asked.clear();
+            awaited(f.app.pullFileAtRevision());
+            EXPECT_EQ(
+                f.user.asked.contains(u"confirm Pull File: Local changes in "_s + path + u" will be discarded."_s),
+                asks);
+        }
     }
-    EXPECT_TRUE(f.app.commandOutput.value()->commandLine.endsWith(u" checkout HEAD~1 -- e"_s));
+    EXPECT_TRUE(f.app.commandOutput.value()->commandLine.endsWith(u" checkout HEAD -- e"_s));
     EXPECT_EQ(repository.tree.read(u"wc/d/f.c"_s), "mine\n");
     EXPECT_EQ(repository.tree.read(u"wc/.env"_s), "mine\n");
 }

@@ -132,7 +132,9 @@ void FaultMatrix::expectSoundEnd(const Fault &fault, std::optional<int> failingR
     EXPECT_TRUE(showsOldRows || outcome.shown.value_or(outcome.rows) == outcome.rows)
         << "shown: " << outcome.shown->join(u'\n').toStdString()
         << "\nthere: " << outcome.rows.join(u'\n').toStdString();
-    EXPECT_TRUE(outcome.files == filesBefore || outcome.asked == good.asked) << "not asked before files went";
+    // Where a tool gave no answer it may ask more.
+    EXPECT_TRUE(outcome.files == filesBefore || outcome.asked.mid(0, good.asked.size()) == good.asked)
+        << "not asked before files went";
 }
 
 TEST_P(FaultMatrix, EndsWithOneClearAlertAndNothingLost) {
