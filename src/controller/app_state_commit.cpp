@@ -13,7 +13,9 @@ namespace kestor {
 
 namespace {
 
-SVNClientError nothingToCommit() {
+SVNClientError nothingToCommit(const CommitRequest &request, RepositoryKind kind) {
+    if (kind == RepositoryKind::git && !request.folders.isEmpty())
+        return SVNClientError::launchFailed(u"Git keeps only files, and what is ticked are folders without any."_s);
     return SVNClientError::launchFailed(
         u"What is ticked was added and is gone from disk again, so there is nothing to commit."_s);
 }
@@ -90,7 +92,7 @@ QCoro::Task<SVNCommandResult> AppState::commitToSubversion(Project project, Comm
         }
         const std::optional<PathCommand> commit = co_await stillToCommit(tools.svn, project.path, plan.commit, inDoubt);
         if (!commit)
-            throw nothingToCommit();
+            throw nothingToCommit(request, project.kind);
         co_return co_await runPathCommand(tools.svn, project.kind, project.path, *commit);
     } catch (const SVNClientError &error) {
         failure = error;
@@ -120,7 +122,7 @@ QCoro::Task<SVNCommandResult> AppState::commitToGit(Project project, CommitReque
         failure = error;
     }
     if (!failure)
-        throw nothingToCommit();
+        throw nothingToCommit(request, project.kind);
     co_await restoreGitIndex(tools.git, project.path, index);
     throw *failure;
 }

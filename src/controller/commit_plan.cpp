@@ -118,6 +118,8 @@ CommitPlan gitCommitPlan(const CommitRequest &request, GitCommitExtent extent) {
     PathCommand added{args(u"add", u"--all")};
     PathCommand commit{args(u"commit", u"-m", request.message)};
     for (const WorkingCopyItem &item : request.items()) {
+        if (item.kind == SVNStatusKind::unversioned && request.folders.contains(item.path))
+            continue;
         if (request.unaddable.contains(item.path))
             removed.paths.append(item.path);
         else if (!request.git.notInIndex.contains(item.path))

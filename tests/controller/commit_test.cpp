@@ -175,7 +175,12 @@ TEST(Commit, OfGitFollowsTheIndexWhereTheDiskSaysOtherwise) {
     const QString withAll =
         u"Commit Failed: s.env is deleted in Git, but on disk. Git commits this only with everything "
         "that is staged. Tick every changed path, then commit again."_s;
+    const QString onlyFiles = u"Commit Failed: Git keeps only files, and what is ticked are folders without any."_s;
     using Change = void (*)(GitFixture &);
+    const auto makeFolders = [](GitFixture &git) {
+        git.writeAll({{u".kestorignore"_s, "*.o\n"}, {u"new/k"_s}, {u"new/obj/x.o"_s}});
+        git.tree.makeDirectory(u"wc/new/empty"_s);
+    };
     const auto stopTracking = [](GitFixture &git) {
         git.git(u"rm|-q|--cached|s.env"_list);
     };
@@ -204,6 +209,18 @@ TEST(Commit, OfGitFollowsTheIndexWhereTheDiskSaysOtherwise) {
         {"renamed and lost", renameAndLose, u"new.c"_list, {}, "D\tf\n", u"M m|M staged"_list},
         {"a link for a folder", linkInstead, u"e|e/a"_list, {}, "A\te\nD\te/a\n", u"M m|M staged"_list},
         {"behind a link", linkInstead, u"e/a"_list, {}, "D\te/a\n", u"? e|M m|M staged"_list},
+        {"a file and folders that show none",
+         makeFolders,
+         u"new/empty|new/k|new/obj"_list,
+         {},
+         "A\tnew/k\n",
+         u"? .kestorignore|M m|M staged"_list},
+        {"nothing but such folders",
+         makeFolders,
+         u"new/empty|new/obj"_list,
+         onlyFiles,
+         {},
+         u"? .kestorignore|M m|*? new/empty|? new/k|*? new/obj|M staged"_list},
         {"a folder for a file", folderInstead, u"f|m|staged"_list, {}, "D\tf\nM\tm\nM\tstaged\n", u"? f/new.c"_list},
     };
     for (const auto &[name, change, ticked, alert, committed, left] : rows) {
