@@ -127,8 +127,11 @@ CommitPlan gitCommitPlan(const CommitRequest &request, GitCommitExtent extent) {
         if (!request.git.onlyInIndex.contains(item.path))
             commit.paths.append(item.path);
         const auto oldName = request.git.oldNames.constFind(item.path);
-        if (oldName != request.git.oldNames.constEnd())
-            commit.paths.append(*oldName);
+        if (oldName == request.git.oldNames.constEnd())
+            continue;
+        commit.paths.append(*oldName);
+        if (request.git.notYetRenamed.contains(item.path))
+            removed.paths.append(*oldName);
     }
     if (extent == GitCommitExtent::index)
         commit.paths.clear();

@@ -53,9 +53,10 @@ QStringList svnPathsInDoubt(const CommitRequest &request);
 /// What a commit of Git's takes: paths by name, or the index, as during a merge.
 enum class GitCommitExtent : std::uint8_t { paths, index };
 
-/// Everything ticked that is not staged whole is added, then everything is committed together with the old names of
-/// renames, but for what was new in the index and is gone. Unversioned folders are left out: Git keeps none, and would
-/// take files in them that no row tells of. A commit of the index names no paths.
+/// Everything ticked that is not staged whole is added, and old names that the index still has are taken out of it.
+/// Then everything is committed together with the old names of renames, but for what was new in the index and is gone.
+/// Unversioned folders are left out: Git keeps none, and would take files in them that no row tells of. A commit of the
+/// index names no paths.
 CommitPlan gitCommitPlan(const CommitRequest &request, GitCommitExtent extent);
 
 /// Whether a merge can be committed: nothing that belongs to it is left unticked.

@@ -101,19 +101,22 @@ TEST(Commit, TakesStagedDeletionsAndNothingThatHasNoRow) {
 
 TEST(Commit, OfAMergeIsWholeOrRefusedBeforeAnythingRuns) {
     GitFixture repository;
-    repository.commit({{u"a.c"_s, "one\n"}, {u"b.c"_s, "one\n"}});
+    repository.commit({{u"a.c"_s, "one\n"}, {u"b.c"_s, "one\n"}, {u"old.c"_s, "1\n2\n3\n"}});
     repository.git(u"checkout|-q|-b|side"_list);
     repository.commit({{u"a.c"_s, "side\n"}, {u"b.c"_s, "side\n"}});
     repository.git(u"checkout|-q|main"_list);
     repository.commit({{u"c.c"_s}});
     repository.git(u"merge|--no-commit|--no-ff|-q|side"_list);
+    QFile::rename(repository.path(u"old.c"_s), repository.path(u"new.c"_s));
+    repository.git(u"add|--intent-to-add|new.c"_list);
     AppFixture f(repository);
     f.commit({u"a.c"_s}, u"merged"_s);
     EXPECT_EQ(f.alertText(), u"Commit Failed: A merge is committed as a whole. Tick every changed path, then commit "
                              "again."_s);
     EXPECT_EQ(f.app.commitMessage.value(), u"merged"_s);
-    f.commit({u"a.c"_s, u"b.c"_s});
+    f.commit(u"a.c|b.c|new.c"_list);
     EXPECT_EQ(repository.git(u"log|-1|--format=%s %p"_list).split(' ').size(), 3);
+    EXPECT_EQ(repository.git(u"ls-tree|--name-only|HEAD"_list), "a.c\nb.c\nc.c\nnew.c\n");
     EXPECT_TRUE(f.rows().isEmpty());
 }
 
