@@ -35,12 +35,18 @@ void writeIndex(const GitIndexCopy &copy) {
         QFile::remove(copy.path);
         return;
     }
-    writeFile(copy.path, *copy.content);
+    // By its time Git tells which files may have changed after it looked at them.
+    writeFile(copy.path, *copy.content, copy.modified);
 }
 
-std::optional<QByteArray> fileContent(const QString &path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? std::optional(file.readAll()) : std::nullopt;
+/// The copy of the index that stands there now.
+GitIndexCopy withContent(GitIndexCopy copy) {
+    QFile file(copy.path);
+    if (!file.open(QIODevice::ReadOnly))
+        return copy;
+    copy.content = file.readAll();
+    copy.modified = file.fileTime(QFileDevice::FileModificationTime);
+    return copy;
 }
 
 /// Runs the command for what it can still do.
@@ -89,14 +95,12 @@ QCoro::Task<GitIndexCopy> copyOfGitIndex(std::shared_ptr<Tool> git, QString dire
     if (named.status != 0)
         co_return copy;
     copy.path = QDir(directory).absoluteFilePath(toolText(named.stdoutData).trimmed());
-    const auto read = [path = copy.path] {
-        return fileContent(path);
-    };
-    const std::optional<QByteArray> content = co_await QtConcurrent::run(read);
-    copy.content = content;
     const SVNCommandResult head = co_await lookedUpReference(git, u"HEAD"_s, directory);
     copy.head = head.stdoutData;
-    co_return copy;
+    const auto read = [copy] {
+        return withContent(copy);
+    };
+    co_return co_await QtConcurrent::run(read);
 }
 
 QCoro::Task<> restoreGitIndex(std::shared_ptr<Tool> git, QString directory, GitIndexCopy copy) {

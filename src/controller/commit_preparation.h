@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QCoroTask>
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 
@@ -17,6 +18,7 @@ namespace kestor {
 struct GitIndexCopy {
     QString path{};                      ///< absolute; "" when Git did not tell
     std::optional<QByteArray> content{}; ///< absent when there was none
+    QDateTime modified{};                ///< of the file with that content
     QByteArray head{};                   ///< commit that HEAD named
 };
 

@@ -23,7 +23,7 @@ QString cannotWrite(const QString &path, const QString &reason) {
 
 } // namespace
 
-QString writeFile(const QString &path, const QByteArray &content) {
+QString writeFile(const QString &path, const QByteArray &content, const QDateTime &modified) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return cannotWrite(path, file.errorString());
@@ -31,6 +31,8 @@ QString writeFile(const QString &path, const QByteArray &content) {
     const bool whole = file.write(content) == content.size() && file.flush();
     if (!whole && file.error() == QFileDevice::NoError)
         return cannotWrite(path, u"There is no room for all of it."_s);
+    if (modified.isValid())
+        file.setFileTime(modified, QFileDevice::FileModificationTime);
     return whole && file.commit() ? QString() : cannotWrite(path, file.errorString());
 }
 

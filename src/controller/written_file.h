@@ -3,6 +3,7 @@
 #include "tools/temporary_folder.h"
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QString>
 
 #include <memory>
@@ -12,8 +13,9 @@ namespace kestor {
 // Writing files that the user asked for. A failure comes back as a text for the user, "" on success, and never leaves
 // half a file under the name that the user chose. All block on the disk: workers.
 
-/// Writes `content` to `path`, replacing an older file at the very end.
-QString writeFile(const QString &path, const QByteArray &content);
+/// Writes `content` to `path`, replacing an older file at the very end. It then says that it was last changed at
+/// `modified`, if that is valid.
+QString writeFile(const QString &path, const QByteArray &content, const QDateTime &modified = {});
 
 /// Where a tool shall write a file, on the disk of its destination.
 struct FileBeside {

@@ -120,6 +120,12 @@ TEST(Commit, OfAMergeIsWholeOrRefusedBeforeAnythingRuns) {
     EXPECT_TRUE(f.rows().isEmpty());
 }
 
+void setLongUnchanged(const QString &path) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QDateTime::fromSecsSinceEpoch(1'000'000'000), QFileDevice::FileModificationTime));
+}
+
 TEST(Commit, RefusedByAHookLeavesEverythingAsItWas) {
     SvnFixture svn;
     svn.commit({{u"m.c"_s, "one\n"}, {u"gone.c"_s, "one\n"}});
@@ -148,6 +154,16 @@ TEST(Commit, RefusedByAHookLeavesEverythingAsItWas) {
         EXPECT_EQ(repository->run(statusRun), status);
     }
     EXPECT_EQ(git.git(u"show|:staged.c"_list), "two\n");
+    // Two changes in a moment: nothing but the time of the index says that the second one may be there.
+    git.git(u"config|core.trustctime|false"_list);
+    git.write(u"staged.c"_s, "two\n");
+    setLongUnchanged(git.path(u"staged.c"_s));
+    git.git(u"add|staged.c"_list);
+    git.write(u"staged.c"_s, "six\n");
+    setLongUnchanged(git.path(u"staged.c"_s));
+    setLongUnchanged(git.path(u".git/index"_s));
+    awaited(f.app.commitSelected());
+    EXPECT_EQ(git.git(u"status|--porcelain"_list), "MM staged.c\n?? new.c\n");
 }
 
 TEST(Commit, KilledWhenItIsThereStaysThere) {
