@@ -11,6 +11,8 @@
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
 
@@ -38,13 +40,28 @@ bool hasTrash() {
     return QDir().mkpath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
 }
 
-/// Where the path went in the system's trash; nothing when it refuses.
-std::optional<QString> movedToTrash(const QString &path) {
+std::filesystem::path nativePath(const QString &path) {
+    return QFile::encodeName(path).toStdString();
+}
+
+std::optional<TrashedPath> removedLink(const QString &path) {
+    std::error_code error;
+    const std::filesystem::path target = std::filesystem::read_symlink(nativePath(path), error);
+    if (error || !QFile::remove(path))
+        return std::nullopt;
+    return TrashedPath{path, {}, QByteArray::fromStdString(target.string())};
+}
+
+/// What went from the path to the system's trash; nothing when it refuses.
+std::optional<TrashedPath> movedToTrash(const QString &path) {
+    const QFileInfo info(path);
+    if (info.isSymLink() && !info.exists())
+        return removedLink(path);
     QString inTrash;
     if (!QFile::moveToTrash(path, &inTrash))
         return std::nullopt;
     if (QDir::isAbsolutePath(inTrash))
-        return inTrash;
+        return TrashedPath{path, inTrash, {}};
     QFile::rename(inTrash, path);
     return std::nullopt;
 }
@@ -135,9 +152,9 @@ DeletionResult deleteUnversionedItems(const QList<UnversionedPath> &paths, const
         const QFileInfo info(absolutePath(path.path, root));
         if (!isOnDisk(info.filePath()))
             continue;
-        const std::optional<QString> inTrash = trash ? movedToTrash(info.filePath()) : std::nullopt;
-        if (inTrash)
-            result.moved.append({info.filePath(), *inTrash});
+        const std::optional<TrashedPath> moved = trash ? movedToTrash(info.filePath()) : std::nullopt;
+        if (moved)
+            result.moved.append(*moved);
         else if (!removeForGood(info)) {
             result.error = u"Could not delete "_s + path.path + u'.';
             break;
@@ -159,12 +176,12 @@ TrashResult moveToTrash(const QStringList &paths, const QString &root) {
         const QString source = absolutePath(path, root);
         if (!isOnDisk(source))
             continue;
-        const std::optional<QString> inTrash = trash ? movedToTrash(source) : std::nullopt;
-        if (!inTrash) {
+        const std::optional<TrashedPath> moved = trash ? movedToTrash(source) : std::nullopt;
+        if (!moved) {
             takeBack(result.moved);
             return {{}, path + u" could not be moved to the trash. Nothing was changed."_s};
         }
-        result.moved.append({source, *inTrash});
+        result.moved.append(*moved);
     }
     return result;
 }
@@ -172,7 +189,11 @@ TrashResult moveToTrash(const QStringList &paths, const QString &root) {
 void takeBack(const QList<TrashedPath> &paths) {
     for (const TrashedPath &path : paths) {
         QDir().mkpath(QFileInfo(path.original).path());
-        QFile::rename(path.inTrash, path.original);
+        std::error_code standsThere;
+        if (path.inTrash.isEmpty())
+            std::filesystem::create_symlink(path.linkTarget.toStdString(), nativePath(path.original), standsThere);
+        else
+            QFile::rename(path.inTrash, path.original);
     }
 }
 

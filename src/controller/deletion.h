@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QSet>
 #include <QString>
@@ -17,10 +18,11 @@ struct UnversionedPath {
     friend bool operator==(const UnversionedPath &, const UnversionedPath &) = default;
 };
 
-/// What went to the trash; both paths are absolute.
+/// What went to the trash; both paths are absolute. A link without target, which no trash takes, is only remembered.
 struct TrashedPath {
     QString original{};
-    QString inTrash{};
+    QString inTrash{};       ///< "" for such a link
+    QByteArray linkTarget{}; ///< of such a link, as it was written
 
     friend bool operator==(const TrashedPath &, const TrashedPath &) = default;
 };
@@ -55,10 +57,10 @@ QList<UnversionedPath> topLevelWorkingCopyPaths(QList<UnversionedPath> paths);
 /// refused. Reads and writes the disk; workers.
 DeletionResult deleteUnversionedItems(const QList<UnversionedPath> &paths, const QString &root);
 
-/// Moves files and whole folders to the trash, none for good: all of them or none. Workers.
+/// Moves files and whole folders to the trash, none for good but links without target: all of them or none. Workers.
 TrashResult moveToTrash(const QStringList &paths, const QString &root);
 
-/// Moves back from the trash what nothing else stands for now; the rest stays there. Workers.
+/// Moves back from the trash, or links again, what nothing else stands for now; the rest stays there. Workers.
 void takeBack(const QList<TrashedPath> &paths);
 
 } // namespace kestor

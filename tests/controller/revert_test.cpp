@@ -99,6 +99,11 @@ void replaceByLink(Fixture &repository) {
     QFile::link(repository.tree.path(u"out"_s), repository.path(u"d"_s));
 }
 
+void replaceByDeadLink(RepositoryFixture &repository) {
+    QFile::remove(repository.path(u"f.c"_s));
+    QFile::link(u"nowhere"_s, repository.path(u"f.c"_s));
+}
+
 template <typename Fixture>
 void replaceByFile(Fixture &repository) {
     QDir(repository.path(u"d"_s)).removeRecursively();
@@ -156,6 +161,7 @@ TEST(Revert, InGitTrashesWhatTheToolTakesFromTheDisk) {
         {"folder at a file", replaceByFolder<R>, u"f.c"_s, 1, u"f.c"_list},
         {"staged folder at a file", stageFolder, {}, 1, u"f.c"_list},
         {"file at a folder", replaceByFile<R>, {}, 1, u"d"_list},
+        {"link without target at a file", replaceByDeadLink, u"f.c"_s, 1, {}},
         {"link above a file", replaceByLink<R>, u"d/g.c"_s, 1, u"d"_list},
         {"repository at a file", nestRepository, u"f.c"_s, 1, u"f.c"_list},
     });
@@ -167,12 +173,15 @@ TEST(Revert, ThatFailsPutsBackWhatItTookFromTheDisk) {
     repository.commit({{u"f.c"_s}});
     replaceByFolder(repository);
     repository.write(u"new/n.c"_s);
+    QFile::link(u"nowhere"_s, repository.path(u"link"_s));
+    repository.git(u"add|link"_list);
     AppFixture f(repository);
     repository.write(u".git/index.lock"_s);
     const QStringList before = repository.tree.entries(u"wc"_s);
     awaited(f.app.revertAllPaths());
     EXPECT_TRUE(f.alertText().contains(u"index.lock"_s));
     EXPECT_EQ(repository.tree.entries(u"wc"_s), before);
+    EXPECT_EQ(repository.git(u"diff|--name-only|--|link"_list), QByteArray());
     EXPECT_TRUE(trash.files().isEmpty());
 }
 
