@@ -30,8 +30,9 @@ struct Removal {
     qsizetype count() const { return overwritten.moved.size() + unversioned.deleted; }
 };
 
-/// Takes from the disk what the plan says, unversioned paths only when nothing else refused. Workers.
-Removal removed(const RevertPlan &plan, const QString &root) {
+/// Takes from the disk what is in the way of the plan now, unversioned paths only when nothing else refused. Workers.
+Removal removed(const RevertPlan &raw, const QString &root) {
+    const RevertPlan plan = onDisk(raw, root);
     Removal removal{moveToTrash(plan.overwritten, root), {}};
     if (!removal.overwritten.error && !plan.unversioned.isEmpty())
         removal.unversioned = deleteUnversionedItems(plan.unversioned, root);
@@ -122,8 +123,12 @@ QCoro::Task<> AppState::revert(QList<WorkingCopyItem> items, QString emptyMessag
 QCoro::Task<> AppState::revertAfterConfirmation(Project project, QList<WorkingCopyItem> items, RevertScope scope) {
     std::optional<BusyScope> planning(std::in_place, busy, u"Reverting"_s);
     const RevertPlan plan = co_await revertPlan(project, items);
+    const auto count = [plan, root = project.path] {
+        return onDisk(plan, root).deletions();
+    };
+    const qsizetype deletions = co_await QtConcurrent::run(&workers, count);
     planning.reset();
-    const QString question = revertQuestion(scope, items.size(), plan.deletions());
+    const QString question = revertQuestion(scope, items.size(), deletions);
     const bool confirmed = co_await user.confirm(u"Revert"_s, question);
     if (!confirmed)
         co_return;
@@ -152,8 +157,8 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
         };
         const QStringList added = co_await QtConcurrent::run(&workers, whichAdded);
         const QSet<QString> copied = co_await copiesAmong(tools.svn, project.path, added);
-        const auto plan = [items, copied, root = project.path] {
-            return onDisk(svnRevertPlan(items, copied), root);
+        const auto plan = [items, copied] {
+            return svnRevertPlan(items, copied);
         };
         co_return co_await QtConcurrent::run(&workers, plan);
     }
@@ -165,7 +170,7 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
         throw SVNClientError::commandFailed(head);
     const GitHead commits = head.status == 0 ? GitHead::exists : GitHead::unborn;
     const auto make = [items, facts, commits, root = project.path] {
-        return onDisk(gitRevertPlan(items, withVacantOldNames(facts, root), commits), root);
+        return gitRevertPlan(items, withVacantOldNames(facts, root), commits);
     };
     RevertPlan plan = co_await QtConcurrent::run(&workers, make);
     if (leavesNoChange && !plan.commands.isEmpty()) {
@@ -176,7 +181,7 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
 }
 
 QCoro::Task<CommandOutput> AppState::runRevert(Project project, RevertPlan plan) {
-    // Before the tool runs: what it restores may stand there afterwards.
+    // Before the tool runs: what it restores may stand there afterwards. More may have come since the question.
     const auto remove = [plan, root = project.path] {
         return removed(plan, root);
     };

@@ -143,7 +143,9 @@ RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts 
         if (facts.oldNames.contains(item.path))
             oldNames.append(facts.oldNames.value(item.path));
     }
-    plan.written = plan.displaced + oldNames;
+    // Nothing stands there yet.
+    plan.displaced += oldNames;
+    plan.written = plan.displaced;
     // Where a file became a folder, or a folder a file, Git knows only the upper name.
     restored.paths = topmost(restored.paths + oldNames);
     appendUnlessEmpty(plan.commands, restored);

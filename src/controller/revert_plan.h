@@ -16,7 +16,7 @@ namespace kestor {
 /// Whether Git has a commit to go back to.
 enum class GitHead : std::uint8_t { exists, unborn };
 
-/// What a revert does to the paths it was given.
+/// What a revert does to the paths it was given, whatever stands on the disk.
 struct RevertPlan {
     QList<PathCommand> commands{};        ///< tool runs, in order
     QList<UnversionedPath> unversioned{}; ///< deleted from disk
@@ -24,7 +24,7 @@ struct RevertPlan {
     QStringList displaced{};              ///< paths where the tool leaves nothing of what stands there
     QStringList written{};                ///< paths that the tool writes to, whatever is in the way
 
-    /// How many paths leave the disk.
+    /// How many paths leave the disk, of a plan for what is on it.
     qsizetype deletions() const { return unversioned.size() + overwritten.size(); }
     friend bool operator==(const RevertPlan &, const RevertPlan &) = default;
 };
@@ -43,8 +43,8 @@ RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items, const QSet<QString
 /// files are only taken out of the index.
 RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts &facts, GitHead head);
 
-/// The plan for what is on disk: everything that leaves it is in `unversioned` or `overwritten`, once. Reads the disk
-/// below `root` (absolute); workers.
+/// The plan for what is on disk now: everything that leaves it is in `unversioned` or `overwritten`, once. Reads the
+/// disk below `root` (absolute); workers.
 RevertPlan onDisk(RevertPlan plan, const QString &root);
 
 /// The links and files that stand where the working-copy paths need folders. Reads the disk below `root` (absolute);

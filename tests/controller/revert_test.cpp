@@ -167,6 +167,25 @@ TEST(Revert, InGitTrashesWhatTheToolTakesFromTheDisk) {
     });
 }
 
+TEST(Revert, TrashesWhatCameWhileItAsked) {
+    const TrashFixture trash;
+    GitFixture repository;
+    repository.commit({{u"gone.c"_s, "one\n"}, {u"old.c"_s, "one\ntwo\nthree\n"}});
+    repository.git(u"mv|old.c|new.c"_list);
+    repository.write(u"lost.c"_s);
+    repository.git(u"add|lost.c"_list);
+    for (const QString &path : u"gone.c|lost.c"_list)
+        QFile::remove(repository.path(path));
+    AppFixture f(repository);
+    f.user.meanwhile = [&repository] {
+        repository.writeAll(u"gone.c|lost.c|old.c"_list, "work\n");
+    };
+    awaited(f.app.revertAllPaths());
+    EXPECT_EQ(f.user.asked.last().section(u". "_s, 1), u"1 unversioned path(s) will be deleted from disk."_s);
+    EXPECT_EQ(trash.files(), u"gone.c|lost.c|new.c|old.c"_list);
+    EXPECT_TRUE(f.rows().isEmpty()) << qPrintable(f.alertText());
+}
+
 TEST(Revert, ThatFailsPutsBackWhatItTookFromTheDisk) {
     const TrashFixture trash;
     GitFixture repository;

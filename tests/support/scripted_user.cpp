@@ -6,6 +6,8 @@ namespace kestor::testing {
 
 QCoro::Task<bool> ScriptedUser::confirm(QString title, QString message) {
     asked.append(u"confirm "_s + title + u": "_s + message);
+    if (meanwhile)
+        meanwhile();
     co_return confirms;
 }
 

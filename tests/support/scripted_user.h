@@ -4,12 +4,15 @@
 
 #include <QStringList>
 
+#include <functional>
+
 namespace kestor::testing {
 
 /// Answers every question at once from what the test set, and keeps what was asked.
 class ScriptedUser final : public UserInteraction {
 public:
     bool confirms = true;
+    std::function<void()> meanwhile{};                    ///< what happens before a question is answered
     std::optional<QMap<QString, QString>> promptAnswer{}; ///< of every prompt that promptAnswers has no answer for
     QList<std::optional<QMap<QString, QString>>> promptAnswers{}; ///< of the next prompts, in turn
     std::optional<QString> chosenDirectory{};
