@@ -2,17 +2,18 @@
 #include "controller/combined_output.h"
 #include "controller/deletion.h"
 #include "controller/git_reference.h"
+#include "controller/git_status.h"
 #include "controller/path_command_run.h"
 #include "controller/refusal.h"
 #include "controller/revert_plan.h"
 #include "controller/tool_text.h"
+#include "model/utf8_text.h"
 #include "parsers/svn_xml_parsers.h"
 #include "tools/arguments.h"
 
 #include <QCoroFuture>
 #include <QtConcurrent>
 
-#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -52,9 +53,21 @@ QCoro::Task<QSet<QString>> copiesAmong(std::shared_ptr<Tool> svn, QString direct
     co_return *copies;
 }
 
-/// The commands that make Git forget what waits for a commit of the changes. Its commit would record as taken in what
-/// was thrown away.
-QCoro::Task<QList<PathCommand>> endingCommands(std::shared_ptr<Tool> git, QString directory) {
+/// Whether nothing that Git tracks is changed but for what the plan takes back, hidden rows included.
+QCoro::Task<bool> leavesNoChange(std::shared_ptr<Tool> git, QString directory, RevertPlan plan) {
+    const QStringList arguments = args(u"status", u"--porcelain=v1", u"--untracked-files=no");
+    const SVNCommandResult left = co_await git->run(arguments, directory, CheckStatus::no, RunPurpose::backgroundRead);
+    if (left.status != 0)
+        co_return false;
+    const auto look = [plan, printed = left.stdoutData] {
+        return takesBackAll(plan, gitStatus(utf8Text(printed)).items);
+    };
+    co_return co_await QtConcurrent::run(look);
+}
+
+/// The commands that make Git forget what waits for a commit of the changes, when the plan leaves none. Its commit
+/// would record as taken in what was thrown away.
+QCoro::Task<QList<PathCommand>> endingCommands(std::shared_ptr<Tool> git, QString directory, RevertPlan plan) {
     const QList<std::pair<QString, QString>> waiting{
         {u"MERGE_HEAD"_s, u"merge"_s}, {u"CHERRY_PICK_HEAD"_s, u"cherry-pick"_s}, {u"REVERT_HEAD"_s, u"revert"_s}};
     QList<PathCommand> commands;
@@ -63,19 +76,10 @@ QCoro::Task<QList<PathCommand>> endingCommands(std::shared_ptr<Tool> git, QStrin
         if (found.status == 0)
             commands.append(PathCommand{args(command, u"--quit")});
     }
-    co_return commands;
-}
-
-bool isVersioned(const WorkingCopyItem &item) {
-    return item.kind != SVNStatusKind::unversioned;
-}
-
-/// Whether `items`, rows of `all`, are all of its versioned ones.
-bool areAllVersioned(const QList<WorkingCopyItem> &items, const WorkingCopyItems &all) {
-    qsizetype versioned = 0;
-    for (qsizetype row = 0; row < all.size(); ++row)
-        versioned += isVersioned(all.statusAt(row)) ? 1 : 0;
-    return versioned == std::ranges::count_if(items, isVersioned);
+    if (commands.isEmpty())
+        co_return commands;
+    const bool ends = co_await leavesNoChange(git, directory, plan);
+    co_return ends ? commands : QList<PathCommand>();
 }
 
 CommandOutput revertOutput(const QList<SVNCommandResult> &results, qsizetype deleted) {
@@ -163,7 +167,6 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
         co_return co_await QtConcurrent::run(&workers, plan);
     }
     const GitRowFacts facts = gitFacts;
-    const bool leavesNoChange = areAllVersioned(items, changes);
     const SVNCommandResult head = co_await lookedUpReference(tools.git, u"HEAD"_s, project.path);
     // Without an answer nobody knows what a revert would go back to.
     if (head.status != 0 && head.status != 1)
@@ -173,8 +176,8 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
         return gitRevertPlan(items, withVacantOldNames(facts, root), commits);
     };
     RevertPlan plan = co_await QtConcurrent::run(&workers, make);
-    if (leavesNoChange && !plan.commands.isEmpty()) {
-        const QList<PathCommand> endings = co_await endingCommands(tools.git, project.path);
+    if (!plan.commands.isEmpty()) {
+        const QList<PathCommand> endings = co_await endingCommands(tools.git, project.path, plan);
         plan.commands += endings;
     }
     co_return plan;

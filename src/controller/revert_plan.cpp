@@ -154,6 +154,15 @@ RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts 
     return plan;
 }
 
+bool takesBackAll(const RevertPlan &plan, const QList<WorkingCopyItem> &items) {
+    QSet<QString> reverted;
+    for (const PathCommand &command : plan.commands)
+        reverted.unite(QSet<QString>(command.paths.begin(), command.paths.end()));
+    return std::ranges::all_of(items, [&reverted](const WorkingCopyItem &item) {
+        return reverted.contains(item.path) || isBelowOneOf(reverted, item.path);
+    });
+}
+
 RevertPlan onDisk(RevertPlan plan, const QString &root) {
     plan.overwritten.removeIf([&root](const QString &path) { return isFolder(QFileInfo(absolutePath(path, root))); });
     plan.overwritten += plan.displaced;

@@ -43,6 +43,9 @@ RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items, const QSet<QString
 /// files are only taken out of the index.
 RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts &facts, GitHead head);
 
+/// Whether the commands of the plan take back every one of the rows.
+bool takesBackAll(const RevertPlan &plan, const QList<WorkingCopyItem> &items);
+
 /// The plan for what is on disk now: everything that leaves it is in `unversioned` or `overwritten`, once. Reads the
 /// disk below `root` (absolute); workers.
 RevertPlan onDisk(RevertPlan plan, const QString &root);

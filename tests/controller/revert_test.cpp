@@ -255,15 +255,21 @@ TEST(Revert, OfEverythingEndsWhatWaitsForACommitInGit) {
     repository.git(u"checkout|-q|main"_list);
     repository.commit({{u"f.c"_s, "main\n"}});
     AppFixture f(repository);
-    const Rows<QString> rows{
-        {"merge", u"MERGE_HEAD"_s}, {"cherry-pick", u"CHERRY_PICK_HEAD"_s}, {"revert", u"REVERT_HEAD"_s}};
-    for (const auto &[name, head] : rows) {
-        repository.git({u"-c"_s, u"alias.try=!git "_s + QLatin1String(name) + u" side || true"_s, u"try"_s});
+    repository.git(u"checkout|-q|-b|more|side"_list);
+    repository.commit({{u"gen.log"_s}});
+    repository.git(u"checkout|-q|main"_list);
+    repository.write(u".kestorignore"_s, "*.log\n");
+    const Rows<QString, bool> rows{{"merge side", u"MERGE_HEAD"_s, true},
+                                   {"cherry-pick side", u"CHERRY_PICK_HEAD"_s, true},
+                                   {"revert side", u"REVERT_HEAD"_s, true},
+                                   {"merge more", u"MERGE_HEAD"_s, false}}; // with a row that is hidden
+    for (const auto &[name, head, ends] : rows) {
+        repository.git({u"-c"_s, u"alias.try=!git "_s + QLatin1String(name) + u" || true"_s, u"try"_s});
         ASSERT_TRUE(repository.tree.exists(u"wc/.git/"_s + head));
         awaited(f.app.refreshStatus());
         awaited(f.app.revertPath(u"f.c"_s));
         EXPECT_EQ(f.alertText(), QString());
-        EXPECT_FALSE(repository.tree.exists(u"wc/.git/"_s + head));
+        EXPECT_EQ(repository.tree.exists(u"wc/.git/"_s + head), !ends);
     }
 }
 
