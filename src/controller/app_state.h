@@ -179,6 +179,7 @@ private:
     QCoro::Task<> revert(QList<WorkingCopyItem> items, QString emptyMessage, RevertScope scope);
     QCoro::Task<> revertAfterConfirmation(Project project, QList<WorkingCopyItem> items, RevertScope scope);
     QCoro::Task<RevertPlan> revertPlan(Project project, QList<WorkingCopyItem> items);
+    QCoro::Task<RevertPlan> planWithGit(Project project, QList<WorkingCopyItem> items);
     QCoro::Task<CommandOutput> runRevert(Project project, RevertPlan plan);
     void resetHistory();
     void clearHistory();

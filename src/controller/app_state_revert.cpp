@@ -53,6 +53,16 @@ QCoro::Task<QSet<QString>> copiesAmong(std::shared_ptr<Tool> svn, QString direct
     co_return *copies;
 }
 
+/// Those of the folders that are submodules in the last commit.
+QCoro::Task<QSet<QString>> committedSubmodules(std::shared_ptr<Tool> git, QString directory, QSet<QString> folders) {
+    if (folders.isEmpty())
+        co_return QSet<QString>();
+    const QStringList arguments = committedEntriesArguments(folders);
+    const SVNCommandResult listed =
+        co_await git->run(arguments, directory, CheckStatus::yes, RunPurpose::backgroundRead);
+    co_return submodulesAmong(listed.stdoutData);
+}
+
 /// Whether nothing that Git tracks is changed but for what the plan takes back, hidden rows included.
 QCoro::Task<bool> leavesNoChange(std::shared_ptr<Tool> git, QString directory, RevertPlan plan) {
     const QStringList arguments = args(u"status", u"--porcelain=v1", u"--untracked-files=no");
@@ -166,14 +176,25 @@ QCoro::Task<RevertPlan> AppState::revertPlan(Project project, QList<WorkingCopyI
         };
         co_return co_await QtConcurrent::run(&workers, plan);
     }
-    const GitRowFacts facts = gitFacts;
+    co_return co_await planWithGit(project, items);
+}
+
+QCoro::Task<RevertPlan> AppState::planWithGit(Project project, QList<WorkingCopyItem> items) {
+    const auto look = [items, facts = gitFacts, root = project.path] {
+        return gitRevertRows(items, facts, root);
+    };
     const SVNCommandResult head = co_await lookedUpReference(tools.git, u"HEAD"_s, project.path);
     // Without an answer nobody knows what a revert would go back to.
     if (head.status != 0 && head.status != 1)
         throw SVNClientError::commandFailed(head);
     const GitHead commits = head.status == 0 ? GitHead::exists : GitHead::unborn;
-    const auto make = [items, facts, commits, root = project.path] {
-        return gitRevertPlan(items, withVacantOldNames(facts, root), commits);
+    GitRevertRows rows = co_await QtConcurrent::run(&workers, look);
+    if (commits == GitHead::exists) {
+        const QSet<QString> submodules = co_await committedSubmodules(tools.git, project.path, rows.folders);
+        rows.submodules = submodules;
+    }
+    const auto make = [rows, commits] {
+        return gitRevertPlan(rows, commits);
     };
     RevertPlan plan = co_await QtConcurrent::run(&workers, make);
     if (!plan.commands.isEmpty()) {

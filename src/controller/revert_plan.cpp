@@ -69,6 +69,29 @@ bool isOnDiskInside(const QString &path, const QString &root) {
     return isOnDisk(absolutePath(path, root)) && liesInside(path, root);
 }
 
+/// The commands of Git's that a revert runs.
+struct GitCommands {
+    PathCommand restored{args(u"restore", u"--staged", u"--worktree")};
+    PathCommand removed{args(u"rm", u"--force")};
+    PathCommand unstaged{args(u"rm", u"--cached", u"--force")};
+
+    /// The one that takes this row back.
+    PathCommand &takingBack(const WorkingCopyItem &item, const GitRevertRows &rows, GitHead head) {
+        if (head == GitHead::unborn)
+            return unstaged;
+        if (item.kind != SVNStatusKind::conflicted || !rows.facts.notInHead.contains(item.path))
+            return restored;
+        // A submodule would go with all that is in it.
+        return rows.folders.contains(item.path) ? unstaged : removed;
+    }
+};
+
+/// Whether Git leaves nothing of what stands at the row's path. A submodule's folder it leaves as it is.
+bool replacesWhatStandsThere(const WorkingCopyItem &item, const GitRevertRows &rows) {
+    const bool replaced = item.kind == SVNStatusKind::deleted || rows.facts.retyped.contains(item.path);
+    return replaced && !rows.submodules.contains(item.path);
+}
+
 void appendUnlessEmpty(QList<PathCommand> &commands, const PathCommand &command) {
     if (!command.paths.isEmpty())
         commands.append(command);
@@ -115,42 +138,35 @@ RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items, const QSet<QString
     return plan;
 }
 
-RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts &facts, GitHead head) {
+RevertPlan gitRevertPlan(const GitRevertRows &rows, GitHead head) {
     RevertPlan plan;
-    PathCommand restored{args(u"restore", u"--staged", u"--worktree")};
-    PathCommand unstaged{args(u"rm", u"--cached", u"--force")};
-    PathCommand removed{args(u"rm", u"--force")};
+    GitCommands commands;
+    // What is in submodules is changed there and not here.
+    if (!rows.folders.isEmpty())
+        commands.restored.before.append(u"--no-recurse-submodules"_s);
     QStringList oldNames;
-    for (const WorkingCopyItem &item : items) {
+    for (const WorkingCopyItem &item : rows.items) {
         if (item.kind == SVNStatusKind::unversioned) {
             plan.unversioned.append(unversionedPath(item));
             continue;
         }
-        if (head == GitHead::unborn) {
-            unstaged.paths.append(item.path);
+        commands.takingBack(item, rows, head).paths.append(item.path);
+        if (head == GitHead::unborn)
             continue;
-        }
-        const bool notInHead = facts.notInHead.contains(item.path);
-        if (notInHead || isNew(item))
+        if (rows.facts.notInHead.contains(item.path) || isNew(item))
             plan.overwritten.append(item.path);
-        else if (item.kind == SVNStatusKind::deleted || facts.retyped.contains(item.path))
+        else if (replacesWhatStandsThere(item, rows))
             plan.displaced.append(item.path);
-        if (notInHead && item.kind == SVNStatusKind::conflicted) {
-            removed.paths.append(item.path);
-            continue;
-        }
-        restored.paths.append(item.path);
-        if (facts.oldNames.contains(item.path))
-            oldNames.append(facts.oldNames.value(item.path));
+        if (rows.facts.oldNames.contains(item.path))
+            oldNames.append(rows.facts.oldNames.value(item.path));
     }
     // Nothing stands there yet.
     plan.displaced += oldNames;
     plan.written = plan.displaced;
     // Where a file became a folder, or a folder a file, Git knows only the upper name.
-    restored.paths = topmost(restored.paths + oldNames);
-    appendUnlessEmpty(plan.commands, restored);
-    appendUnlessEmpty(plan.commands, removed);
-    appendUnlessEmpty(plan.commands, unstaged);
+    commands.restored.paths = topmost(commands.restored.paths + oldNames);
+    for (const PathCommand &command : {commands.restored, commands.removed, commands.unstaged})
+        appendUnlessEmpty(plan.commands, command);
     return plan;
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controller/deletion.h"
-#include "controller/git_status.h"
+#include "controller/git_revert_rows.h"
 #include "controller/path_command.h"
 #include "model/working_copy_item.h"
 
@@ -39,9 +39,9 @@ QStringList addedPathsArguments(const QStringList &paths);
 /// was added those in `copied` leave the disk, the others become unversioned.
 RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items, const QSet<QString> &copied);
 
-/// Git: index and work tree go back to the last commit, old names of renames included. Before the first commit added
-/// files are only taken out of the index.
-RevertPlan gitRevertPlan(const QList<WorkingCopyItem> &items, const GitRowFacts &facts, GitHead head);
+/// Git: index and work tree go back to the last commit, old names of renames included, but for what is in submodules.
+/// Before the first commit added files are only taken out of the index.
+RevertPlan gitRevertPlan(const GitRevertRows &rows, GitHead head);
 
 /// Whether the commands of the plan take back every one of the rows.
 bool takesBackAll(const RevertPlan &plan, const QList<WorkingCopyItem> &items);

@@ -167,6 +167,36 @@ TEST(Revert, InGitTrashesWhatTheToolTakesFromTheDisk) {
     });
 }
 
+TEST(Revert, InGitLeavesWhatIsInSubmodulesAlone) {
+    GitFixture library;
+    library.commit({{u"f.c"_s, "one\n"}});
+    library.commit({{u"f.c"_s, "two\n"}});
+    const Rows<QStringList> rows{{"moved on", u"-C|sub|checkout|-q|HEAD~1"_list},
+                                 {"just added", u"reset|-q|--soft|HEAD~1"_list},
+                                 {"no longer tracked", u"rm|-q|--cached|sub"_list},
+                                 {"in conflict, and not in the last commit",
+                                  {u"-c"_s,
+                                   u"alias.try=!new=$(git rev-parse :sub) && git reset -q --soft HEAD~1 && git rm -q "
+                                   "--cached sub && printf \"160000 $new 3\\tsub\" | git update-index --index-info"_s,
+                                   u"try"_s}}};
+    for (const auto &[name, change] : rows) {
+        const TrashFixture trash;
+        GitFixture repository;
+        repository.commit({{u"kept.c"_s}});
+        repository.git({u"-c"_s, u"protocol.file.allow=always"_s, u"submodule"_s, u"--quiet"_s, u"add"_s,
+                        library.path(), u"sub"_s});
+        repository.commitAll();
+        repository.git(u"config|submodule.recurse|true"_list);
+        repository.git(change);
+        repository.write(u"sub/f.c"_s, "work\n");
+        AppFixture f(repository);
+        awaited(f.app.revertPath(u"sub"_s));
+        EXPECT_EQ(f.alertText(), QString());
+        EXPECT_EQ(repository.read(u"sub/f.c"_s), "work\n");
+        EXPECT_EQ(trash.files(), QStringList());
+    }
+}
+
 TEST(Revert, TrashesWhatCameWhileItAsked) {
     const TrashFixture trash;
     GitFixture repository;
