@@ -142,7 +142,7 @@ QCoro::Task<> AppState::revertAfterConfirmation(Project project, QList<WorkingCo
     };
     const qsizetype deletions = co_await QtConcurrent::run(&workers, count);
     planning.reset();
-    const QString question = revertQuestion(scope, items.size(), deletions);
+    const QString question = revertQuestion(scope, items.size() - plan.leftOut, deletions, plan.leftOut);
     const bool confirmed = co_await user.confirm(u"Revert"_s, question);
     if (!confirmed)
         co_return;
@@ -189,6 +189,8 @@ QCoro::Task<RevertPlan> AppState::planWithGit(Project project, QList<WorkingCopy
         throw SVNClientError::commandFailed(head);
     const GitHead commits = head.status == 0 ? GitHead::exists : GitHead::unborn;
     GitRevertRows rows = co_await QtConcurrent::run(&workers, look);
+    if (rows.items.isEmpty())
+        throw SVNClientError::launchFailed(leftOutText(rows.leftOut));
     if (commits == GitHead::exists) {
         const QSet<QString> submodules = co_await committedSubmodules(tools.git, project.path, rows.folders);
         rows.submodules = submodules;

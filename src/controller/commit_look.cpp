@@ -41,21 +41,11 @@ std::optional<QString> nestedRepository(const WorkingCopyItem &item, const Proje
     return std::nullopt;
 }
 
-bool standsInside(const QString &path, const QString &root) {
-    return liesInside(path, root) && isOnDisk(absolutePath(path, root));
-}
-
 /// The facts that still hold on disk.
 GitRowFacts factsOnDisk(const GitRowFacts &facts, const QString &root) {
     GitRowFacts still = withVacantOldNames(facts, root);
     still.onlyInIndex.removeIf([&root](const QString &path) { return standsInside(path, root); });
     return still;
-}
-
-/// Whether a name of the row was no UTF-8, so that no tool can be told of it.
-bool hasLostName(const WorkingCopyItem &item, const CommitRequest &request, const Project &project) {
-    const bool lost = item.path.contains(QChar::ReplacementCharacter) && !standsInside(item.path, project.path);
-    return lost || request.git.oldNames.value(item.path).contains(QChar::ReplacementCharacter);
 }
 
 /// Notes how Git can be told of a deletion, for which `git add` and a commit by name look at the disk alone.
@@ -81,7 +71,7 @@ std::optional<QString> obstacleOf(const WorkingCopyItem &item, const QFileInfo &
         return item.path + u" is on disk again. Refresh before committing it."_s;
     if (item.kind == SVNStatusKind::conflicted && info.isFile() && holdsConflictMarkers(info.filePath()))
         return item.path + u" still holds conflict markers. Resolve the conflict before committing it."_s;
-    if (hasLostName(item, request, project))
+    if (hasLostName(item.path, request.git, project.path))
         return item.path + u" has a name that is not UTF-8. Untick it and commit it in a terminal."_s;
     if (const std::optional<QString> nested = nestedRepository(item, project))
         return *nested + u" is a repository of its own. Untick it and what is in it, then commit again."_s;

@@ -16,6 +16,8 @@ namespace kestor {
 GitRevertRows gitRevertRows(QList<WorkingCopyItem> items, const GitRowFacts &facts, const QString &root) {
     GitRevertRows rows;
     rows.facts = withVacantOldNames(facts, root);
+    rows.leftOut =
+        items.removeIf([&facts, &root](const WorkingCopyItem &item) { return hasLostName(item.path, facts, root); });
     for (const WorkingCopyItem &item : std::as_const(items)) {
         const QFileInfo info(absolutePath(item.path, root));
         if (item.kind != SVNStatusKind::unversioned && info.isDir() && !info.isSymLink())

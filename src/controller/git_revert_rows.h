@@ -17,6 +17,7 @@ struct GitRevertRows {
     GitRowFacts facts{};        ///< old names only where nothing else stands now
     QSet<QString> folders{};    ///< versioned rows that are folders on disk
     QSet<QString> submodules{}; ///< those of them that are submodules in the last commit
+    qsizetype leftOut = 0;      ///< rows whose names were no UTF-8, so that Git cannot be told of them
 };
 
 /// The rows, without `submodules`. Reads the disk below `root` (absolute); workers.

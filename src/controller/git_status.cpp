@@ -2,6 +2,7 @@
 
 #include "model/utf8_text.h"
 #include "parsers/git_parsers.h"
+#include "rules/project_bounds.h"
 #include "rules/working_copy_paths.h"
 
 #include <algorithm>
@@ -121,6 +122,11 @@ bool isPlain(QStringView line) {
 GitRowFacts withVacantOldNames(GitRowFacts facts, const QString &root) {
     facts.oldNames.removeIf([&root](const auto &names) { return isOnDisk(absolutePath(names.value(), root)); });
     return facts;
+}
+
+bool hasLostName(const QString &path, const GitRowFacts &facts, const QString &root) {
+    const bool lost = path.contains(QChar::ReplacementCharacter) && !standsInside(path, root);
+    return lost || facts.oldNames.value(path).contains(QChar::ReplacementCharacter);
 }
 
 GitStatus gitStatus(QStringView text) {

@@ -27,6 +27,9 @@ struct GitRowFacts {
 /// `root`; workers.
 GitRowFacts withVacantOldNames(GitRowFacts facts, const QString &root);
 
+/// Whether a name of the row at `path` was no UTF-8, so that Git cannot be told of it. Reads the disk below `root`.
+bool hasLostName(const QString &path, const GitRowFacts &facts, const QString &root);
+
 /// A Git status listing.
 struct GitStatus {
     QList<WorkingCopyItem> items{}; ///< unsorted

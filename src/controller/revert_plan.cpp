@@ -65,10 +65,6 @@ bool isFolder(const QFileInfo &info) {
     return info.isDir() && !info.isSymLink();
 }
 
-bool isOnDiskInside(const QString &path, const QString &root) {
-    return isOnDisk(absolutePath(path, root)) && liesInside(path, root);
-}
-
 /// The commands of Git's that a revert runs.
 struct GitCommands {
     PathCommand restored{args(u"restore", u"--staged", u"--worktree")};
@@ -140,6 +136,7 @@ RevertPlan svnRevertPlan(const QList<WorkingCopyItem> &items, const QSet<QString
 
 RevertPlan gitRevertPlan(const GitRevertRows &rows, GitHead head) {
     RevertPlan plan;
+    plan.leftOut = rows.leftOut;
     GitCommands commands;
     // What is in submodules is changed there and not here.
     if (!rows.folders.isEmpty())
@@ -182,7 +179,7 @@ bool takesBackAll(const RevertPlan &plan, const QList<WorkingCopyItem> &items) {
 RevertPlan onDisk(RevertPlan plan, const QString &root) {
     plan.overwritten.removeIf([&root](const QString &path) { return isFolder(QFileInfo(absolutePath(path, root))); });
     plan.overwritten += plan.displaced;
-    plan.overwritten.removeIf([&root](const QString &path) { return !isOnDiskInside(path, root); });
+    plan.overwritten.removeIf([&root](const QString &path) { return !standsInside(path, root); });
     plan.overwritten += inTheWayOf(plan.written, root);
     plan.overwritten.removeDuplicates();
     plan.overwritten = topmost(plan.overwritten);
@@ -206,7 +203,11 @@ QStringList inTheWayOf(const QStringList &paths, const QString &root) {
     return obstacles;
 }
 
-QString revertQuestion(RevertScope scope, qsizetype count, qsizetype deletions) {
+QString leftOutText(qsizetype count) {
+    return u"%1 path(s) whose names are not UTF-8 stay as they are. Revert them in a terminal."_s.arg(count);
+}
+
+QString revertQuestion(RevertScope scope, qsizetype count, qsizetype deletions, qsizetype leftOut) {
     QString question;
     switch (scope) {
     case RevertScope::oneRow:
@@ -221,6 +222,8 @@ QString revertQuestion(RevertScope scope, qsizetype count, qsizetype deletions) 
     }
     if (deletions > 0)
         question += u" %1 unversioned path(s) will be deleted from disk."_s.arg(deletions);
+    if (leftOut > 0)
+        question += u' ' + leftOutText(leftOut);
     return question;
 }
 

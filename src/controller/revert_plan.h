@@ -23,6 +23,7 @@ struct RevertPlan {
     QStringList overwritten{};            ///< files whose only copy the tool deletes or replaces, if they are on disk
     QStringList displaced{};              ///< paths where the tool leaves nothing of what stands there
     QStringList written{};                ///< paths that the tool writes to, whatever is in the way
+    qsizetype leftOut = 0;                ///< rows that are not taken back
 
     /// How many paths leave the disk, of a plan for what is on it.
     qsizetype deletions() const { return unversioned.size() + overwritten.size(); }
@@ -57,7 +58,10 @@ QStringList inTheWayOf(const QStringList &paths, const QString &root);
 /// How a revert is asked for.
 enum class RevertScope : std::uint8_t { oneRow, selection, all };
 
-/// The question: what is discarded, and how many files of `deletions` leave the disk.
-QString revertQuestion(RevertScope scope, qsizetype count, qsizetype deletions);
+/// What the user has to know of `count` rows that no revert takes.
+QString leftOutText(qsizetype count);
+
+/// The question: what is discarded, how many files of `deletions` leave the disk, and how many rows are left out.
+QString revertQuestion(RevertScope scope, qsizetype count, qsizetype deletions, qsizetype leftOut);
 
 } // namespace kestor

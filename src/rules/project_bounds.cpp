@@ -21,6 +21,10 @@ bool liesInside(const QString &path, const QString &root) {
     return !leavesRoot(path) && std::none_of(folders.begin(), folders.end(), isLink);
 }
 
+bool standsInside(const QString &path, const QString &root) {
+    return isOnDisk(absolutePath(path, root)) && liesInside(path, root);
+}
+
 bool readsInside(const QString &path, const QString &root) {
     const QString file = QFileInfo(absolutePath(path, root)).canonicalFilePath();
     return file.startsWith(QFileInfo(root).canonicalFilePath() + u'/');

@@ -14,6 +14,9 @@ bool leavesRoot(QStringView path);
 /// folders on the way. It may be a link itself. Reads the disk.
 bool liesInside(const QString &path, const QString &root);
 
+/// Whether something is there, a link without target included. Reads the disk.
+bool standsInside(const QString &path, const QString &root);
+
 /// Whether the file that is read by this path lies below `root`, wherever links lead. Reads the disk.
 bool readsInside(const QString &path, const QString &root);
 

@@ -320,17 +320,29 @@ TEST(Commit, StaysOutOfRepositoriesInUnversionedFolders) {
 
 TEST(Commit, ANameThatIsNoUtf8IsNoOtherFile) {
     GitFixture git;
-    git.commit({{u"caf\u00E9.txt"_s, "one\n"}});
-    const std::string latin1 = git.path(u"caf"_s).toStdString() + "\xE9.txt";
-    std::ofstream(latin1) << "x\n";
+    git.write(u"caf\u00E9.txt"_s, "one\n");
+    const std::string untracked = git.path(u"caf"_s).toStdString() + "\xE9.txt";
+    const std::string tracked = git.path(u"d"_s).toStdString() + "\xE9.txt";
+    std::ofstream(tracked) << "one\n";
+    git.commitAll();
+    for (const std::string &path : {untracked, tracked})
+        std::ofstream(path) << "x\n";
+    git.write(u"caf\u00E9.txt"_s, "two\n");
     AppFixture f(git);
-    EXPECT_EQ(f.rows(), u"? caf\uFFFD.txt"_list);
+    EXPECT_EQ(f.rows(), u"*M caf\u00E9.txt|? caf\uFFFD.txt|*M d\uFFFD.txt"_list);
+    const QString leftOut = u"2 path(s) whose names are not UTF-8 stay as they are. Revert them in a terminal."_s;
     awaited(f.app.revertAllPaths());
+    EXPECT_EQ(f.user.asked.last(),
+              u"confirm Revert: Revert all 1 changed path(s)? Local changes will be discarded. "_s + leftOut);
     EXPECT_EQ(git.read(u"caf\u00E9.txt"_s), "one\n");
+    EXPECT_EQ(f.rows(), u"? caf\uFFFD.txt|*M d\uFFFD.txt"_list);
+    awaited(f.app.revertAllPaths());
+    EXPECT_EQ(f.alertText(), u"Revert Failed: "_s + leftOut);
     f.commit({u"caf\uFFFD.txt"_s});
     EXPECT_EQ(f.alertText(), u"Commit Failed: caf\uFFFD.txt has a name that is not UTF-8. Untick it and commit it in a "
                              "terminal."_s);
-    std::remove(latin1.c_str()); // the temporary tree cannot name it
+    for (const std::string &path : {untracked, tracked})
+        std::remove(path.c_str()); // the temporary tree cannot name them
 }
 
 } // namespace
