@@ -133,15 +133,15 @@ const QString wantedMenus = uR"(&Repository
     Switch URL Or Branch... > prompt Switch
     Relocate URL... > prompt Relocate
 &Working Copy
-    Add Selected > add --parents --force a.c
+    Add Selected > alert Add Failed
     Delete Selected > delete a.c
     Revert Selected > confirm Revert
-    Ignore Selected > status --xml --no-ignore
+    Ignore Selected > alert Ignore Failed
     Include Ignored Path... > prompt Include Ignored Path
     -
     Resolve Selected Using Working > resolve --accept working a.c
-    Resolve Selected Using Mine Full > resolve --accept mine-full a.c
-    Resolve Selected Using Theirs Full > resolve --accept theirs-full a.c
+    Resolve Selected Using Mine Full > confirm Resolve
+    Resolve Selected Using Theirs Full > confirm Resolve
     -
     Lock Selected > lock a.c
     Unlock Selected > unlock a.c
