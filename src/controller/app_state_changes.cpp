@@ -17,16 +17,6 @@ namespace kestor {
 
 namespace {
 
-/// The empty tree of the repository's hash kind when it has no commit yet; "" otherwise.
-QCoro::Task<QString> emptyTreeBeforeFirstCommit(std::shared_ptr<Tool> git, QString directory) {
-    const SVNCommandResult head = co_await lookedUpReference(git, u"HEAD"_s, directory);
-    if (head.status == 0)
-        co_return QString();
-    const SVNCommandResult tree = co_await git->run(args(u"hash-object", u"-t", u"tree", u"/dev/null"), directory,
-                                                    CheckStatus::no, RunPurpose::backgroundRead);
-    co_return QString::fromLatin1(tree.stdoutData).trimmed();
-}
-
 /// Prints the diff of one working change, or of all, whatever the tool's exit status.
 QCoro::Task<SVNCommandResult> runWorkingDiff(std::shared_ptr<Tool> tool, Project project, std::optional<QString> path) {
     const QStringList arguments = workingDiffArguments(project.kind, path, u"HEAD"_s);

@@ -15,7 +15,8 @@ namespace {
 
 SVNClientError nothingToCommit(const CommitRequest &request, RepositoryKind kind) {
     if (kind == RepositoryKind::git && !request.folders.isEmpty())
-        return SVNClientError::launchFailed(u"Git keeps only files, and what is ticked are folders without any."_s);
+        return SVNClientError::launchFailed(
+            u"Git keeps only files, and what is ticked are folders without any that are listed."_s);
     return SVNClientError::launchFailed(
         u"What is ticked was added and is gone from disk again, so there is nothing to commit."_s);
 }

@@ -1,4 +1,5 @@
 #include "controller/app_state.h"
+#include "controller/checkout_losses.h"
 #include "controller/combined_output.h"
 #include "controller/history_commands.h"
 #include "controller/path_targets.h"
@@ -79,9 +80,17 @@ QCoro::Task<> AppState::rollbackSelectedRevision() {
     }
     const QString title = isGit ? u"Rollback Commit"_s : u"Rollback Revision"_s;
     const bool confirmed = co_await user.confirm(title, rollbackQuestion(project->kind, revision));
-    if (confirmed)
-        co_await runAskedCommand(*project, u"Rollback"_s, rollbackArguments(project->kind, revision),
-                                 RefreshAfter::yes);
+    if (!confirmed)
+        co_return;
+    if (isGit) {
+        // What the commit deleted comes back.
+        const QString range = revision + u".."_s + revision + u'^';
+        const bool agreed = co_await agreesToOverwrite(this, *project, title, range);
+        if (!agreed)
+            co_return;
+    }
+    const QStringList arguments = rollbackArguments(project->kind, revision);
+    co_await runAskedCommand(*project, u"Rollback"_s, arguments, RefreshAfter::yes);
 }
 
 QCoro::Task<> AppState::showDiffAgainstRevision() {

@@ -8,6 +8,7 @@
 #include <QCoroFuture>
 #include <QFileInfo>
 #include <QSet>
+#include <QThreadPool>
 #include <QtConcurrent>
 
 #include <algorithm>
@@ -30,6 +31,12 @@ QString occupant(const QString &path, const QString &root) {
             return isOnDisk(info.filePath()) ? folder : QString();
     }
     return isOnDisk(absolutePath(path, root)) ? path : QString();
+}
+
+/// Whether a submodule comes where there is a folder, which is no loss: another branch left it behind.
+bool isLeftBehind(const QString &entry, const QString &path, const QString &root) {
+    const QFileInfo info(absolutePath(path, root));
+    return entry.startsWith(u":000000 160000 ") && info.isDir() && !info.isSymLink();
 }
 
 /// What the checkout overwrites of what is ignored. Throws SVNClientError.
@@ -56,15 +63,16 @@ QCoro::Task<qsizetype> overwrittenIgnoredPaths(std::shared_ptr<Tool> git, QStrin
 } // namespace
 
 QStringList newFilesArguments(const QString &range) {
-    // A folder that a submodule left behind is no loss.
-    return args(u"diff", u"--name-only", u"--no-renames", u"--ignore-submodules", u"--diff-filter=A", u"-z", range,
+    return args(u"diff", u"--raw", u"--no-renames", u"--ignore-submodules=none", u"--diff-filter=A", u"-z", range,
                 u"--");
 }
 
 QStringList occupiedPaths(const QByteArray &newFiles, const QString &root) {
+    const QStringList fields = namesIn(newFiles); // an entry, then its path
     QStringList occupied;
-    for (const QString &path : namesIn(newFiles)) {
-        if (const QString found = occupant(path, root); !found.isEmpty())
+    for (qsizetype i = 0; i + 1 < fields.size(); i += 2) {
+        const QString found = occupant(fields[i + 1], root);
+        if (!found.isEmpty() && !isLeftBehind(fields[i], fields[i + 1], root))
             occupied.append(found);
     }
     occupied.removeDuplicates();

@@ -9,7 +9,7 @@
 
 namespace kestor {
 
-/// The vector that lists the files that come with a checkout across `range`, such as "HEAD..other".
+/// The vector that lists, as raw entries, the files that come with a checkout across `range`, such as "HEAD..other".
 QStringList newFilesArguments(const QString &range);
 
 /// What stands on disk below `root` (absolute) where those files come: something at the path itself, or a file where

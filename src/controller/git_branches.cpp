@@ -1,6 +1,7 @@
 #include "controller/git_branches.h"
 
 #include "controller/checkout_losses.h"
+#include "controller/git_reference.h"
 #include "controller/tool_text.h"
 
 using namespace Qt::StringLiterals;
@@ -45,7 +46,8 @@ QCoro::Task<> GitBranches::switchGitBranch(SwitchTarget target, Project project,
     if (const QString obstacle = branchNameObstacle(target.name); !obstacle.isEmpty())
         throw SVNClientError::launchFailed(obstacle);
     const SwitchPlan plan = switchPlan(target, branches, project.path);
-    const QString range = u"HEAD.."_s + plan.revision;
+    const QString emptyTree = co_await emptyTreeBeforeFirstCommit(workspace.tools.git, project.path);
+    const QString range = (emptyTree.isEmpty() ? u"HEAD"_s : emptyTree) + u".."_s + plan.revision;
     const bool agreed = co_await agreesToOverwrite(&workspace, project, u"Switch Branch"_s, range);
     if (!agreed)
         co_return;

@@ -11,4 +11,13 @@ QCoro::Task<SVNCommandResult> lookedUpReference(std::shared_ptr<Tool> git, QStri
                     RunPurpose::backgroundRead);
 }
 
+QCoro::Task<QString> emptyTreeBeforeFirstCommit(std::shared_ptr<Tool> git, QString directory) {
+    const SVNCommandResult head = co_await lookedUpReference(git, u"HEAD"_s, directory);
+    if (head.status == 0)
+        co_return QString();
+    const SVNCommandResult tree = co_await git->run(args(u"hash-object", u"-t", u"tree", u"/dev/null"), directory,
+                                                    CheckStatus::no, RunPurpose::backgroundRead);
+    co_return QString::fromLatin1(tree.stdoutData).trimmed();
+}
+
 } // namespace kestor

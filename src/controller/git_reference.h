@@ -14,4 +14,8 @@ namespace kestor {
 /// started.
 QCoro::Task<SVNCommandResult> lookedUpReference(std::shared_ptr<Tool> git, QString name, QString directory);
 
+/// The empty tree of the repository's hash kind when it has no commit yet; "" otherwise. Throws SVNClientError when Git
+/// cannot be started.
+QCoro::Task<QString> emptyTreeBeforeFirstCommit(std::shared_ptr<Tool> git, QString directory);
+
 } // namespace kestor

@@ -3,8 +3,10 @@
 #include "controller/checkout_losses.h"
 #include "controller/path_targets.h"
 #include "controller/repository_addresses.h"
+#include "rules/working_copy_paths.h"
 
 #include <QCoroFuture>
+#include <QFileInfo>
 #include <QtConcurrent>
 
 #include <algorithm>
@@ -25,6 +27,14 @@ QString acceptValue(ResolveChoice choice) {
         break;
     }
     return u"working"_s;
+}
+
+QList<WorkingCopyItem> withoutUnversionedFolders(QList<WorkingCopyItem> items, const QString &root) {
+    items.removeIf([&root](const WorkingCopyItem &item) {
+        const QFileInfo info(absolutePath(item.path, root));
+        return item.kind == SVNStatusKind::unversioned && info.isDir() && !info.isSymLink();
+    });
+    return items;
 }
 
 QString oneSideQuestion(qsizetype count) {
@@ -75,13 +85,35 @@ QCoro::Task<> WorkingCopyActions::addSelectedPaths() {
     if (!project)
         co_return;
     const QList<WorkingCopyItem> acted = workspace.actionItems();
-    if (project->kind == RepositoryKind::git || acted.isEmpty())
+    if (acted.isEmpty())
         co_return co_await perform(WorkingCopyAction::add, QString());
+    if (project->kind == RepositoryKind::git)
+        co_return co_await addToGit(*project, acted);
     const QList<WorkingCopyItem> items = unversionedItems(acted, workspace.selectedChange());
     if (items.isEmpty())
         workspace.showAlert(u"Add Failed"_s, u"Only unversioned paths can be added."_s);
     else
         co_await addToSubversion(*project, items);
+}
+
+/// A folder that is a row holds nothing that is one: Git would add what the rules hide.
+QCoro::Task<> WorkingCopyActions::addToGit(Project project, QList<WorkingCopyItem> items) {
+    QList<WorkingCopyItem> files;
+    {
+        const BusyScope looking(workspace.busy, u"Add"_s);
+        const auto look = [items, root = project.path] {
+            return withoutUnversionedFolders(items, root);
+        };
+        files = co_await QtConcurrent::run(&workspace.workers, look);
+    }
+    if (files.isEmpty()) {
+        workspace.showAlert(u"Add Failed"_s,
+                            u"Git keeps only files, and what is ticked are folders without any that are listed."_s);
+        co_return;
+    }
+    const std::optional<QStringList> paths = requiredPaths(WorkingCopyAction::add, project, files);
+    if (paths)
+        co_await run(WorkingCopyAction::add, project, Texts(), *paths);
 }
 
 QCoro::Task<> WorkingCopyActions::addToSubversion(Project project, QList<WorkingCopyItem> items) {
@@ -91,8 +123,8 @@ QCoro::Task<> WorkingCopyActions::addToSubversion(Project project, QList<Working
         const auto find = [items, root = project.path] {
             return foldersAmong(items, root);
         };
-        // A folder that is a row holds nothing that is one: svn would add what the rules hide, or what is versioned
-        // elsewhere.
+        // The row of a folder stands for the folder alone: svn would add what the rules hide in it, or what is
+        // versioned elsewhere.
         const QStringList folders = co_await QtConcurrent::run(&workspace.workers, find);
         if (!folders.isEmpty())
             entered.insert(u"depth"_s, u"empty"_s);

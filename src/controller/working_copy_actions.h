@@ -52,6 +52,7 @@ private:
     /// Fetches what a pull would bring and asks before ignored files go with it. A fetch that fails says nothing, since
     /// the pull does.
     QCoro::Task<bool> agreesToPull(Project project);
+    QCoro::Task<> addToGit(Project project, QList<WorkingCopyItem> items);
     QCoro::Task<> addToSubversion(Project project, QList<WorkingCopyItem> items);
     QCoro::Task<> removeAfterQuestion(Project project, QList<WorkingCopyItem> items, QStringList paths);
     /// Deletes versioned paths; what is ignored in them goes to the trash, if there is one.

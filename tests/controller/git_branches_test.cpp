@@ -118,9 +118,11 @@ TEST_F(ClonedBranches, AreShownTrueWhenAHookFailsAfterTheSwitch) {
 TEST_F(ClonedBranches, AskBeforeTheyOverwriteIgnoredFiles) {
     origin.git(u"switch|-q|-c|other"_list);
     origin.commit(u"conf|build|in/the/way|mixed/conf|plain"_list, "theirs\n");
+    origin.git(u"update-index|--add|--cacheinfo|160000,1111111111111111111111111111111111111111,sub"_list);
+    origin.git(u"commit|-q|-m|sub"_list);
     origin.git(u"switch|-q|main"_list);
     origin.git(u"merge|-q|other"_list);
-    origin.tree.write(u"clone/.git/info/exclude"_s, "conf\nbuild\nin\n");
+    origin.tree.write(u"clone/.git/info/exclude"_s, "conf\nbuild\nin\nsub\n");
     origin.tree.write(u"clone/mixed/not ignored"_s);
     const auto update = [](AppState &app) {
         return app.actions.updateWorkingCopy();
@@ -134,6 +136,7 @@ TEST_F(ClonedBranches, AskBeforeTheyOverwriteIgnoredFiles) {
         {"a folder where a file comes", u"build/x"_s, change, u"Switch Branch"_s},
         {"a file beside one that is not ignored", u"mixed/conf"_s, change, u"Switch Branch"_s},
         {"a file where a folder comes", u"in"_s, change, u"Switch Branch"_s},
+        {"a file where a submodule comes", u"sub"_s, change, u"Switch Branch"_s},
         {"Git itself refuses what is not ignored", u"plain"_s, change, QString()},
     };
     f.user.confirms = false;

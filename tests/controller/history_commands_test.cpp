@@ -106,6 +106,22 @@ TEST(HistoryCommands, GitTakesANameForANameAndAPatternForAPattern) {
     EXPECT_EQ(f.rows(), u"*M [ab].c|*M a.c"_list);
 }
 
+TEST(HistoryCommands, RollingBackADeletionAsksBeforeItOverwritesWhatIsIgnored) {
+    GitFixture repository;
+    repository.commit(u"conf"_list, "old\n");
+    repository.git(u"rm|-q|--cached|conf"_list);
+    repository.commit({{u".gitignore"_s, "conf\n"}});
+    repository.write(u"conf"_s, "mine\n");
+    AppFixture f(repository);
+    awaited(f.app.loadHistory());
+    f.user.meanwhile = [&f] {
+        f.user.confirms = !f.user.asked.last().endsWith(u"will be overwritten."_s);
+    };
+    awaited(f.app.rollbackSelectedRevision());
+    EXPECT_FALSE(f.user.confirms);
+    EXPECT_EQ(repository.tree.read(u"wc/conf"_s), "mine\n");
+}
+
 TEST(HistoryCommands, PullingOverLocalChangesAsksFirst) {
     GitFixture repository;
     repository.writeAll({{u"d/f.c"_s, "1\n"},

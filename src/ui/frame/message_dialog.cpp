@@ -31,7 +31,7 @@ constexpr int messageWidth = dialogWidth - 3 * dialogEdge - signSide;
 constexpr int highestMessage = 240;
 constexpr int leastLine = 20;
 /// The output sheet holds the whole text of a tool; a dialog of megabytes would only be slow.
-constexpr int longestMessage = 20000;
+constexpr int longestMessage = 4000;
 
 QString shownPart(const QString &message) {
     return message.size() <= longestMessage ? message : message.left(longestMessage) + u"\n…"_s;

@@ -47,6 +47,8 @@ void paintScrollBar(QPainter &painter, const QStyleOptionSlider &option, const Q
         return style.subControlRect(QStyle::CC_ScrollBar, &option, part, widget);
     };
     const auto color = [&](QStyle::SubControl part) {
+        if (!option.state.testFlag(QStyle::State_Enabled))
+            return theme.separator;
         return option.activeSubControls.testFlag(part) ? theme.muted : theme.outline;
     };
     painter.save();
