@@ -122,23 +122,6 @@ void run() {
     }
 }
 
-/// Each log replaces the one before.
-void runGrowth() {
-    const auto tool = std::make_shared<PrintedLog>();
-    Bench bench(tool);
-    AppState &app = bench.app;
-    QAction *any = &bench.action;
-    HistoryTab history(app, {any, any, any, any, any, any});
-    for (const int count : {revisions / 2, revisions, 2 * revisions}) {
-        tool->printed.insert(u"log"_s, svnLog(count, paths));
-        const auto isHere = [&] {
-            return app.logEntries.value().size() == count;
-        };
-        bench.measure(
-            "growth/" + QByteArray::number(count), history, [&] { app.loadHistory(); }, isHere);
-    }
-}
-
 void runIncoming() {
     const auto tool = std::make_shared<PrintedLog>();
     Bench bench(tool);
@@ -162,6 +145,5 @@ void runIncoming() {
 int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     kestor::run();
-    kestor::runGrowth();
     kestor::runIncoming();
 }

@@ -8,7 +8,9 @@
 #include <QCoroTimer>
 #include <QTemporaryDir>
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
+#include <chrono>
 
 using namespace Qt::StringLiterals;
 
@@ -16,6 +18,7 @@ namespace kestor {
 namespace {
 
 constexpr std::chrono::milliseconds untilShown{500};
+constexpr qsizetype pieceSize = 65536; ///< what a pipe holds
 
 /// Answers at once: a log where one is asked for, else nothing. Who reads gets its beginning early enough for it to be
 /// shown.
@@ -30,7 +33,10 @@ public:
         co_return result;
     }
     QCoro::Task<SVNCommandResult> runReading(QStringList, QString, RunPurpose, OutputReader reader) override {
-        reader(QByteArrayView(log).first(log.size() / 2));
+        for (qsizetype start = 0; start < log.size() / 2; start += pieceSize) {
+            reader(QByteArrayView(log).sliced(start, std::min(pieceSize, log.size() - start)));
+            co_await QCoro::sleepFor(std::chrono::milliseconds(0));
+        }
         co_await QCoro::sleepFor(untilShown);
         SVNCommandResult result;
         result.stdoutData = log;

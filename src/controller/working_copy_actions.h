@@ -16,7 +16,7 @@ class WorkingCopyActions {
 public:
     explicit WorkingCopyActions(Workspace &shared) : workspace(shared) {}
 
-    /// Adds to Subversion what is unversioned, and nothing below it that has no row of its own.
+    /// Adds the rows acted on, in Subversion those that are unversioned, and nothing below them that has no row.
     QCoro::Task<> addSelectedPaths();
     /// Asks first when files would be lost that the repository does not have; ignored ones go to the trash.
     QCoro::Task<> deleteSelectedPaths();
