@@ -3,6 +3,7 @@
 #include "controller/commit_plan.h"
 #include "controller/commit_preparation.h"
 #include "controller/path_command_run.h"
+#include "controller/working_copy_command.h"
 
 #include <QCoroFuture>
 #include <QtConcurrent>
@@ -15,8 +16,7 @@ namespace {
 
 SVNClientError nothingToCommit(const CommitRequest &request, RepositoryKind kind) {
     if (kind == RepositoryKind::git && !request.folders.isEmpty())
-        return SVNClientError::launchFailed(
-            u"Git keeps only files, and what is ticked are folders without any that are listed."_s);
+        return SVNClientError::launchFailed(onlyFoldersText());
     return SVNClientError::launchFailed(
         u"What is ticked was added and is gone from disk again, so there is nothing to commit."_s);
 }

@@ -26,7 +26,7 @@ struct IgnoreFileEdit {
 /// Links are files, also those to folders: nothing lists what they lead to.
 PathType typeOf(const QString &path, const QString &root) {
     const QFileInfo info(absolutePath(path, root));
-    return info.isDir() && !info.isSymLink() ? PathType::directory : PathType::file;
+    return isFolder(info) ? PathType::directory : PathType::file;
 }
 
 /// Reads the disk; workers.

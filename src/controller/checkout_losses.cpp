@@ -36,7 +36,7 @@ QString occupant(const QString &path, const QString &root) {
 /// Whether a submodule comes where there is a folder, which is no loss: another branch left it behind.
 bool isLeftBehind(const QString &entry, const QString &path, const QString &root) {
     const QFileInfo info(absolutePath(path, root));
-    return entry.startsWith(u":000000 160000 ") && info.isDir() && !info.isSymLink();
+    return entry.startsWith(u":000000 160000 ") && isFolder(info);
 }
 
 /// What the checkout overwrites of what is ignored. Throws SVNClientError.

@@ -93,7 +93,7 @@ CommitLook lookAtTickedPaths(const CommitRequest &ticked, const Project &project
     request.git = factsOnDisk(ticked.git, project.path);
     for (const WorkingCopyItem &item : ticked.items()) {
         const QFileInfo info(absolutePath(item.path, project.path));
-        if (info.isDir() && !info.isSymLink())
+        if (isFolder(info))
             request.folders.insert(item.path);
         const bool isGone = item.kind == SVNStatusKind::deleted || request.git.onlyInIndex.contains(item.path);
         if (isGone && project.kind == RepositoryKind::git)

@@ -79,7 +79,7 @@ void removeRestored(const QStringList &paths, const QString &root) {
         const QFileInfo info(absolutePath(path, root));
         if (!liesInside(path, root))
             continue;
-        if (info.isDir() && !info.isSymLink())
+        if (isFolder(info))
             QDir(info.filePath()).removeRecursively();
         else
             QFile::remove(info.filePath());

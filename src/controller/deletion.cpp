@@ -20,12 +20,8 @@ namespace kestor {
 
 namespace {
 
-bool isRealDirectory(const QFileInfo &info) {
-    return info.isDir() && !info.isSymLink();
-}
-
 bool removeForGood(const QFileInfo &info) {
-    return isRealDirectory(info) ? QDir(info.filePath()).removeRecursively() : QFile::remove(info.filePath());
+    return isFolder(info) ? QDir(info.filePath()).removeRecursively() : QFile::remove(info.filePath());
 }
 
 /// Removes the empty folders from `folder` upward as long as they lie inside `unversionedRoot`.
@@ -113,7 +109,7 @@ QString deletablePath(const QString &path, const QString &root, QSet<QString> &c
         checkedFolders.insert(folder);
     }
     const QFileInfo info(absolutePath(normalized, root));
-    if (isRealDirectory(info)) {
+    if (isFolder(info)) {
         if (const std::optional<QString> metadata = metadataBelow(info.filePath()))
             throw refusal(u"Refusing to delete repository metadata at "_s + metadata->sliced(root.size() + 1));
     }

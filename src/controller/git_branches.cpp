@@ -46,7 +46,11 @@ QCoro::Task<> GitBranches::switchGitBranch(SwitchTarget target, Project project,
     if (const QString obstacle = branchNameObstacle(target.name); !obstacle.isEmpty())
         throw SVNClientError::launchFailed(obstacle);
     const SwitchPlan plan = switchPlan(target, branches, project.path);
-    const QString emptyTree = co_await emptyTreeBeforeFirstCommit(workspace.tools.git, project.path);
+    QString emptyTree;
+    {
+        const BusyScope looking(workspace.busy, u"Switch Branch"_s, BusyKind::interruptible);
+        emptyTree = co_await emptyTreeBeforeFirstCommit(workspace.tools.git, project.path);
+    }
     const QString range = (emptyTree.isEmpty() ? u"HEAD"_s : emptyTree) + u".."_s + plan.revision;
     const bool agreed = co_await agreesToOverwrite(&workspace, project, u"Switch Branch"_s, range);
     if (!agreed)

@@ -20,7 +20,7 @@ GitRevertRows gitRevertRows(QList<WorkingCopyItem> items, const GitRowFacts &fac
         items.removeIf([&facts, &root](const WorkingCopyItem &item) { return hasLostName(item.path, facts, root); });
     for (const WorkingCopyItem &item : std::as_const(items)) {
         const QFileInfo info(absolutePath(item.path, root));
-        if (item.kind != SVNStatusKind::unversioned && info.isDir() && !info.isSymLink())
+        if (item.kind != SVNStatusKind::unversioned && isFolder(info))
             rows.folders.insert(item.path);
     }
     rows.items = std::move(items);

@@ -61,10 +61,6 @@ QList<WorkingCopyItem> wholeRows(QList<WorkingCopyItem> items) {
     return items;
 }
 
-bool isFolder(const QFileInfo &info) {
-    return info.isDir() && !info.isSymLink();
-}
-
 /// The commands of Git's that a revert runs.
 struct GitCommands {
     PathCommand restored{args(u"restore", u"--staged", u"--worktree")};

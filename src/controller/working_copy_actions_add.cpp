@@ -14,7 +14,7 @@ namespace {
 QList<WorkingCopyItem> withoutUnversionedFolders(QList<WorkingCopyItem> items, const QString &root) {
     items.removeIf([&root](const WorkingCopyItem &item) {
         const QFileInfo info(absolutePath(item.path, root));
-        return item.kind == SVNStatusKind::unversioned && info.isDir() && !info.isSymLink();
+        return item.kind == SVNStatusKind::unversioned && isFolder(info);
     });
     return items;
 }
@@ -49,8 +49,7 @@ QCoro::Task<> WorkingCopyActions::addToGit(Project project, QList<WorkingCopyIte
         files = co_await QtConcurrent::run(&workspace.workers, look);
     }
     if (files.isEmpty()) {
-        workspace.showAlert(u"Add Failed"_s,
-                            u"Git keeps only files, and what is ticked are folders without any that are listed."_s);
+        workspace.showAlert(u"Add Failed"_s, onlyFoldersText());
         co_return;
     }
     const std::optional<QStringList> paths = requiredPaths(WorkingCopyAction::add, project, files);

@@ -137,6 +137,10 @@ QList<WorkingCopyItem> itemsToResolve(const QList<WorkingCopyItem> &acted,
     return inConflict.isEmpty() ? acted : inConflict;
 }
 
+QString onlyFoldersText() {
+    return u"Git keeps only files, and what is ticked are folders without any that are listed."_s;
+}
+
 QList<WorkingCopyItem> unversionedItems(const QList<WorkingCopyItem> &acted,
                                         const std::optional<WorkingCopyItem> &selected) {
     return rowsOf(isUnversioned, acted, selected);

@@ -92,6 +92,9 @@ Resolvable resolvable(const QList<WorkingCopyItem> &items);
 QList<WorkingCopyItem> itemsToResolve(const QList<WorkingCopyItem> &acted,
                                       const std::optional<WorkingCopyItem> &selected);
 
+/// Why nothing can be done in Git for rows that are unversioned folders: each stands for the folder alone.
+QString onlyFoldersText();
+
 /// The rows not under version control: of those acted on the unversioned and ignored ones, else the selected one when
 /// it is.
 QList<WorkingCopyItem> unversionedItems(const QList<WorkingCopyItem> &acted,

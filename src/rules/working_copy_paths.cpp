@@ -85,6 +85,10 @@ std::optional<QString> repositoryRelativePath(const QString &absolutePath, const
     return normalizedPath(QStringView(path).sliced(prefix.size()));
 }
 
+bool isFolder(const QFileInfo &info) {
+    return info.isDir() && !info.isSymLink();
+}
+
 bool isDirectory(const QString &absolutePath) {
     struct stat status {};
     return ::stat(QFile::encodeName(absolutePath).constData(), &status) == 0 && S_ISDIR(status.st_mode);

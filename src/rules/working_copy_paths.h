@@ -8,6 +8,8 @@
 
 #include <optional>
 
+class QFileInfo;
+
 namespace kestor {
 
 // Working-copy paths are relative to the project root and "/"-separated; the root is "". Any thread.
@@ -42,6 +44,9 @@ std::optional<QString> repositoryRelativePath(const QString &absolutePath, const
 
 /// Whether something is at the absolute path, a link without target included.
 bool isOnDisk(const QString &absolutePath);
+
+/// Whether it is a folder itself, and no link to one.
+bool isFolder(const QFileInfo &info);
 
 /// Whether the absolute path exists and is a folder (links are followed).
 bool isDirectory(const QString &absolutePath);
