@@ -3,6 +3,7 @@
 #include "controller/file_versions.h"
 #include "controller/git_reference.h"
 #include "controller/media_preview.h"
+#include "controller/printed_diff.h"
 #include "controller/working_diff.h"
 #include "controller/working_preview.h"
 #include "parsers/line_changes.h"
@@ -18,17 +19,18 @@ namespace kestor {
 namespace {
 
 /// Prints the diff of one working change, or of all, whatever the tool's exit status.
-QCoro::Task<SVNCommandResult> runWorkingDiff(std::shared_ptr<Tool> tool, Project project, std::optional<QString> path) {
+QCoro::Task<SVNCommandResult> runWorkingDiff(std::shared_ptr<Tool> tool, Project project, std::optional<QString> path,
+                                             OutputReader reader) {
     const QStringList arguments = workingDiffArguments(project.kind, path, u"HEAD"_s);
     const SVNCommandResult result =
-        co_await tool->run(arguments, project.path, CheckStatus::no, RunPurpose::backgroundRead);
+        co_await tool->runReading(arguments, project.path, RunPurpose::backgroundRead, reader);
     if (project.kind == RepositoryKind::svn || result.status == 0)
         co_return result;
     const QString emptyTree = co_await emptyTreeBeforeFirstCommit(tool, project.path);
     if (emptyTree.isEmpty())
         co_return result;
     const QStringList fromEmptyTree = workingDiffArguments(project.kind, path, emptyTree);
-    co_return co_await tool->run(fromEmptyTree, project.path, CheckStatus::no, RunPurpose::backgroundRead);
+    co_return co_await tool->runReading(fromEmptyTree, project.path, RunPurpose::backgroundRead, reader);
 }
 
 } // namespace
@@ -89,16 +91,10 @@ QCoro::Task<LoadedDiff> AppState::printedDiffOf(Project project, WorkingCopyItem
         };
         co_return co_await QtConcurrent::run(&workers, read);
     }
-    SVNCommandResult result;
-    try {
-        result = co_await runWorkingDiff(toolFor(project.kind), project, item.path);
-    } catch (const SVNClientError &) {
-        // No diff is no reason for an alert on every row; commands and the status load tell what is wrong.
-    }
-    const auto decode = [path = item.path, result] {
-        return loadedDiff(path, result.stdoutData, result.stderrData);
+    const DiffRun run = [tool = toolFor(project.kind), project, path = item.path](OutputReader reader) {
+        return runWorkingDiff(tool, project, path, std::move(reader));
     };
-    co_return co_await QtConcurrent::run(&workers, decode);
+    co_return co_await printedDiff(run, item.path, &workers);
 }
 
 QCoro::Task<std::optional<DiffPreview>> AppState::richDiffPreviewForWorkingChange(Project project,
@@ -128,7 +124,7 @@ QCoro::Task<> AppState::loadLineSummary(Project project, quint64 generation) {
     const RunningOperations::Scope running(operations);
     LineChangeSummary summary;
     try {
-        const SVNCommandResult result = co_await runWorkingDiff(toolFor(project.kind), project, std::nullopt);
+        const SVNCommandResult result = co_await runWorkingDiff(toolFor(project.kind), project, std::nullopt, nullptr);
         const auto count = [output = result.stdoutData] {
             return diffLineChanges(output);
         };

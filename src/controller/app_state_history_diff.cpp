@@ -72,7 +72,7 @@ QCoro::Task<LoadedDiff> AppState::historyDiffOf(Project project, QString path, F
 
 QCoro::Task<LoadedDiff> AppState::printedHistoryDiffOf(Project project, QString path, FileHistoryRevision revision) {
     const QStringList arguments = historyDiffArguments(project, repositoryInfo, path, revision);
-    co_return co_await printedDiff(toolFor(project.kind), project, arguments, path, &workers);
+    return printedDiff(diffRun(toolFor(project.kind), project, arguments), path, &workers);
 }
 
 QCoro::Task<std::optional<DiffPreview>> AppState::richDiffPreviewForHistoryRevision(Project project, QString path,

@@ -39,8 +39,8 @@ QCoro::Task<LoadedDiff> IncomingChanges::diffOf(Project project, LogEntry entry)
     const QCoro::Task<std::optional<DiffPreview>> rich = richDiffPreviewForIncomingRevision(project, entry);
     const std::optional<ChangedFile> file = onlyChangedFile(entry, info);
     const QString path = file ? file->path : u"."_s;
-    LoadedDiff diff = co_await printedDiff(workspace.toolFor(project.kind), project,
-                                           incomingDiffArguments(entry.revision), path, &workspace.workers);
+    const DiffRun run = diffRun(workspace.toolFor(project.kind), project, incomingDiffArguments(entry.revision));
+    LoadedDiff diff = co_await printedDiff(run, path, &workspace.workers);
     const std::optional<DiffPreview> media = co_await rich;
     // svn calls every picture binary, so a notice gives way to what can be shown.
     if (media)

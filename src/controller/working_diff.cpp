@@ -39,6 +39,40 @@ QString fileDiffText(const QString &path, const QString &root) {
     return UnifiedDiffParser::unversionedFileDiff(path, withLineFeeds(QString::fromUtf8(content)));
 }
 
+/// Words with which a tool says that a file is binary, cut behind their letter that is the rarest in texts.
+struct BinaryWords {
+    QStringView upToTheY;
+    QStringView behind;
+};
+constexpr std::array<BinaryWords, 4> binaryWords{{
+    {u"binary", u" file"},
+    {u"marked as a binary", u""},
+    {u"binary", u" or unreadable"},
+    {u"cannot display", u""},
+}};
+
+/// Whether the words stand around the letter at `y`, in upper or lower case.
+bool saysBinaryAt(QStringView text, qsizetype y) {
+    const QStringView before = text.first(y + 1);
+    const QStringView after = text.sliced(y + 1);
+    return std::ranges::any_of(binaryWords, [before, after](const BinaryWords &words) {
+        return before.endsWith(words.upToTheY, Qt::CaseInsensitive) &&
+               after.startsWith(words.behind, Qt::CaseInsensitive);
+    });
+}
+
+/// Looks for one letter only, as a long diff is not to be searched for each of the words.
+bool saysBinary(QStringView text) {
+    constexpr std::array<QChar, 2> letters{u'y', u'Y'};
+    return std::ranges::any_of(letters, [text](QChar letter) {
+        for (qsizetype y = text.indexOf(letter); y >= 0; y = text.indexOf(letter, y + 1)) {
+            if (saysBinaryAt(text, y))
+                return true;
+        }
+        return false;
+    });
+}
+
 } // namespace
 
 QStringList readableSvnDiff() {
@@ -53,8 +87,7 @@ QStringList workingDiffArguments(RepositoryKind kind, const std::optional<QStrin
     return arguments;
 }
 
-LoadedDiff loadedDiff(const QString &path, const QByteArray &stdoutData, const QByteArray &stderrData) {
-    const QString printed = toolText(stdoutData);
+LoadedDiff loadedDiff(const QString &path, const QString &printed, const QByteArray &stderrData) {
     std::optional<DiffPreview> preview = binaryPreviewIfNeeded(path, printed);
     if (!preview)
         preview = binaryPreviewIfNeeded(path, toolText(stderrData));
@@ -68,12 +101,7 @@ LoadedDiff unversionedDiff(const QString &path, const QString &root) {
 }
 
 std::optional<DiffPreview> binaryPreviewIfNeeded(const QString &path, QStringView text) {
-    constexpr std::array<QStringView, 4> words{u"binary file", u"marked as a binary", u"binary or unreadable",
-                                               u"cannot display"};
-    const auto said = [text](QStringView word) {
-        return text.contains(word, Qt::CaseInsensitive);
-    };
-    if (std::none_of(words.begin(), words.end(), said))
+    if (!saysBinary(text))
         return std::nullopt;
     return DiffPreview{DiffPreviewKind::binary, path, QString(), u"Unknown file type."_s, std::nullopt, std::nullopt};
 }

@@ -1,3 +1,5 @@
+#include "controller/arriving_diff.h"
+#include "controller/tool_text.h"
 #include "controller/working_diff.h"
 #include "support/repositories.h"
 #include "support/test.h"
@@ -24,12 +26,54 @@ TEST(WorkingDiff, SaysWhyAnUnversionedPathHasNoDiff) {
 
 TEST(WorkingDiff, BelievesTheToolsWordsAboutBinaryFiles) {
     const DiffPreview notice{DiffPreviewKind::binary, u"a.bin"_s, {}, u"Unknown file type."_s, {}, {}};
-    EXPECT_EQ(loadedDiff(u"a.bin"_s, "Index: a.bin\nCannot display: file marked as a binary type.\n", "").preview,
-              notice);
-    EXPECT_EQ(loadedDiff(u"a.bin"_s, "Binary files a/a.bin and b/a.bin differ\n", "").preview, notice);
-    EXPECT_EQ(loadedDiff(u"a.bin"_s, "", "svn: Cannot display it\n").preview, notice);
-    EXPECT_EQ(loadedDiff(u"a.c"_s, "\r\n\n", "svn: not a working copy\n"),
+    const auto preview = [](const QString &printed, const QByteArray &errors) {
+        return loadedDiff(u"a.bin"_s, printed, errors).preview;
+    };
+    EXPECT_EQ(preview(u"Index: a.bin\nfile marked as a binary type.\n"_s, ""), notice);
+    EXPECT_EQ(preview(u"Binary files a/a.bin and b/a.bin differ\n"_s, ""), notice);
+    EXPECT_EQ(preview(u"+ny (BINARY OR UNREADABLE"_s, ""), notice);
+    EXPECT_EQ(preview({}, "svn: yes: Cannot display"), notice);
+    EXPECT_EQ(preview(u"y binary\n file, cannot delay, binary or readable, marked as binary, Y"_s, "y"), DiffPreview());
+    EXPECT_EQ(loadedDiff(u"a.c"_s, u"\r\n\n"_s, "svn: not a working copy\n"),
               (LoadedDiff{u"(no text diff)"_s, DiffPreview()}));
+}
+
+TEST(WorkingDiff, ArrivesInPiecesAsInOne) {
+    const QByteArray flood = QByteArray(70000, 'x') + "\xC3\xBC\n";
+    const Rows<QByteArray> rows{
+        {"lines that are not all UTF-8", "\xEF\xBB\xBF+gr\xC3\xB6\xC3\x9F"
+                                         "e\n-gr\xF6\xDF"
+                                         "e\r\n\n" +
+                                             flood + flood + " end"},
+        {"no line end", QByteArray(300000, 'y')},
+        {"line ends alone", QByteArray(10, '\n') + "x"},
+    };
+    for (const auto &[name, printed] : rows) {
+        const QString whole = toolText(printed);
+        for (const qsizetype size : {qsizetype(3), qsizetype(40000), printed.size()}) {
+            ArrivingDiff diff;
+            for (qsizetype start = 0; start + size <= printed.size(); start += size) {
+                if (diff.add(QByteArrayView(printed).sliced(start, size)) == ArrivingDiff::Next::decode ||
+                    start % 9 == 0)
+                    diff.decodeAdded();
+            }
+            EXPECT_EQ(diff.diff(u"a.c"_s, {.stdoutData = printed}).text, whole);
+        }
+        ArrivingDiff brokenOff;
+        brokenOff.add(printed);
+        brokenOff.decodeAdded();
+        EXPECT_EQ(brokenOff.diff(u"a.c"_s, {}).text, u"(no text diff)"_s);
+    }
+}
+
+TEST(WorkingDiff, GoesToAWorkerWhenItIsLong) {
+    ArrivingDiff diff;
+    EXPECT_EQ(diff.add("+short\n"), ArrivingDiff::Next::wait);
+    const QByteArray flood(300000, '\n');
+    EXPECT_EQ(diff.add(flood), ArrivingDiff::Next::decode);
+    EXPECT_EQ(diff.add(flood), ArrivingDiff::Next::wait);
+    diff.decodeAdded();
+    EXPECT_EQ(diff.add(flood), ArrivingDiff::Next::decode);
 }
 
 TEST(WorkingDiff, IsSvnsOwnWhateverTheUsersConfigurationNames) {

@@ -1,0 +1,61 @@
+#include "controller/arriving_diff.h"
+
+#include "controller/tool_text.h"
+
+#include <utility>
+
+namespace kestor {
+
+namespace {
+
+/// A short diff is decoded in one when the tool has ended.
+constexpr qsizetype worthAWorker = 256 * 1024;
+
+} // namespace
+
+ArrivingDiff::Next ArrivingDiff::add(QByteArrayView printed) {
+    const QMutexLocker lock(&adding);
+    added.append(printed);
+    if (isTaken || added.size() < worthAWorker)
+        return Next::wait;
+    isTaken = true;
+    return Next::decode;
+}
+
+void ArrivingDiff::decodeAdded() {
+    const QMutexLocker lock(&decoding);
+    while (const std::optional<QByteArray> piece = takeAdded())
+        decodeLinesOf(*piece);
+}
+
+std::optional<QByteArray> ArrivingDiff::takeAdded() {
+    const QMutexLocker lock(&adding);
+    isTaken = !added.isEmpty();
+    return isTaken ? std::optional(std::exchange(added, {})) : std::nullopt;
+}
+
+void ArrivingDiff::decodeLinesOf(const QByteArray &piece) {
+    const qsizetype end = piece.lastIndexOf('\n') + 1;
+    unread.append(QByteArrayView(piece).first(end));
+    if (end > 0)
+        decode(std::exchange(unread, {}));
+    unread.append(QByteArrayView(piece).sliced(end));
+}
+
+void ArrivingDiff::decode(QByteArrayView lines) {
+    text += toolText(lines);
+    decoded += lines.size();
+}
+
+LoadedDiff ArrivingDiff::diff(const QString &path, const SVNCommandResult &result) {
+    const QMutexLocker lock(&decoding);
+    if (result.stdoutData.size() < decoded) { // the run broke off and has no result
+        text.clear();
+        decoded = 0;
+    }
+    decode(QByteArrayView(result.stdoutData).sliced(decoded));
+    text.squeeze(); // growing leaves up to half of a long text unused
+    return loadedDiff(path, std::exchange(text, {}), result.stderrData);
+}
+
+} // namespace kestor

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "controller/working_diff.h"
+#include "tools/command_result.h"
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QMutex>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace kestor {
+
+/// A diff that is decoded while its tool prints it, so that little is left to do when the tool ends. One thread adds
+/// what was printed, workers decode it.
+class ArrivingDiff {
+public:
+    enum class Next : std::uint8_t {
+        wait,   ///< too little was added to be worth a worker, or one is at it
+        decode, ///< decodeAdded() is to be called once
+    };
+
+    /// What was printed next.
+    Next add(QByteArrayView printed);
+    /// Decodes the whole lines of what was added, until there is no more. Workers.
+    void decodeAdded();
+    /// The diff of the file at `path`, of which `result` has all that was printed. To be called once; workers.
+    LoadedDiff diff(const QString &path, const SVNCommandResult &result);
+
+private:
+    /// Nothing when all has been taken: the next who adds enough is told to decode.
+    std::optional<QByteArray> takeAdded();
+    // Both hold `decoding`.
+    void decodeLinesOf(const QByteArray &piece);
+    void decode(QByteArrayView lines);
+
+    QMutex adding{};
+    QByteArray added{}; ///< since it was taken last
+    bool isTaken = false;
+    QMutex decoding{};
+    QByteArray unread{};   ///< the beginning of a line
+    qsizetype decoded = 0; ///< how many bytes are in `text`
+    QString text{};
+};
+
+} // namespace kestor
