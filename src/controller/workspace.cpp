@@ -143,7 +143,7 @@ std::optional<Project> Workspace::requiredProject(RepositoryKind kind) {
 }
 
 std::shared_ptr<Tool> Workspace::toolFor(RepositoryKind kind) const {
-    return kind == RepositoryKind::svn ? tools.svn : tools.git;
+    return tools.of(kind);
 }
 
 bool Workspace::isCurrent(const Project &project, quint64 generation, quint64 latest) const {

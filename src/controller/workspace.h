@@ -29,6 +29,8 @@ struct Tools {
     std::shared_ptr<Tool> svn;
     std::shared_ptr<Tool> svnAdmin;
     std::shared_ptr<Tool> git;
+
+    const std::shared_ptr<Tool> &of(RepositoryKind kind) const { return kind == RepositoryKind::svn ? svn : git; }
 };
 
 /// The real tools, found through `settings`, which must outlive them.

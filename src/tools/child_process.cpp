@@ -1,10 +1,9 @@
 #include "tools/child_process.h"
 
-#include "tools/completion.h"
+#include "tools/early_child.h"
 #include "tools/shell_escaped.h"
+#include "tools/started_child.h"
 
-#include <QDeadlineTimer>
-#include <QDir>
 #include <QFileInfo>
 #include <QProcess>
 
@@ -17,10 +16,6 @@ namespace kestor {
 namespace {
 
 using namespace Qt::StringLiterals;
-
-constexpr int signalStatusBase = 128;
-/// What a child that was told to end may need to clean up, in milliseconds.
-constexpr int cleanUpTime = 1000;
 
 SVNClientError couldNotLaunch(const QString &displayName, const QString &reason) {
     return SVNClientError::launchFailed(u"Could not launch %1: %2"_s.arg(displayName, reason));
@@ -61,29 +56,21 @@ void appendTo(QByteArray &output, const QByteArray &read) {
 }
 
 /// One started child. Lives in the frame of the coroutine that waits for its end.
-class Child final : public QProcess, public Stoppable {
+class Child final : public QProcess, public StartedChild {
 public:
     explicit Child(const ChildCommand &command);
     ~Child() override;
     Q_DISABLE_COPY_MOVE(Child)
 
-    void askToEnd() override;
-    void endWait() override { end.complete(); }
-    bool wasStopped() const { return stopped; }
-    bool failedToStart() const { return startError; }
-    /// The system's words only: QProcess puts the name of the system call before them.
-    QString launchError() const { return errorString().section(u": "_s, -1); }
-    SVNCommandResult takeResult();
-
-    Completion end;
+    QString launchError() const override;
+    SVNCommandResult takeResult() override;
 
 private:
+    qint64 id() const override { return processId(); }
     void connectSignals();
 
     SVNCommandResult result;
     OutputReader reader;
-    bool stopped = false;
-    QDeadlineTimer cleanUp{}; ///< once stopped
     bool startError = false;
 };
 
@@ -106,9 +93,8 @@ Child::Child(const ChildCommand &command) : reader(command.reader) {
 
 /// A child that still runs was asked to end. svn never hears of that while it waits for a silent server.
 Child::~Child() {
-    const qint64 id = processId();
-    if (id > 0 && !waitForFinished(static_cast<int>(cleanUp.remainingTime())))
-        ::kill(-static_cast<pid_t>(id), SIGKILL);
+    if (id() > 0 && !waitForFinished(cleanUpTime()))
+        StartedChild::kill();
     setProcessState(NotRunning); // QProcess would wait longer
 }
 
@@ -133,12 +119,9 @@ void Child::connectSignals() {
         Qt::QueuedConnection);
 }
 
-void Child::askToEnd() {
-    stopped = true;
-    cleanUp.setRemainingTime(cleanUpTime);
-    // To the whole group, as Ctrl+C in a terminal would: a tool's own children end with it.
-    if (const qint64 id = processId(); id > 0 && ::kill(-static_cast<pid_t>(id), SIGTERM) != 0)
-        terminate();
+/// QProcess puts the name of the system call before the system's words.
+QString Child::launchError() const {
+    return startError ? errorString().section(u": "_s, -1) : QString();
 }
 
 SVNCommandResult Child::takeResult() {
@@ -151,20 +134,36 @@ SVNCommandResult Child::takeResult() {
 
 } // namespace
 
+ChildProcesses::ChildProcesses() = default;
+ChildProcesses::~ChildProcesses() = default;
+
+void ChildProcesses::begin(const ChildCommand &command) {
+    if (launchObstacle(command).isEmpty())
+        begun = EarlyChild::start(command);
+}
+
+std::unique_ptr<StartedChild> ChildProcesses::started(const ChildCommand &command) {
+    if (std::unique_ptr<EarlyChild> early = std::move(begun); early && early->isRunOf(command)) {
+        early->watch();
+        return early;
+    }
+    return std::make_unique<Child>(command);
+}
+
 QCoro::Task<SVNCommandResult> ChildProcesses::run(ChildCommand command, CheckStatus check) {
     if (running.isStopped())
         throw couldNotLaunch(command.displayName, u"The application is closing."_s);
     if (const QString obstacle = launchObstacle(command); !obstacle.isEmpty())
         throw couldNotLaunch(command.displayName, obstacle);
 
-    Child child(command);
-    const Running::Entry entry(running, &child);
-    co_await child.end;
-    if (child.wasStopped())
+    const std::unique_ptr<StartedChild> child = started(command);
+    const Running::Entry entry(running, child.get());
+    co_await child->end;
+    if (child->wasStopped())
         throw SVNClientError::launchFailed(u"%1 was stopped: The application is closing."_s.arg(command.displayName));
-    if (child.failedToStart())
-        throw couldNotLaunch(command.displayName, child.launchError());
-    SVNCommandResult result = child.takeResult();
+    if (const QString error = child->launchError(); !error.isEmpty())
+        throw couldNotLaunch(command.displayName, error);
+    SVNCommandResult result = child->takeResult();
     if (check == CheckStatus::yes && result.status != 0)
         throw SVNClientError::commandFailed(std::move(result));
     co_return result;

@@ -9,7 +9,12 @@
 #include <QString>
 #include <QStringList>
 
+#include <memory>
+
 namespace kestor {
+
+class EarlyChild;
+class StartedChild;
 
 /// What to start, and how.
 struct ChildCommand {
@@ -25,6 +30,12 @@ struct ChildCommand {
 /// standard input is inherited. No thread waits for a child. Main thread only.
 class ChildProcesses {
 public:
+    ChildProcesses();
+    ~ChildProcesses();
+    Q_DISABLE_COPY_MOVE(ChildProcesses)
+
+    /// As Tool::begin.
+    void begin(const ChildCommand &command);
     /// Starts a child and waits for its end; both its outputs are read completely. Throws as Tool::run does, with
     /// "Could not launch NAME: REASON" when it does not start.
     QCoro::Task<SVNCommandResult> run(ChildCommand command, CheckStatus check);
@@ -32,6 +43,9 @@ public:
     void stop() { running.stop(); }
 
 private:
+    std::unique_ptr<StartedChild> started(const ChildCommand &command);
+
+    std::unique_ptr<EarlyChild> begun; ///< for the first run
     Running running;
 };
 

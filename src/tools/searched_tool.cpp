@@ -4,6 +4,11 @@
 
 namespace kestor {
 
+void SearchedTool::begin(const QStringList &arguments, const QString &directory, RunPurpose purpose) {
+    if (const Search found = search(directory, purpose); found.executable)
+        children.begin({*found.executable, found.displayName, arguments, directory, found.environment});
+}
+
 QCoro::Task<SVNCommandResult> SearchedTool::run(QStringList arguments, QString directory, CheckStatus check,
                                                 RunPurpose purpose) {
     const ChildCommand started = command(arguments, directory, purpose);

@@ -13,6 +13,7 @@ namespace kestor {
 /// A tool whose executable is looked up afresh on every run.
 class SearchedTool : public Tool {
 public:
+    void begin(const QStringList &arguments, const QString &directory, RunPurpose purpose) final;
     QCoro::Task<SVNCommandResult> run(QStringList arguments, QString directory, CheckStatus check,
                                       RunPurpose purpose = RunPurpose::userCommand) final;
     QCoro::Task<SVNCommandResult> runReading(QStringList arguments, QString directory, RunPurpose purpose,

@@ -33,6 +33,11 @@ public:
     virtual ~Tool() = default;
     Q_DISABLE_COPY_MOVE(Tool)
 
+    /// Starts at once, also before there is an event loop, what the first run() will ask for; a first run that asks for
+    /// something else drops it. Only for what looks and changes nothing. Where it cannot start, or a tool has no way
+    /// to, nothing is told and the run begins when it is asked for.
+    virtual void begin(const QStringList & /*arguments*/, const QString & /*directory*/, RunPurpose /*purpose*/) {}
+
     /// Runs the tool and waits for its end without blocking the thread. `directory` is the child's working directory,
     /// "" for this process's own. Throws SVNClientError when the tool cannot be started or, with CheckStatus::yes, when
     /// it exits non-zero. There is no time-out.

@@ -1,3 +1,4 @@
+#include "controller/status_run.h"
 #include "ui/frame/program.h"
 #include "ui/frame/waiting_start.h"
 #include "ui/look/early_fonts.h"
@@ -38,6 +39,11 @@ int main(int argc, char **argv) {
     Outcome outcome = start.tryFor(patience);
     if (outcome == Outcome::handedOver)
         return EXIT_SUCCESS;
+    QSettings settings;
+    const kestor::Tools tools = kestor::systemTools(settings);
+    // Of a start that shows no window the tool's work would be in vain.
+    if (outcome == Outcome::first)
+        kestor::beginFirstStatus(settings, tools);
     const std::future<void> fonts = kestor::readFontsEarly();
     int nameAlone = qMin(argc, 1);
     const QApplication application(nameAlone, argv);
@@ -46,8 +52,7 @@ int main(int argc, char **argv) {
         outcome = kestor::waitForAnswer(start);
     if (outcome != Outcome::first)
         return outcome == Outcome::handedOver ? EXIT_SUCCESS : EXIT_FAILURE;
-    QSettings settings;
-    kestor::Program program(settings);
+    kestor::Program program(settings, tools);
 #ifdef KESTOR_WATCH_PAUSES
     const kestor::PauseWatch pauses(
         kestor::longestTurn, [&program] { return program.state().busyMessage.value().value_or(QString()); },

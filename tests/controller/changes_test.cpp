@@ -1,6 +1,10 @@
+#include "controller/status_run.h"
+#include "model/project_store.h"
 #include "support/app_test.h"
+#include "support/environment_variable.h"
 
 #include <QRegularExpression>
+#include <QStandardPaths>
 
 namespace kestor {
 namespace {
@@ -34,6 +38,31 @@ TEST(Changes, OfASubversionProjectAreRealFilesWithDiffs) {
     }
     select(f, u"new/sub/file.c"_s);
     EXPECT_TRUE(f.app.diffText.value().endsWith(u"@@ -0,0 +1,1 @@\n+fresh"_s));
+}
+
+TEST(Changes, AStartReadsThemFromTheRunThatBeganBeforeIt) {
+    const auto start = [](RepositoryFixture &repository, const QString &tool) {
+        SCOPED_TRACE(qPrintable(tool));
+        repository.commit(u"a.c|b.c"_list, "one\n");
+        repository.writeAll({{u"a.c"_s, "two\n"}});
+        TempTree home;
+        home.writeProgram(u"bin/"_s + tool, "echo $1 >> '" + home.path(u"runs"_s).toUtf8() + "'; exec " +
+                                                QStandardPaths::findExecutable(tool).toUtf8() + " \"$@\"\n");
+        const EnvironmentVariable path("PATH", home.path(u"bin:"_s).toUtf8() + qgetenv("PATH"));
+        QSettings settings(home.path(u"test.conf"_s), QSettings::IniFormat);
+        ProjectStore(settings).save({{QUuid::createUuid(), u"p"_s, repository.path(), repository.kind}});
+        const Tools tools = systemTools(settings);
+        beginFirstStatus(settings, tools);
+        ScriptedUser user;
+        AppState app(settings, user, tools);
+        awaited(app.projectSelectionChanged());
+        EXPECT_EQ(app.changes.value().size(), 1);
+        EXPECT_EQ(home.read(u"runs"_s).split('\n').count("status"), 1);
+    };
+    SvnFixture svn;
+    start(svn, u"svn"_s);
+    GitFixture git;
+    start(git, u"git"_s);
 }
 
 TEST(Changes, WithControlCharactersInTheirNamesHideNothingAndAreActedOn) {

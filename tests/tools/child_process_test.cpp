@@ -151,5 +151,60 @@ TEST(ChildProcess, StopAlsoEndsChildrenThatDoNotListenAllAtTheSameTime) {
         EXPECT_TRUE(waitUntil([&] { return hasEnded(tree.read(name).trimmed().toInt()); }));
 }
 
+TEST(ChildProcess, TheFirstRunTakesWhatWasBegunForIt) {
+    const Rows<QString, int, QByteArray> rows{
+        {"a plain end", u"pwd; echo ONE=$ONE"_s, 0, "\nONE=1\n"},
+        {"a flood that nobody reads", u"head -c 20000000 /dev/zero; echo end"_s, 0, "\0end\n"},
+        {"errors and a failure", u"echo x >&2; exit 3"_s, 3, ""},
+        {"a signal", u"kill -KILL $$"_s, 128 + SIGKILL, ""},
+    };
+    for (const auto &[name, script, status, end] : rows) {
+        TempTree tree;
+        ChildCommand command = shell(u"echo >> runs; "_s + script);
+        command.directory = tree.path();
+        command.environment.insert(u"ONE"_s, u"1"_s);
+        ChildProcesses children;
+        children.begin(command);
+        command.environment.remove(u"ONE"_s);
+        const SVNCommandResult early = awaited(children.run(command, CheckStatus::no));
+        EXPECT_EQ(early.status, status);
+        EXPECT_TRUE(early.stdoutData.endsWith(end));
+        EXPECT_EQ(early.stderrData, status == 3 ? "x\n" : "");
+        EXPECT_EQ(tree.read(u"runs"_s), "\n");
+        const SVNCommandResult again = awaited(children.run(command, CheckStatus::no));
+        EXPECT_EQ(again.commandLine, early.commandLine);
+        EXPECT_EQ(tree.read(u"runs"_s), "\n\n");
+    }
+}
+
+TEST(ChildProcess, WhatWasBegunEndsWithAnotherRunAndWithItsOwner) {
+    TempTree tree;
+    const ChildCommand begun = shell(u"cd %1; echo $$ > id; exec sleep 60"_s.arg(tree.path()));
+    const auto begin = [&](ChildProcesses &children) {
+        QFile::remove(tree.path(u"id"_s));
+        children.begin(begun);
+        ASSERT_TRUE(waitUntil([&] { return tree.read(u"id"_s).endsWith('\n'); }));
+    };
+    const auto isGone = [&] {
+        return hasEnded(tree.read(u"id"_s).trimmed().toInt());
+    };
+    ChildProcesses children;
+    begin(children);
+    const ChildCommand other = shell(u"echo other"_s);
+    EXPECT_EQ(awaited(children.run(other, CheckStatus::yes)).stdoutData, "other\n");
+    EXPECT_TRUE(waitUntil(isGone));
+    begin(children);
+    QStringList failures;
+    noteFailure(&children, begun.arguments.last(), &failures);
+    children.stop();
+    EXPECT_EQ(failures, args("the shell was stopped: The application is closing."));
+    EXPECT_TRUE(waitUntil(isGone));
+    {
+        ChildProcesses forgotten;
+        begin(forgotten);
+    }
+    EXPECT_TRUE(waitUntil(isGone));
+}
+
 } // namespace
 } // namespace kestor

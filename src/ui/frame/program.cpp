@@ -8,6 +8,8 @@
 #include <QGuiApplication>
 #include <QSessionManager>
 
+#include <utility>
+
 namespace kestor {
 
 using namespace Qt::StringLiterals;
@@ -25,8 +27,8 @@ void setProgramNames() {
     QGuiApplication::setDesktopFileName(QStringLiteral(KESTOR_APPLICATION_ID));
 }
 
-Program::Program(QSettings &settings)
-    : appState(settings, interaction, systemTools(settings)), mainWindow(appState, settings), folders(appState) {
+Program::Program(QSettings &settings, Tools tools)
+    : appState(settings, interaction, std::move(tools)), mainWindow(appState, settings), folders(appState) {
     interaction.setWindow(&mainWindow);
 }
 

@@ -24,7 +24,7 @@ void setProgramNames();
 class Program {
 public:
     /// `settings` must outlive the program. Shows nothing yet.
-    explicit Program(QSettings &settings);
+    Program(QSettings &settings, Tools tools);
     ~Program();
     Q_DISABLE_COPY_MOVE(Program)
 
