@@ -1,10 +1,11 @@
 #include "controller/arriving_diff.h"
 
 #include "controller/tool_text.h"
-
-#include <utility>
+#include "model/trimmed.h"
 
 namespace kestor {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -43,19 +44,26 @@ void ArrivingDiff::decodeLinesOf(const QByteArray &piece) {
 }
 
 void ArrivingDiff::decode(QByteArrayView lines) {
-    text += toolText(lines);
+    const QString piece = toolText(lines);
+    if (!notice)
+        notice = binaryPreviewIfNeeded(path, piece);
+    text += piece;
     decoded += lines.size();
 }
 
-LoadedDiff ArrivingDiff::diff(const QString &path, const SVNCommandResult &result) {
+LoadedDiff ArrivingDiff::diff(const SVNCommandResult &result) {
     const QMutexLocker lock(&decoding);
     if (result.stdoutData.size() < decoded) { // the run broke off and has no result
         text.clear();
+        notice.reset();
         decoded = 0;
     }
     decode(QByteArrayView(result.stdoutData).sliced(decoded));
+    if (!notice)
+        notice = binaryPreviewIfNeeded(path, toolText(result.stderrData));
     text.squeeze(); // growing leaves up to half of a long text unused
-    return loadedDiff(path, std::exchange(text, {}), result.stderrData);
+    const bool blank = withoutOuterLineBreaks(text).isEmpty();
+    return {blank ? u"(no text diff)"_s : std::exchange(text, {}), notice.value_or(DiffPreview())};
 }
 
 } // namespace kestor

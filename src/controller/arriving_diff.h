@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 namespace kestor {
 
@@ -22,12 +23,16 @@ public:
         decode, ///< decodeAdded() is to be called once
     };
 
+    /// Of the file at `changedPath`.
+    explicit ArrivingDiff(QString changedPath) : path(std::move(changedPath)) {}
+
     /// What was printed next.
     Next add(QByteArrayView printed);
     /// Decodes the whole lines of what was added, until there is no more. Workers.
     void decodeAdded();
-    /// The diff of the file at `path`, of which `result` has all that was printed. To be called once; workers.
-    LoadedDiff diff(const QString &path, const SVNCommandResult &result);
+    /// The diff as published, of which `result` has all that was printed: "(no text diff)" when that is blank lines at
+    /// most. To be called once; workers.
+    LoadedDiff diff(const SVNCommandResult &result);
 
 private:
     /// Nothing when all has been taken: the next who adds enough is told to decode.
@@ -36,6 +41,7 @@ private:
     void decodeLinesOf(const QByteArray &piece);
     void decode(QByteArrayView lines);
 
+    QString path;
     QMutex adding{};
     QByteArray added{}; ///< since it was taken last
     bool isTaken = false;
@@ -43,6 +49,7 @@ private:
     QByteArray unread{};   ///< the beginning of a line
     qsizetype decoded = 0; ///< how many bytes are in `text`
     QString text{};
+    std::optional<DiffPreview> notice{}; ///< where the tool says that the file is binary
 };
 
 } // namespace kestor

@@ -8,7 +8,7 @@
 namespace kestor {
 
 QCoro::Task<LoadedDiff> printedDiff(DiffRun run, QString path, QThreadPool *workers) {
-    const auto arriving = std::make_shared<ArrivingDiff>();
+    const auto arriving = std::make_shared<ArrivingDiff>(path);
     const OutputReader reader = [arriving, workers](QByteArrayView printed) {
         if (arriving->add(printed) == ArrivingDiff::Next::decode)
             workers->start([arriving] { arriving->decodeAdded(); });
@@ -19,8 +19,8 @@ QCoro::Task<LoadedDiff> printedDiff(DiffRun run, QString path, QThreadPool *work
     } catch (const SVNClientError &) {
         // A tool that cannot be run has printed nothing. No diff is no reason for an alert on every row.
     }
-    const auto decode = [arriving, path, result] {
-        return arriving->diff(path, result);
+    const auto decode = [arriving, result] {
+        return arriving->diff(result);
     };
     co_return co_await QtConcurrent::run(workers, decode);
 }

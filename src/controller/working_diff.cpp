@@ -2,7 +2,6 @@
 
 #include "controller/path_targets.h"
 #include "controller/tool_text.h"
-#include "model/trimmed.h"
 #include "parsers/line_changes.h"
 #include "parsers/unified_diff_parser.h"
 #include "rules/project_bounds.h"
@@ -85,14 +84,6 @@ QStringList workingDiffArguments(RepositoryKind kind, const std::optional<QStrin
     if (path)
         arguments.append(kind == RepositoryKind::svn ? svnDiffTarget(*path) : gitTarget(*path));
     return arguments;
-}
-
-LoadedDiff loadedDiff(const QString &path, const QString &printed, const QByteArray &stderrData) {
-    std::optional<DiffPreview> preview = binaryPreviewIfNeeded(path, printed);
-    if (!preview)
-        preview = binaryPreviewIfNeeded(path, toolText(stderrData));
-    const bool blank = withoutOuterLineBreaks(printed).isEmpty();
-    return {blank ? u"(no text diff)"_s : printed, preview.value_or(DiffPreview())};
 }
 
 LoadedDiff unversionedDiff(const QString &path, const QString &root) {

@@ -27,9 +27,6 @@ QStringList readableSvnDiff();
 /// compares with: "HEAD", or the empty tree before the first commit.
 QStringList workingDiffArguments(RepositoryKind kind, const std::optional<QString> &path, const QString &gitBase);
 
-/// The diff as published for what a tool printed: "(no text diff)" when that is blank lines at most. Linear; workers.
-LoadedDiff loadedDiff(const QString &path, const QString &printed, const QByteArray &stderrData);
-
 /// The diff of a file that is not under version control, read from the project at `root` (absolute): its content as
 /// added lines, or a text in brackets that says why there is none. Only regular files are read. Reads the disk;
 /// workers.

@@ -26,48 +26,45 @@ TEST(WorkingDiff, SaysWhyAnUnversionedPathHasNoDiff) {
 
 TEST(WorkingDiff, BelievesTheToolsWordsAboutBinaryFiles) {
     const DiffPreview notice{DiffPreviewKind::binary, u"a.bin"_s, {}, u"Unknown file type."_s, {}, {}};
-    const auto preview = [](const QString &printed, const QByteArray &errors) {
-        return loadedDiff(u"a.bin"_s, printed, errors).preview;
+    const auto preview = [](const QByteArray &printed, const QByteArray &errors) {
+        return ArrivingDiff(u"a.bin"_s).diff({.stdoutData = printed, .stderrData = errors}).preview;
     };
-    EXPECT_EQ(preview(u"Index: a.bin\nfile marked as a binary type.\n"_s, ""), notice);
-    EXPECT_EQ(preview(u"Binary files a/a.bin and b/a.bin differ\n"_s, ""), notice);
-    EXPECT_EQ(preview(u"+ny (BINARY OR UNREADABLE"_s, ""), notice);
+    EXPECT_EQ(preview("Index: a.bin\nfile marked as a binary type.\n", ""), notice);
+    EXPECT_EQ(preview("Binary files a/a.bin and b/a.bin differ\n", ""), notice);
+    EXPECT_EQ(preview("+ny (BINARY OR UNREADABLE", ""), notice);
     EXPECT_EQ(preview({}, "svn: yes: Cannot display"), notice);
-    EXPECT_EQ(preview(u"y binary\n file, cannot delay, binary or readable, marked as binary, Y"_s, "y"), DiffPreview());
-    EXPECT_EQ(loadedDiff(u"a.c"_s, u"\r\n\n"_s, "svn: not a working copy\n"),
+    EXPECT_EQ(preview("y binary\n file, cannot delay, binary or readable, marked as binary, Y", "y"), DiffPreview());
+    EXPECT_EQ(ArrivingDiff(u"a.c"_s).diff({.stdoutData = "\r\n\n", .stderrData = "svn: not a working copy\n"}),
               (LoadedDiff{u"(no text diff)"_s, DiffPreview()}));
 }
 
 TEST(WorkingDiff, ArrivesInPiecesAsInOne) {
     const QByteArray flood = QByteArray(70000, 'x') + "\xC3\xBC\n";
     const Rows<QByteArray> rows{
-        {"lines that are not all UTF-8", "\xEF\xBB\xBF+gr\xC3\xB6\xC3\x9F"
-                                         "e\n-gr\xF6\xDF"
-                                         "e\r\n\n" +
-                                             flood + flood + " end"},
+        {"lines that are not all UTF-8", "\xEF\xBB\xBF+gr\xC3\xB6\xC3\x9F\n-gr\xF6\xDF\r\n\n" + flood + flood + " end"},
         {"no line end", QByteArray(300000, 'y')},
         {"line ends alone", QByteArray(10, '\n') + "x"},
     };
     for (const auto &[name, printed] : rows) {
         const QString whole = toolText(printed);
         for (const qsizetype size : {qsizetype(3), qsizetype(40000), printed.size()}) {
-            ArrivingDiff diff;
+            ArrivingDiff diff(u"a.c"_s);
             for (qsizetype start = 0; start + size <= printed.size(); start += size) {
                 if (diff.add(QByteArrayView(printed).sliced(start, size)) == ArrivingDiff::Next::decode ||
                     start % 9 == 0)
                     diff.decodeAdded();
             }
-            EXPECT_EQ(diff.diff(u"a.c"_s, {.stdoutData = printed}).text, whole);
+            EXPECT_EQ(diff.diff({.stdoutData = printed}).text, whole);
         }
-        ArrivingDiff brokenOff;
+        ArrivingDiff brokenOff(u"a.c"_s);
         brokenOff.add(printed);
         brokenOff.decodeAdded();
-        EXPECT_EQ(brokenOff.diff(u"a.c"_s, {}).text, u"(no text diff)"_s);
+        EXPECT_EQ(brokenOff.diff({}).text, u"(no text diff)"_s);
     }
 }
 
 TEST(WorkingDiff, GoesToAWorkerWhenItIsLong) {
-    ArrivingDiff diff;
+    ArrivingDiff diff(u"a.c"_s);
     EXPECT_EQ(diff.add("+short\n"), ArrivingDiff::Next::wait);
     const QByteArray flood(300000, '\n');
     EXPECT_EQ(diff.add(flood), ArrivingDiff::Next::decode);
