@@ -1,7 +1,7 @@
 #include "controller/git_revert_rows.h"
 
 #include "controller/path_command.h"
-#include "model/utf8_text.h"
+#include "parsers/git_parsers.h"
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
@@ -36,9 +36,9 @@ QStringList committedEntriesArguments(const QSet<QString> &paths) {
 
 QSet<QString> submodulesAmong(const QByteArray &printed) {
     QSet<QString> submodules;
-    for (const QByteArray &entry : printed.split('\0')) {
-        if (entry.startsWith("160000 "))
-            submodules.insert(utf8Text(entry.sliced(entry.indexOf('\t') + 1)));
+    for (const QString &entry : GitParsers::namesEndedByNul(printed)) {
+        if (entry.startsWith(u"160000 "))
+            submodules.insert(entry.sliced(entry.indexOf(u'\t') + 1));
     }
     return submodules;
 }

@@ -1,6 +1,7 @@
 #include "parsers/git_parsers.h"
 
 #include "model/file_order.h"
+#include "model/utf8_text.h"
 #include "parsers/iso_date.h"
 
 #include <QHash>
@@ -129,6 +130,10 @@ bool isListedBefore(const GitBranch &left, const GitBranch &right) {
 } // namespace
 
 namespace GitParsers {
+
+QStringList namesEndedByNul(QByteArrayView printed) {
+    return utf8Text(printed).split(QChar::Null, Qt::SkipEmptyParts);
+}
 
 QList<WorkingCopyItem> parseStatus(QStringView text) {
     QList<WorkingCopyItem> items;

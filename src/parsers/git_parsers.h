@@ -15,6 +15,8 @@
 /// What turns the text output of `git` into records. Nothing fails; malformed lines are skipped. Any thread.
 namespace kestor::GitParsers {
 
+/// What a run with -z printed: names, and entries among them, each ended by a zero byte.
+QStringList namesEndedByNul(QByteArrayView printed);
 /// Reads `git status --porcelain=v1`; in the localised standard order of the paths. A rename yields its new name.
 QList<WorkingCopyItem> parseStatus(QStringView text);
 /// The kind that the two letters of a porcelain line stand for.
