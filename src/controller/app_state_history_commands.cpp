@@ -4,16 +4,10 @@
 #include "controller/history_commands.h"
 #include "controller/path_targets.h"
 #include "controller/repository_addresses.h"
-#include "controller/revert_plan.h"
 #include "controller/written_file.h"
-#include "model/utf8_text.h"
-#include "rules/working_copy_paths.h"
-#include "tools/arguments.h"
 
 #include <QCoroFuture>
 #include <QtConcurrent>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -27,40 +21,6 @@ QString rollbackQuestion(RepositoryKind kind, const QString &revision) {
     const QString what =
         kind == RepositoryKind::svn ? u"Reverse-merge r"_s + revision : u"Revert "_s + revision.left(7);
     return what + u" into the working copy? Review the resulting changes before committing."_s;
-}
-
-/// Whether something that Git does not track stands where it would write one of the paths, as it printed them. Reads
-/// the disk; workers.
-bool coversUntracked(const QByteArray &printed, const QString &root) {
-    const QStringList paths = utf8Text(printed).split(u'\0', Qt::SkipEmptyParts);
-    const bool onePath =
-        std::ranges::any_of(paths, [&root](const QString &path) { return isOnDisk(absolutePath(path, root)); });
-    return onePath || !inTheWayOf(paths, root).isEmpty();
-}
-
-/// Whether a checkout of `target` as of `revision` overwrites what no commit has, or may do so for all that Git says.
-QCoro::Task<bool> overwritesChanges(std::shared_ptr<Tool> git, QString directory, QString revision, QString target) {
-    const QStringList tracked = args(u"status", u"--porcelain=v1", u"--untracked-files=no", u"--", target);
-    // What the revision has and the index has not is written even where the target is a folder.
-    const QStringList untracked = args(u"diff", u"--no-ext-diff", u"--name-only", u"--no-renames", u"--diff-filter=D",
-                                       u"-z", u"--end-of-options", revision, u"--", target);
-    // Three dots are one commit for a checkout, and two for a diff.
-    if (revision.contains(u".."))
-        co_return true;
-    SVNCommandResult changed;
-    SVNCommandResult absent;
-    try {
-        changed = co_await git->run(tracked, directory, CheckStatus::no, RunPurpose::backgroundRead);
-        absent = co_await git->run(untracked, directory, CheckStatus::no, RunPurpose::backgroundRead);
-    } catch (const SVNClientError &) {
-        co_return true;
-    }
-    if (changed.status != 0 || absent.status != 0 || !changed.stdoutData.isEmpty())
-        co_return true;
-    const auto look = [printed = absent.stdoutData, directory] {
-        return coversUntracked(printed, directory);
-    };
-    co_return co_await QtConcurrent::run(look);
 }
 
 } // namespace
@@ -79,16 +39,19 @@ QCoro::Task<> AppState::rollbackSelectedRevision() {
         co_return;
     }
     const QString title = isGit ? u"Rollback Commit"_s : u"Rollback Revision"_s;
-    const bool confirmed = co_await user.confirm(title, rollbackQuestion(project->kind, revision));
-    if (!confirmed)
-        co_return;
+    QString question = rollbackQuestion(project->kind, revision);
     if (isGit) {
         // What the commit deleted comes back.
         const QString range = revision + u".."_s + revision + u'^';
-        const bool agreed = co_await agreesToOverwrite(this, *project, title, range);
-        if (!agreed)
-            co_return;
+        const qsizetype overwritten = co_await overwrittenIgnoredPaths(this, *project, title, range);
+        if (overwritten > 0)
+            question += u' ' + overwritingText(overwritten);
     }
+    if (closing)
+        co_return;
+    const bool confirmed = co_await user.confirm(title, question);
+    if (!confirmed)
+        co_return;
     const QStringList arguments = rollbackArguments(project->kind, revision);
     co_await runAskedCommand(*project, u"Rollback"_s, arguments, RefreshAfter::yes);
 }
@@ -126,9 +89,11 @@ QCoro::Task<> AppState::pullFileAtRevision() {
     const QString path = typedTarget(*project, typed);
     // Subversion merges the changes into what it gets, Git overwrites them.
     if (project->kind == RepositoryKind::git) {
-        const bool changed = co_await overwritesChanges(tools.git, project->path, revision, path);
-        const QString question = u"Local changes in %1 will be discarded."_s.arg(typed);
+        const bool changed = co_await overwritesChanges(this, *project, u"Pull File"_s, revision, path);
+        if (closing)
+            co_return;
         if (changed) {
+            const QString question = u"Local changes in %1 will be discarded."_s.arg(typed);
             const bool confirmed = co_await user.confirm(u"Pull File"_s, question);
             if (!confirmed)
                 co_return;

@@ -1,7 +1,7 @@
 #include "controller/checkout_losses.h"
 
 #include "controller/path_command.h"
-#include "model/utf8_text.h"
+#include "parsers/git_parsers.h"
 #include "rules/working_copy_paths.h"
 #include "tools/arguments.h"
 
@@ -19,15 +19,16 @@ namespace kestor {
 
 namespace {
 
-QStringList namesIn(const QByteArray &printed) {
-    return utf8Text(printed).split(QChar::Null, Qt::SkipEmptyParts);
+/// The vector that lists the files that come, as raw entries.
+QStringList newFilesArguments(const QStringList &compared) {
+    return args(u"diff", u"--raw", u"--no-renames", u"--ignore-submodules=none", u"--diff-filter=A", u"-z") + compared;
 }
 
 /// What is in the way of a file that comes at the path; "" when nothing is.
 QString occupant(const QString &path, const QString &root) {
     for (const QString &folder : foldersAbove(path)) {
         const QFileInfo info(absolutePath(folder, root));
-        if (info.isSymLink() || !info.isDir())
+        if (!isFolder(info))
             return isOnDisk(info.filePath()) ? folder : QString();
     }
     return isOnDisk(absolutePath(path, root)) ? path : QString();
@@ -35,20 +36,63 @@ QString occupant(const QString &path, const QString &root) {
 
 /// Whether a submodule comes where there is a folder, which is no loss: another branch left it behind.
 bool isLeftBehind(const QString &entry, const QString &path, const QString &root) {
-    const QFileInfo info(absolutePath(path, root));
-    return entry.startsWith(u":000000 160000 ") && isFolder(info);
+    return entry.startsWith(u":000000 160000 ") && isFolder(QFileInfo(absolutePath(path, root)));
 }
 
-/// What the checkout overwrites of what is ignored. Throws SVNClientError.
-QCoro::Task<qsizetype> overwrittenIgnoredPaths(std::shared_ptr<Tool> git, QString directory, QString range,
-                                               QThreadPool *workers) {
-    const QStringList newFiles = newFilesArguments(range);
+/// What stands on disk below `root` where those files come: something at the path itself, or a file where one of its
+/// folders is to be. Reads the disk; workers.
+QStringList occupiedPaths(const QByteArray &newFiles, const QString &root) {
+    const QStringList fields = GitParsers::namesEndedByNul(newFiles); // an entry, then its path
+    QStringList occupied;
+    for (qsizetype i = 0; i + 1 < fields.size(); i += 2) {
+        const QString found = occupant(fields[i + 1], root);
+        if (!found.isEmpty() && !isLeftBehind(fields[i], fields[i + 1], root))
+            occupied.append(found);
+    }
+    occupied.removeDuplicates();
+    return occupied;
+}
+
+/// The vector that lists the ignored files at and below these paths, in the whole project when they are too many to
+/// name.
+QStringList ignoredPathsArguments(const QStringList &paths) {
+    PathCommand command{args(u"ls-files", u"--others", u"--ignored", u"--exclude-standard", u"-z"), paths};
+    if (needsPathFile(command))
+        command.paths.clear();
+    return plainArguments(RepositoryKind::git, command);
+}
+
+/// How many of the occupied paths are or hold something ignored. Workers.
+qsizetype ignoredAmong(const QStringList &occupied, const QByteArray &ignored) {
+    QSet<QString> ignoredPaths; // files, and repositories of their own as one path
+    QSet<QString> holding;
+    for (const QString &name : GitParsers::namesEndedByNul(ignored)) {
+        const QString path = normalizedPath(name);
+        ignoredPaths.insert(path);
+        for (const QString &folder : foldersAbove(path))
+            holding.insert(folder);
+    }
+    return std::ranges::count_if(occupied, [&](const QString &path) {
+        const QStringList above = foldersAbove(path);
+        return ignoredPaths.contains(path) || holding.contains(path) ||
+               std::ranges::any_of(above, [&](const QString &folder) { return ignoredPaths.contains(folder); });
+    });
+}
+
+/// What stands where the files come that such a vector lists. Throws SVNClientError.
+QCoro::Task<QStringList> printedOccupiedPaths(std::shared_ptr<Tool> git, QString directory, QStringList newFiles,
+                                              QThreadPool *workers) {
     const SVNCommandResult coming =
         co_await git->run(newFiles, directory, CheckStatus::yes, RunPurpose::backgroundRead);
     const auto look = [printed = coming.stdoutData, directory] {
         return occupiedPaths(printed, directory);
     };
-    const QStringList occupied = co_await QtConcurrent::run(workers, look);
+    co_return co_await QtConcurrent::run(workers, look);
+}
+
+/// How many of the occupied paths are ignored. Throws SVNClientError.
+QCoro::Task<qsizetype> countedIgnored(std::shared_ptr<Tool> git, QString directory, QStringList occupied,
+                                      QThreadPool *workers) {
     if (occupied.isEmpty())
         co_return 0;
     const QStringList ignoredPaths = ignoredPathsArguments(occupied);
@@ -62,61 +106,52 @@ QCoro::Task<qsizetype> overwrittenIgnoredPaths(std::shared_ptr<Tool> git, QStrin
 
 } // namespace
 
-QStringList newFilesArguments(const QString &range) {
-    return args(u"diff", u"--raw", u"--no-renames", u"--ignore-submodules=none", u"--diff-filter=A", u"-z", range,
-                u"--");
-}
-
-QStringList occupiedPaths(const QByteArray &newFiles, const QString &root) {
-    const QStringList fields = namesIn(newFiles); // an entry, then its path
-    QStringList occupied;
-    for (qsizetype i = 0; i + 1 < fields.size(); i += 2) {
-        const QString found = occupant(fields[i + 1], root);
-        if (!found.isEmpty() && !isLeftBehind(fields[i], fields[i + 1], root))
-            occupied.append(found);
-    }
-    occupied.removeDuplicates();
-    return occupied;
-}
-
-QStringList ignoredPathsArguments(const QStringList &paths) {
-    PathCommand command{args(u"ls-files", u"--others", u"--ignored", u"--exclude-standard", u"-z"), paths};
-    if (needsPathFile(command))
-        command.paths.clear();
-    return plainArguments(RepositoryKind::git, command);
-}
-
-qsizetype ignoredAmong(const QStringList &occupied, const QByteArray &ignored) {
-    QSet<QString> ignoredPaths; // files, and repositories of their own as one path
-    QSet<QString> holding;
-    for (const QString &name : namesIn(ignored)) {
-        const QString path = normalizedPath(name);
-        ignoredPaths.insert(path);
-        for (const QString &folder : foldersAbove(path))
-            holding.insert(folder);
-    }
-    return std::ranges::count_if(occupied, [&](const QString &path) {
-        const QStringList above = foldersAbove(path);
-        return ignoredPaths.contains(path) || holding.contains(path) ||
-               std::ranges::any_of(above, [&](const QString &folder) { return ignoredPaths.contains(folder); });
-    });
-}
-
-QCoro::Task<bool> agreesToOverwrite(Workspace *shared, Project project, QString title, QString range) {
-    qsizetype overwritten = 0;
+QCoro::Task<qsizetype> overwrittenIgnoredPaths(Workspace *shared, Project project, QString title, QString range) {
+    const BusyScope looking(shared->busy, title, BusyKind::interruptible);
+    const std::shared_ptr<Tool> git = shared->tools.git;
+    const QStringList newFiles = newFilesArguments(args(range, u"--"));
     try {
-        const BusyScope looking(shared->busy, title, BusyKind::interruptible);
-        const std::shared_ptr<Tool> git = shared->tools.git;
-        overwritten = co_await overwrittenIgnoredPaths(git, project.path, range, &shared->workers);
+        const QStringList occupied = co_await printedOccupiedPaths(git, project.path, newFiles, &shared->workers);
+        co_return co_await countedIgnored(git, project.path, occupied, &shared->workers);
     } catch (const SVNClientError &) {
         // There is no such branch, or no Git: the command itself tells.
     }
+    co_return 0;
+}
+
+QString overwritingText(qsizetype count) {
+    return u"%1 ignored path(s) on disk will be overwritten."_s.arg(count);
+}
+
+QCoro::Task<bool> agreesToOverwrite(Workspace *shared, Project project, QString title, QString range) {
+    const qsizetype overwritten = co_await overwrittenIgnoredPaths(shared, project, title, range);
     if (shared->closing || shared->selectedProjectID.value() != project.id)
         co_return false; // nobody waits for it any more
     if (overwritten == 0)
         co_return true;
-    const QString question = u"%1 ignored path(s) on disk will be overwritten."_s.arg(overwritten);
-    co_return co_await shared->user.confirm(title, question);
+    co_return co_await shared->user.confirm(title, overwritingText(overwritten));
+}
+
+QCoro::Task<bool> overwritesChanges(Workspace *shared, Project project, QString title, QString revision,
+                                    QString target) {
+    // Three dots are one commit for a checkout, and two for a diff.
+    if (revision.contains(u".."))
+        co_return true;
+    const BusyScope looking(shared->busy, title, BusyKind::interruptible);
+    const std::shared_ptr<Tool> git = shared->tools.git;
+    const QStringList tracked = args(u"status", u"--porcelain=v1", u"--untracked-files=no", u"--", target);
+    // What the revision has and the index has not is written even where the target is a folder.
+    const QStringList newFiles = newFilesArguments(args(u"-R", u"--end-of-options", revision, u"--", target));
+    try {
+        const SVNCommandResult changed =
+            co_await git->run(tracked, project.path, CheckStatus::yes, RunPurpose::backgroundRead);
+        if (!changed.stdoutData.isEmpty())
+            co_return true;
+        const QStringList occupied = co_await printedOccupiedPaths(git, project.path, newFiles, &shared->workers);
+        co_return !occupied.isEmpty();
+    } catch (const SVNClientError &) {
+        co_return true;
+    }
 }
 
 } // namespace kestor

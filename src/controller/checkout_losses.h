@@ -2,30 +2,26 @@
 
 #include "controller/workspace.h"
 
-#include <QByteArray>
 #include <QCoroTask>
 #include <QString>
-#include <QStringList>
 
 namespace kestor {
 
-/// The vector that lists, as raw entries, the files that come with a checkout across `range`, such as "HEAD..other".
-QStringList newFilesArguments(const QString &range);
+// What Git overwrites without a word when it checks files out. `shared` must outlive the tasks.
 
-/// What stands on disk below `root` (absolute) where those files come: something at the path itself, or a file where
-/// one of its folders is to be. Reads the disk; workers.
-QStringList occupiedPaths(const QByteArray &newFiles, const QString &root);
+/// How many ignored paths a checkout across `range`, such as "HEAD..other", overwrites. 0 as well when Git cannot tell;
+/// the checkout then fails and says why. Busy under `title` meanwhile.
+QCoro::Task<qsizetype> overwrittenIgnoredPaths(Workspace *shared, Project project, QString title, QString range);
 
-/// The vector that lists the ignored files at and below these paths, in the whole project when they are too many to
-/// name.
-QStringList ignoredPathsArguments(const QStringList &paths);
+/// What the user has to know of `count` such paths.
+QString overwritingText(qsizetype count);
 
-/// How many of the occupied paths are or hold something ignored. Workers.
-qsizetype ignoredAmong(const QStringList &occupied, const QByteArray &ignored);
-
-/// Whether Git may check out across `range`: it overwrites ignored files without a word, so the user is asked first
-/// when there are any. True as well when Git cannot tell; the checkout then fails and says why. False when the project
-/// was left meanwhile. `shared` must outlive the task.
+/// Whether Git may check out across `range`: the user is asked under `title` when ignored files would be overwritten.
 QCoro::Task<bool> agreesToOverwrite(Workspace *shared, Project project, QString title, QString range);
+
+/// Whether a checkout of `target` as of `revision` overwrites what no commit has, or may do so for all that Git says.
+/// Busy under `title` meanwhile.
+QCoro::Task<bool> overwritesChanges(Workspace *shared, Project project, QString title, QString revision,
+                                    QString target);
 
 } // namespace kestor

@@ -84,6 +84,22 @@ bool replacesWhatStandsThere(const WorkingCopyItem &item, const GitRevertRows &r
     return replaced && !rows.submodules.contains(item.path);
 }
 
+/// The links and files that stand where the paths need folders.
+QStringList inTheWayOf(const QStringList &paths, const QString &root) {
+    QSet<QString> folders;
+    for (const QString &path : paths) {
+        for (const QString &folder : foldersAbove(path))
+            folders.insert(folder);
+    }
+    QStringList obstacles;
+    for (const QString &folder : std::as_const(folders)) {
+        const QString location = absolutePath(folder, root);
+        if (isOnDisk(location) && !isFolder(QFileInfo(location)))
+            obstacles.append(folder);
+    }
+    return obstacles;
+}
+
 void appendUnlessEmpty(QList<PathCommand> &commands, const PathCommand &command) {
     if (!command.paths.isEmpty())
         commands.append(command);
@@ -182,21 +198,6 @@ RevertPlan onDisk(RevertPlan plan, const QString &root) {
     const QSet<QString> leaving(plan.overwritten.begin(), plan.overwritten.end());
     plan.unversioned.removeIf([&leaving](const UnversionedPath &path) { return leaving.contains(path.path); });
     return plan;
-}
-
-QStringList inTheWayOf(const QStringList &paths, const QString &root) {
-    QSet<QString> folders;
-    for (const QString &path : paths) {
-        for (const QString &folder : foldersAbove(path))
-            folders.insert(folder);
-    }
-    QStringList obstacles;
-    for (const QString &folder : std::as_const(folders)) {
-        const QString location = absolutePath(folder, root);
-        if (isOnDisk(location) && !isFolder(QFileInfo(location)))
-            obstacles.append(folder);
-    }
-    return obstacles;
 }
 
 QString leftOutText(qsizetype count) {

@@ -51,10 +51,6 @@ bool takesBackAll(const RevertPlan &plan, const QList<WorkingCopyItem> &items);
 /// disk below `root` (absolute); workers.
 RevertPlan onDisk(RevertPlan plan, const QString &root);
 
-/// The links and files that stand where the working-copy paths need folders. Reads the disk below `root` (absolute);
-/// workers.
-QStringList inTheWayOf(const QStringList &paths, const QString &root);
-
 /// How a revert is asked for.
 enum class RevertScope : std::uint8_t { oneRow, selection, all };
 
