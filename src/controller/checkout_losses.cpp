@@ -125,8 +125,8 @@ QString overwritingText(qsizetype count) {
 
 QCoro::Task<bool> agreesToOverwrite(Workspace *shared, Project project, QString title, QString range) {
     const qsizetype overwritten = co_await overwrittenIgnoredPaths(shared, project, title, range);
-    if (shared->closing || shared->selectedProjectID.value() != project.id)
-        co_return false; // nobody waits for it any more
+    if (shared->closing)
+        co_return false;
     if (overwritten == 0)
         co_return true;
     co_return co_await shared->user.confirm(title, overwritingText(overwritten));

@@ -151,8 +151,12 @@ TEST_F(ClonedBranches, AskBeforeTheyOverwriteIgnoredFiles) {
         QFile::remove(path() + u'/' + file);
         QDir(path()).rmdir(u"build"_s);
     }
-    awaited(update(f.app));
-    EXPECT_EQ(origin.tree.read(u"clone/conf"_s), "theirs\n") << "with nothing in the way it asks nothing";
+    QCoro::Task<> pull = update(f.app);
+    const auto left = f.app.selectedProjectID.value();
+    f.app.selectedProjectID = std::nullopt;
+    awaited(std::move(pull));
+    f.app.selectedProjectID = left;
+    EXPECT_EQ(origin.tree.read(u"clone/conf"_s), "theirs\n") << "with nothing in the way, also where the user is gone";
     EXPECT_EQ(f.user.asked.filter(u"confirm"_s), QStringList());
 }
 
