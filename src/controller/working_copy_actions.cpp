@@ -142,7 +142,7 @@ QCoro::Task<> WorkingCopyActions::resolveSelectedPaths(ResolveChoice accept) {
     const std::optional<QStringList> paths = requiredPaths(WorkingCopyAction::resolve, *project, items);
     if (!paths)
         co_return;
-    if (accept != ResolveChoice::working) {
+    if (accept != ResolveChoice::working && std::ranges::any_of(items, isInConflict)) {
         const QString question = oneSideQuestion(paths->size());
         const bool confirmed = co_await workspace.user.confirm(u"Resolve"_s, question);
         if (!confirmed)

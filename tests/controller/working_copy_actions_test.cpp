@@ -258,6 +258,9 @@ TEST_F(RealActions, ResolveEachWay) {
         f.user.confirms = true;
         EXPECT_FALSE(after(actions.resolveSelectedPaths(choice)).contains(u"C a.c"_s));
         EXPECT_EQ(repository.read(u"a.c"_s), content);
+        f.user.asked.clear();
+        after(actions.resolveSelectedPaths(choice));
+        EXPECT_EQ(f.user.asked, QStringList()) << "nothing is in conflict any more";
         repository.write(u"a.c"_s, "1\n2\n3\n");
         repository.svn(u"commit|-m|back"_list);
     }
