@@ -157,24 +157,22 @@ QCoro::Task<> WorkingCopyActions::updateWorkingCopy() {
     const std::optional<Project> project = projectFor(workingCopyCommand(WorkingCopyAction::update));
     if (!project)
         co_return;
-    if (project->kind == RepositoryKind::git) {
-        const bool agreed = co_await agreesToPull(*project);
-        if (!agreed)
-            co_return;
-    }
-    co_await run(WorkingCopyAction::update, *project, Texts(), QStringList());
+    if (project->kind == RepositoryKind::git)
+        co_await workspace.reporting(u"Pull Failed"_s, pull(*project));
+    else
+        co_await run(WorkingCopyAction::update, *project, Texts(), QStringList());
 }
 
-QCoro::Task<bool> WorkingCopyActions::agreesToPull(Project project) {
+QCoro::Task<> WorkingCopyActions::pull(Project project) {
     const QString title = workingCopyCommand(WorkingCopyAction::update).git.title.toString();
-    try {
+    {
         const BusyScope fetching(workspace.busy, title, BusyKind::interruptible);
         const QStringList arguments(u"fetch"_s);
-        co_await workspace.tools.git->run(arguments, project.path, CheckStatus::no);
-    } catch (const SVNClientError &) {
-        // Git cannot be started for the pull either.
+        co_await workspace.tools.git->run(arguments, project.path, CheckStatus::yes);
     }
-    co_return co_await agreesToOverwrite(&workspace, project, title, u"HEAD...@{upstream}"_s);
+    const bool agreed = co_await agreesToOverwrite(&workspace, project, title, u"HEAD...@{upstream}"_s);
+    if (agreed)
+        co_await run(WorkingCopyAction::update, project, Texts(), QStringList());
 }
 
 QCoro::Task<> WorkingCopyActions::applyPatch() {

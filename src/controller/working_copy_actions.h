@@ -49,9 +49,9 @@ public:
 private:
     using Texts = QMap<QString, QString>; ///< by the key of their field
 
-    /// Fetches what a pull would bring and asks before ignored files go with it. A fetch that fails says nothing, since
-    /// the pull does.
-    QCoro::Task<bool> agreesToPull(Project project);
+    /// Fetches what a pull would bring, and asks before ignored files go with it. Throws SVNClientError when the fetch
+    /// fails: the pull would wait for the server, or ask for the password, once more, only to fail the same way.
+    QCoro::Task<> pull(Project project);
     QCoro::Task<> addToGit(Project project, QList<WorkingCopyItem> items);
     QCoro::Task<> addToSubversion(Project project, QList<WorkingCopyItem> items);
     QCoro::Task<> removeAfterQuestion(Project project, QList<WorkingCopyItem> items, QStringList paths);

@@ -309,6 +309,10 @@ TEST(WorkingCopyActions, PullAddAndDeleteInGit) {
     const QByteArray staged = runTool(u"git"_s, u"diff|--cached|--no-renames|--name-status"_list, clones.path(u"wc"_s));
     EXPECT_TRUE(staged.contains("D\tb.c\nA\tmoved.c")) << staged.constData();
     EXPECT_EQ(f.alertText(), QString());
+    QFile::rename(origin.path(), origin.tree.path(u"gone"_s));
+    awaited(f.app.actions.updateWorkingCopy());
+    EXPECT_TRUE(f.alertText().startsWith(u"Pull Failed: fatal: "_s));
+    EXPECT_TRUE(f.output().commandLine.endsWith(u" fetch"_s)) << "what is silent is not asked twice";
 }
 
 } // namespace
