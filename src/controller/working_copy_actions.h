@@ -16,7 +16,8 @@ class WorkingCopyActions {
 public:
     explicit WorkingCopyActions(Workspace &shared) : workspace(shared) {}
 
-    /// Adds the rows acted on, in Subversion those that are unversioned, and nothing below them that has no row.
+    /// Adds the rows acted on and nothing below them that has no row; in Subversion only what is unversioned, or else
+    /// what stands on disk although it is deleted.
     QCoro::Task<> addSelectedPaths();
     /// Asks first when files would be lost that the repository does not have; ignored ones go to the trash.
     QCoro::Task<> deleteSelectedPaths();

@@ -5,6 +5,9 @@
 #include <QFileInfo>
 #include <QtConcurrent>
 
+#include <algorithm>
+#include <iterator>
+
 using namespace Qt::StringLiterals;
 
 namespace kestor {
@@ -19,6 +22,23 @@ QList<WorkingCopyItem> withoutUnversionedFolders(QList<WorkingCopyItem> items, c
     return items;
 }
 
+struct SvnAdditions {
+    QList<WorkingCopyItem> items{};
+    bool holdFolders = false;
+};
+
+/// What svn is to add of the rows acted on: a deleted path that stands on disk only when nothing is unversioned.
+SvnAdditions svnAdditions(const QList<WorkingCopyItem> &acted, const std::optional<WorkingCopyItem> &selected,
+                          const QString &root) {
+    SvnAdditions additions{unversionedItems(acted, selected)};
+    if (additions.items.isEmpty())
+        std::ranges::copy_if(acted, std::back_inserter(additions.items), [&root](const WorkingCopyItem &item) {
+            return item.kind == SVNStatusKind::deleted && isOnDisk(absolutePath(item.path, root));
+        });
+    additions.holdFolders = !foldersAmong(additions.items, root).isEmpty();
+    return additions;
+}
+
 } // namespace
 
 QCoro::Task<> WorkingCopyActions::addSelectedPaths() {
@@ -31,15 +51,12 @@ QCoro::Task<> WorkingCopyActions::addSelectedPaths() {
         co_return co_await perform(WorkingCopyAction::add, QString());
     if (project->kind == RepositoryKind::git)
         co_return co_await addToGit(*project, acted);
-    const QList<WorkingCopyItem> items = unversionedItems(acted, workspace.selectedChange());
-    if (items.isEmpty())
-        workspace.showAlert(u"Add Failed"_s, u"Only unversioned paths can be added."_s);
-    else
-        co_await addToSubversion(*project, items);
+    co_await addToSubversion(*project, acted);
 }
 
 /// A folder that is a row holds nothing that is one: Git would add what the rules hide.
 QCoro::Task<> WorkingCopyActions::addToGit(Project project, QList<WorkingCopyItem> items) {
+    const GitRowFacts facts = workspace.gitFacts;
     QList<WorkingCopyItem> files;
     {
         const BusyScope looking(workspace.busy, u"Add"_s);
@@ -52,25 +69,29 @@ QCoro::Task<> WorkingCopyActions::addToGit(Project project, QList<WorkingCopyIte
         workspace.showAlert(u"Add Failed"_s, onlyFoldersText());
         co_return;
     }
-    const std::optional<QStringList> paths = requiredPaths(WorkingCopyAction::add, project, files);
-    if (paths)
-        co_await run(WorkingCopyAction::add, project, Texts(), *paths);
+    const QStringList paths = pathsFor(WorkingCopyAction::add, project.kind, files, facts);
+    co_await run(WorkingCopyAction::add, project, Texts(), paths);
 }
 
 QCoro::Task<> WorkingCopyActions::addToSubversion(Project project, QList<WorkingCopyItem> items) {
-    Texts entered;
+    SvnAdditions additions;
     {
         const BusyScope looking(workspace.busy, u"Add"_s);
-        const auto find = [items, root = project.path] {
-            return foldersAmong(items, root);
+        const auto look = [items, selected = workspace.selectedChange(), root = project.path] {
+            return svnAdditions(items, selected, root);
         };
-        // The row of a folder stands for the folder alone: svn would add what the rules hide in it, or what is
-        // versioned elsewhere.
-        const QStringList folders = co_await QtConcurrent::run(&workspace.workers, find);
-        if (!folders.isEmpty())
-            entered.insert(u"depth"_s, u"empty"_s);
+        additions = co_await QtConcurrent::run(&workspace.workers, look);
     }
-    const QStringList paths = pathsFor(WorkingCopyAction::add, project.kind, items, workspace.gitFacts);
+    if (additions.items.isEmpty()) {
+        workspace.showAlert(u"Add Failed"_s, u"Only unversioned paths can be added."_s);
+        co_return;
+    }
+    // The row of a folder stands for the folder alone: svn would add what the rules hide in it, or what is versioned
+    // elsewhere.
+    Texts entered;
+    if (additions.holdFolders)
+        entered.insert(u"depth"_s, u"empty"_s);
+    const QStringList paths = pathsFor(WorkingCopyAction::add, project.kind, additions.items, GitRowFacts());
     co_await run(WorkingCopyAction::add, project, entered, paths);
 }
 

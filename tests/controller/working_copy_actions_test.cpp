@@ -110,6 +110,10 @@ TEST_F(RealActions, AddNothingThatHasNoRow) {
     tick({u"d"_s});
     f.app.selectedChangeID = u"d"_s;
     EXPECT_EQ(after(actions.addSelectedPaths()), u"Add Failed: Only unversioned paths can be added."_list);
+    repository.svn(u"delete|-q|--keep-local|a.c"_list);
+    reload();
+    tick({u"a.c"_s, u"d"_s});
+    EXPECT_TRUE(after(actions.addSelectedPaths()).contains(u"*R a.c"_s)) << "what is deleted, but on disk";
 }
 
 TEST_F(RealActions, HandLongListsOverByFile) {
