@@ -138,7 +138,7 @@ QList<WorkingCopyItem> itemsToResolve(const QList<WorkingCopyItem> &acted,
 }
 
 QString onlyFoldersText() {
-    return u"Git keeps only files, and what is ticked are folders without any that are listed."_s;
+    return u"Git keeps only files, and these folders have none that are listed."_s;
 }
 
 QList<WorkingCopyItem> unversionedItems(const QList<WorkingCopyItem> &acted,

@@ -194,8 +194,7 @@ TEST(Commit, OfGitFollowsTheIndexWhereTheDiskSaysOtherwise) {
     const QString withAll =
         u"Commit Failed: s.env is deleted in Git, but on disk. Git commits this only with everything "
         "that is staged. Tick every changed path, then commit again."_s;
-    const QString onlyFiles = u"Commit Failed: Git keeps only files, and what is ticked are folders without any "
-                              "that are listed."_s;
+    const QString onlyFiles = u"Commit Failed: Git keeps only files, and these folders have none that are listed."_s;
     using Change = void (*)(GitFixture &);
     const auto makeFolders = [](GitFixture &git) {
         git.writeAll({{u".kestorignore"_s, "*.o\n"}, {u"new/k"_s}, {u"new/obj/x.o"_s}});
