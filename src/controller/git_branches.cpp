@@ -47,7 +47,7 @@ QCoro::Task<> GitBranches::switchGitBranch(SwitchTarget target, Project project,
         throw SVNClientError::launchFailed(obstacle);
     const SwitchPlan plan = switchPlan(target, branches, project.path);
     QString emptyTree;
-    {
+    if (!currentGitBranchName(branches)) {
         const BusyScope looking(workspace.busy, u"Switch Branch"_s, BusyKind::interruptible);
         emptyTree = co_await emptyTreeBeforeFirstCommit(workspace.tools.git, project.path);
     }
