@@ -12,8 +12,6 @@
 #include <QCoroFuture>
 #include <QtConcurrent>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace kestor {

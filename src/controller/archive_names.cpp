@@ -5,8 +5,6 @@
 #include <QFileInfo>
 #include <QTextBoundaryFinder>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace kestor {

@@ -3,8 +3,6 @@
 #include <QRegularExpression>
 #include <QUrl>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace kestor {

@@ -11,8 +11,6 @@
 
 #include <QFileInfo>
 
-#include <optional>
-
 using namespace Qt::StringLiterals;
 
 namespace kestor {

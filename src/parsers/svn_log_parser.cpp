@@ -5,7 +5,6 @@
 #include "parsers/svn_xml_reader.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace kestor {
 
