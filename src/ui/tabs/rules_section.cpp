@@ -9,6 +9,7 @@
 #include "ui/tabs/rule_table.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QPainter>
 #include <QPushButton>
 
@@ -70,13 +71,23 @@ void RulesSection::addButtons() {
 }
 
 /// The heading is never cut for the texts of the buttons.
-void RulesSection::resizeEvent(QResizeEvent *event) {
-    DetailSection::resizeEvent(event);
+void RulesSection::fitButtons() {
     const bool hasRoom = width() >= scaledWidth(roomForTexts, font());
     for (QPushButton *button : {add, remove}) {
         button->setText(hasRoom ? button->accessibleName() : QString());
         giveRoom(*button);
     }
+}
+
+void RulesSection::resizeEvent(QResizeEvent *event) {
+    DetailSection::resizeEvent(event);
+    fitButtons();
+}
+
+void RulesSection::changeEvent(QEvent *event) {
+    DetailSection::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitButtons();
 }
 
 void RulesSection::connectTable() {

@@ -22,9 +22,11 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void addButtons();
+    void fitButtons();
     void connectTable();
     void showCurrent();
 

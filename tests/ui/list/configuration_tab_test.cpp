@@ -89,6 +89,16 @@ TEST(ConfigurationTab, ARuleIsAddedTypedAndRemovedByKeyboard) {
     EXPECT_TRUE(shown.savedRules().isEmpty());
 }
 
+TEST(ConfigurationTab, TheRuleButtonsHaveTextsAsTheFontAllows) {
+    ShownConfiguration shown;
+    const auto &add = shown.named<QPushButton>(u"Add Rule"_s);
+    EXPECT_EQ(add.text(), u"Add Rule"_s);
+    QFont large = shown.tab.font();
+    large.setPixelSize(60);
+    shown.tab.setFont(large);
+    EXPECT_EQ(add.text(), QString());
+}
+
 TEST(ConfigurationTab, CellsAreTypedInPlace) {
     const Rows<int, QString, Qt::Key, QString> rows{
         {"Return keeps", 0, u"hh"_s, Qt::Key_Return, u"hh|C Header|#555555|None"_s},
