@@ -132,7 +132,7 @@ void FilteredList::updateCounts() {
     filterField->setCounts(rows.rowCount(), rows.recordCount());
     placeholder->setVisible(rows.rowCount() == 0);
     const QString nothing =
-        shownExtent == ListExtent::part ? tr("Nothing so far contains “%1”.") : tr("Nothing contains “%1”.");
+        shownExtent == ListExtent::part ? tr("Nothing so far contains \"%1\".") : tr("Nothing contains \"%1\".");
     placeholder->setText(rows.recordCount() == 0
                              ? emptyText
                              : PlaceholderText{tr("No Matches"), nothing.arg(filterField->text()), tr("Clear Filter")});
