@@ -76,6 +76,7 @@ const Row rows[] = {
     {"delete", deleteMissing, "Delete Failed", writing},
     {"move", [](Session &s) { return s.app.actions.moveItem(); }, "Move Failed", writing, svn},
     {"update", [](Session &s) { return s.app.actions.updateWorkingCopy(); }, "Update Failed", writing, svn},
+    {"pull", [](Session &s) { return s.app.actions.updateWorkingCopy(); }, "Pull Failed", writing, git},
     {"clean up", [](Session &s) { return s.app.actions.cleanUp(); }, "Cleanup Failed", writing, svn},
     {"set property", [](Session &s) { return s.app.actions.setProperty(); }, "Set Property Failed", writing, svn},
     {"typed command", [](Session &s) { return s.app.svnProgram.runCustomSVNCommand(); }, "svn propset Failed", writing,
