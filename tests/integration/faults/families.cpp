@@ -1,5 +1,7 @@
 #include "families.h"
 
+#include "support/lists.h"
+
 #include <QFile>
 
 using namespace Qt::StringLiterals;
@@ -22,7 +24,16 @@ struct Row {
     const char *alert = "";
     unsigned needs = 0;
     unsigned kinds = both;
+    const char *preparation = "";
+    bool (*isShown)(const AppState &state) = nullptr;
 };
+
+// Preparations of the working copy.
+
+constexpr auto conflict = "svn update -q -r 2 long.txt; echo mine >> long.txt\n"
+                          "svn update -q --accept postpone long.txt";
+
+constexpr auto olderPatch = "svn diff -r 3:2 long.txt > ../outside/older.patch";
 
 const auto deleteMissing = [](Session &s) {
     s.app.setCommitSelection(MarkedPaths::all(s.app.changes), false);
@@ -33,6 +44,38 @@ const auto deleteMissing = [](Session &s) {
 const auto rollBack = [](Session &s) {
     QFile(s.project.path + u"/gone.txt"_s).open(QIODevice::WriteOnly); // svn merges into nothing that is missing
     return s.app.rollbackSelectedRevision();
+};
+
+const auto incomingDiff = [](Session &s) {
+    s.app.incomingEntries = s.app.logEntries.value();
+    s.app.selectedIncomingRevision = s.app.selectedRevision.value();
+    return s.app.incoming.selectedIncomingRevisionChanged();
+};
+
+const auto resolve = [](Session &s) {
+    s.app.selectedChangeID = u"long.txt"_s;
+    return s.app.actions.resolveSelectedPaths(ResolveChoice::theirsFull);
+};
+
+const auto applyPatch = [](Session &s) {
+    s.user.chosenFile = s.project.path + u"/../outside/older.patch"_s;
+    return s.app.actions.applyPatch();
+};
+
+const auto merge = [](Session &s) {
+    s.user.promptAnswer = u"source=.|range=3:2"_answer;
+    return s.app.actions.merge();
+};
+
+const auto switchURL = [](Session &s) {
+    s.user.promptAnswer = u"url=^/branches/b"_answer;
+    return s.app.switchURLOrBranch();
+};
+
+const auto addProject = [](Session &s) {
+    s.app.projects = QList<Project>();
+    s.user.chosenDirectory = s.project.path;
+    return s.app.addExistingWorkingCopy();
 };
 
 const auto exportTrunk = [](Session &s) {
@@ -61,11 +104,21 @@ const Row rows[] = {
     {"refresh", [](Session &s) { return s.app.refreshAll(); }, "Status Failed", reading},
     {"selected project", [](Session &s) { return s.app.projectSelectionChanged(); }, "Status Failed", reading},
     {"info", [](Session &s) { return s.app.showRepositoryInfo(); }, "Info Failed", reading},
-    {"diff", [](Session &s) { return s.app.selectedChangeChanged(); }, "", 0},
-    {"history", [](Session &s) { return s.app.loadHistory(); }, "History Failed", reading},
-    {"history diff", [](Session &s) { return s.app.selectedHistoryRevisionChanged(); }, "", 0},
-    {"archives", [](Session &s) { return s.app.loadArchives(); }, "Archives Failed", reading},
-    {"incoming", [](Session &s) { return s.app.incoming.loadIncoming(); }, "Incoming Failed", reading, svn},
+    {"diff", [](Session &s) { return s.app.selectedChangeChanged(); }, "", 0, both, "",
+     [](const AppState &app) {
+         return app.diffPath.value() && !app.diffText.value().isEmpty();
+     }},
+    {"history", [](Session &s) { return s.app.refreshHistory(); }, "History Failed", reading},
+    {"history diff", [](Session &s) { return s.app.selectedHistoryRevisionChanged(); }, "", 0, both, "",
+     [](const AppState &app) {
+         return app.historyDiffID.value() && !app.historyDiffText.value().isEmpty();
+     }},
+    {"archives", [](Session &s) { return s.app.refreshArchives(); }, "Archives Failed", reading},
+    {"incoming", [](Session &s) { return s.app.incoming.refreshIncoming(); }, "Incoming Failed", reading, svn},
+    {"incoming diff", incomingDiff, "", 0, svn, "",
+     [](const AppState &app) {
+         return app.incomingDiffRevision.value() && !app.incomingDiffText.value().isEmpty();
+     }},
     {"language shares", showConfiguration},
     {"commit", [](Session &s) { return s.app.commitSelected(); }, "Commit Failed", writing},
     {"revert", [](Session &s) { return s.app.revertAllPaths(); }, "Revert Failed", writing},
@@ -76,7 +129,10 @@ const Row rows[] = {
     {"delete", deleteMissing, "Delete Failed", writing},
     {"move", [](Session &s) { return s.app.actions.moveItem(); }, "Move Failed", writing, svn},
     {"update", [](Session &s) { return s.app.actions.updateWorkingCopy(); }, "Update Failed", writing, svn},
-    {"pull", [](Session &s) { return s.app.actions.updateWorkingCopy(); }, "Pull Failed", writing, git},
+    {"switch URL", switchURL, "Switch Failed", writing, svn, "svn copy -q -m b ^/trunk@3 ^/branches/b"},
+    {"merge", merge, "Merge Failed", writing, svn, "svn revert -q gone.txt"},
+    {"resolve", resolve, "Resolve Failed", writing, svn, conflict},
+    {"apply patch", applyPatch, "Patch Failed", writing, svn, olderPatch},
     {"clean up", [](Session &s) { return s.app.actions.cleanUp(); }, "Cleanup Failed", writing, svn},
     {"set property", [](Session &s) { return s.app.actions.setProperty(); }, "Set Property Failed", writing, svn},
     {"typed command", [](Session &s) { return s.app.svnProgram.runCustomSVNCommand(); }, "svn propset Failed", writing,
@@ -88,6 +144,7 @@ const Row rows[] = {
     {"pull file", [](Session &s) { return s.app.pullFileAtRevision(); }, "Pull File Failed", writing},
     {"export file", [](Session &s) { return s.app.exportFileAtRevision(); }, "Export File Failed", reading | disk},
     {"archive", [](Session &s) { return s.app.createArchiveZip(); }, "Create Archive Zip Failed", reading | disk},
+    {"add project", addProject, "(Could Not Add Project|Preferences Not Saved)", reading | preferences},
     {"create repository", [](Session &s) { return s.app.setup.createSVNRepository(); },
      "(Create SVN Repository Failed|Preferences Not Saved)", elsewhere, svn},
     {"check out", [](Session &s) { return s.app.setup.checkoutRepository(); },
@@ -110,7 +167,7 @@ QList<Family> allFamilies() {
         for (const RepositoryKind kind : {RepositoryKind::svn, RepositoryKind::git}) {
             if ((row.kinds & (kind == RepositoryKind::svn ? svn : git)) != 0)
                 families.append({QString::fromLatin1(row.name) + u' ' + rawValue(kind).toString(), kind,
-                                 QString::fromLatin1(row.alert), row.needs, row.start});
+                                 QString::fromLatin1(row.alert), row.needs, row.start, row.preparation, row.isShown});
         }
     }
     return families;

@@ -54,7 +54,7 @@ protected:
     void expectNothingLost(const Fault &fault, const Outcome &now);
 
     const Family family = GetParam();
-    World world{family.kind};
+    World world{family.kind, family.preparation};
     std::optional<Session> loaded{};
     QStringList rowsBefore{};
     QMap<QString, QByteArray> filesBefore{};
@@ -77,6 +77,7 @@ Outcome FaultMatrix::outcomeWith(const Fault &fault, std::optional<int> failingR
     });
     awaited(family.start(session));
     EXPECT_EQ(session.app.busyMessage.value(), std::nullopt);
+    EXPECT_TRUE(family.isShown == nullptr || family.isShown(session.app));
     outcome.toolRuns = world.toolRuns();
     if (session.app.changesLoaded && session.app.selectedProjectID.value() == session.project.id)
         outcome.shown = withAsciiNames(session.rows());
@@ -98,7 +99,8 @@ void FaultMatrix::expectClearAlerts(const Fault &fault, std::optional<int> faili
     const bool mayFail = failingRun || fault.breaks == laterRuns;
     const qsizetype expected = mayFail ? std::min(alerts.size(), qsizetype(1)) : (fault.breaks & family.needs) != 0;
     EXPECT_EQ(alerts.size(), expected);
-    const QRegularExpression clear(u"^"_s + (mayFail ? u".+ Failed"_s : family.alert) + u": .*\\w{3}"_s,
+    const QRegularExpression clear(u"^"_s + (mayFail ? u"(.+ Failed|"_s + family.alert + u')' : family.alert) +
+                                       u": .*\\w{3}"_s,
                                    QRegularExpression::UseUnicodePropertiesOption);
     for (const QString &alert : alerts)
         EXPECT_TRUE(clear.match(alert).hasMatch()) << alert.left(500).toStdString();

@@ -51,13 +51,14 @@ constexpr const char *longText = "a line that is longer than what a full disk st
 
 } // namespace
 
-World::World(RepositoryKind repositoryKind)
+World::World(RepositoryKind repositoryKind, const char *preparation)
     : svn(repositoryKind == RepositoryKind::svn ? std::make_unique<SvnFixture>() : nullptr),
       git(svn ? nullptr : std::make_unique<GitFixture>()), kind(repositoryKind), live(svn ? svn->tree : git->tree) {
     fill();
     qputenv("HOME", QFile::encodeName(path(u"home"_s)));
     qputenv("XDG_DATA_HOME", QFile::encodeName(path(u"home/data"_s)));
     qputenv("TMPDIR", QFile::encodeName(path(u"tmp"_s)));
+    runTool(u"sh"_s, {u"-ec"_s, QString::fromLatin1(preparation)}, path(u"wc"_s));
     rows(); // makes svn's own folder in the home
     copyContents(live.path(), original.path());
     repairTools();

@@ -18,7 +18,8 @@ class World {
     std::unique_ptr<GitFixture> git;
 
 public:
-    explicit World(RepositoryKind repositoryKind);
+    /// `preparation` is a shell script that changes the working copy, in which it runs, before it is kept as it is.
+    explicit World(RepositoryKind repositoryKind, const char *preparation = "");
     ~World();
     Q_DISABLE_COPY_MOVE(World)
 
