@@ -23,6 +23,24 @@ QString rollbackQuestion(RepositoryKind kind, const QString &revision) {
     return what + u" into the working copy? Review the resulting changes before committing."_s;
 }
 
+QCoro::Task<> rollBack(Workspace *shared, Project project, QString title, QString revision) {
+    QString question = rollbackQuestion(project.kind, revision);
+    if (project.kind == RepositoryKind::git) {
+        // What the commit deleted comes back.
+        const QString range = revision + u".."_s + revision + u'^';
+        const qsizetype overwritten = co_await overwrittenIgnoredPaths(shared, project, title, range);
+        if (overwritten > 0)
+            question += u' ' + overwritingText(overwritten);
+    }
+    if (shared->closing)
+        co_return;
+    const bool confirmed = co_await shared->user.confirm(title, question);
+    if (!confirmed)
+        co_return;
+    const QStringList arguments = rollbackArguments(project.kind, revision);
+    co_await shared->runAskedCommand(project, u"Rollback"_s, arguments, RefreshAfter::yes);
+}
+
 } // namespace
 
 QCoro::Task<> AppState::rollbackSelectedRevision() {
@@ -39,21 +57,7 @@ QCoro::Task<> AppState::rollbackSelectedRevision() {
         co_return;
     }
     const QString title = isGit ? u"Rollback Commit"_s : u"Rollback Revision"_s;
-    QString question = rollbackQuestion(project->kind, revision);
-    if (isGit) {
-        // What the commit deleted comes back.
-        const QString range = revision + u".."_s + revision + u'^';
-        const qsizetype overwritten = co_await overwrittenIgnoredPaths(this, *project, title, range);
-        if (overwritten > 0)
-            question += u' ' + overwritingText(overwritten);
-    }
-    if (closing)
-        co_return;
-    const bool confirmed = co_await user.confirm(title, question);
-    if (!confirmed)
-        co_return;
-    const QStringList arguments = rollbackArguments(project->kind, revision);
-    co_await runAskedCommand(*project, u"Rollback"_s, arguments, RefreshAfter::yes);
+    co_await reporting(u"Rollback Failed"_s, rollBack(this, *project, title, revision));
 }
 
 QCoro::Task<> AppState::showDiffAgainstRevision() {

@@ -90,6 +90,12 @@ QCoro::Task<QStringList> printedOccupiedPaths(std::shared_ptr<Tool> git, QString
     co_return co_await QtConcurrent::run(workers, look);
 }
 
+/// Whether Git refused what it was asked, rather than failed at it.
+bool isRefusal(const SVNClientError &error) {
+    constexpr qint32 refused = 128;
+    return error.failedResult() != nullptr && error.failedResult()->status == refused;
+}
+
 /// How many of the occupied paths are ignored. Throws SVNClientError.
 QCoro::Task<qsizetype> countedIgnored(std::shared_ptr<Tool> git, QString directory, QStringList occupied,
                                       QThreadPool *workers) {
@@ -110,13 +116,15 @@ QCoro::Task<qsizetype> overwrittenIgnoredPaths(Workspace *shared, Project projec
     const BusyScope looking(shared->busy, title, BusyKind::interruptible);
     const std::shared_ptr<Tool> git = shared->tools.git;
     const QStringList newFiles = newFilesArguments(args(range, u"--"));
+    QStringList occupied;
     try {
-        const QStringList occupied = co_await printedOccupiedPaths(git, project.path, newFiles, &shared->workers);
-        co_return co_await countedIgnored(git, project.path, occupied, &shared->workers);
-    } catch (const SVNClientError &) {
-        // There is no such branch, or no Git: the command itself tells.
+        occupied = co_await printedOccupiedPaths(git, project.path, newFiles, &shared->workers);
+    } catch (const SVNClientError &error) {
+        if (!isRefusal(error))
+            throw;
+        // There is no such branch: the command itself tells.
     }
-    co_return 0;
+    co_return co_await countedIgnored(git, project.path, occupied, &shared->workers);
 }
 
 QString overwritingText(qsizetype count) {

@@ -9,14 +9,16 @@ namespace kestor {
 
 // What Git overwrites without a word when it checks files out. `shared` must outlive the tasks.
 
-/// How many ignored paths a checkout across `range`, such as "HEAD..other", overwrites. 0 as well when Git cannot tell;
-/// the checkout then fails and says why. Busy under `title` meanwhile.
+/// How many ignored paths a checkout across `range`, such as "HEAD..other", overwrites. 0 as well when Git knows no
+/// such range; the checkout then fails and says why. Throws SVNClientError: who does not know what would be lost must
+/// not check out. Busy under `title` meanwhile.
 QCoro::Task<qsizetype> overwrittenIgnoredPaths(Workspace *shared, Project project, QString title, QString range);
 
 /// What the user has to know of `count` such paths.
 QString overwritingText(qsizetype count);
 
 /// Whether Git may check out across `range`: the user is asked under `title` when ignored files would be overwritten.
+/// Throws as overwrittenIgnoredPaths() does.
 QCoro::Task<bool> agreesToOverwrite(Workspace *shared, Project project, QString title, QString range);
 
 /// Whether a checkout of `target` as of `revision` overwrites what no commit has, or may do so for all that Git says.

@@ -35,6 +35,13 @@ constexpr auto conflict = "svn update -q -r 2 long.txt; echo mine >> long.txt\n"
 
 constexpr auto olderPatch = "svn diff -r 3:2 long.txt > ../outside/older.patch";
 
+/// What "other" and the repository that is pulled from have is ignored here.
+constexpr auto ignoredHere = "echo theirs > ours.keep; git add -f ours.keep; git commit -q -m fourth\n"
+                             "git branch -f other; git push -q ../repo.git main; git reset -q HEAD~\n"
+                             "echo mine > ours.keep; echo '*.keep' > .git/info/exclude\n"
+                             "git remote add origin ../repo.git; git config branch.main.remote origin\n"
+                             "git config branch.main.merge refs/heads/main";
+
 const auto deleteMissing = [](Session &s) {
     s.app.setCommitSelection(MarkedPaths::all(s.app.changes), false);
     s.app.selectedChangeID = u"gone.txt"_s;
@@ -129,6 +136,7 @@ const Row rows[] = {
     {"delete", deleteMissing, "Delete Failed", writing},
     {"move", [](Session &s) { return s.app.actions.moveItem(); }, "Move Failed", writing, svn},
     {"update", [](Session &s) { return s.app.actions.updateWorkingCopy(); }, "Update Failed", writing, svn},
+    {"pull", [](Session &s) { return s.app.actions.updateWorkingCopy(); }, "Pull Failed", writing, git, ignoredHere},
     {"switch URL", switchURL, "Switch Failed", writing, svn, "svn copy -q -m b ^/trunk@3 ^/branches/b"},
     {"merge", merge, "Merge Failed", writing, svn, "svn revert -q gone.txt"},
     {"resolve", resolve, "Resolve Failed", writing, svn, conflict},
@@ -137,7 +145,8 @@ const Row rows[] = {
     {"set property", [](Session &s) { return s.app.actions.setProperty(); }, "Set Property Failed", writing, svn},
     {"typed command", [](Session &s) { return s.app.svnProgram.runCustomSVNCommand(); }, "svn propset Failed", writing,
      svn},
-    {"switch branch", [](Session &s) { return s.app.switchURLOrBranch(); }, "Switch Branch Failed", writing, git},
+    {"switch branch", [](Session &s) { return s.app.switchURLOrBranch(); }, "Switch Branch Failed", writing, git,
+     ignoredHere},
     {"blame", [](Session &s) { return s.app.actions.showBlame(); }, "Blame Failed", reading, git},
     {"blame", [](Session &s) { return s.app.actions.showBlame(); }, "Blame Failed", reading | disk, svn},
     {"roll back", rollBack, "Rollback Failed", writing},

@@ -88,11 +88,7 @@ void World::fill() {
         svn->svn(u"mkdir|-m|fourth"_list + QStringList(url() + u"/incoming"_s));
         svn->svn(u"propset|note|x|folder"_list);
     } else {
-        commit(u"fourth"_s, {{u"wc/coming.txt"_s, longText}});
         git->git(u"clone|-q|--bare|.|../repo.git"_list);
-        git->git(u"reset|-q|--hard|HEAD~1"_list);
-        git->git(u"remote|add|-f|origin|../repo.git"_list);
-        git->git(u"branch|-q|-u|origin/main"_list);
     }
     live.writeAll({{u"wc/kept.txt"_s, "mine\n"},
                    {u"wc/caf\u00e9.txt"_s, "my caf\303\251\n"},
