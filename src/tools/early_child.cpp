@@ -57,9 +57,11 @@ QByteArray MemoryFile::contents() const {
     while (size < read.size()) {
         const ssize_t piece =
             ::pread(descriptor, read.data() + size, static_cast<size_t>(read.size() - size), static_cast<off_t>(size));
-        if (piece <= 0 && errno != EINTR)
+        if (piece < 0 && errno == EINTR)
+            continue;
+        if (piece <= 0)
             break;
-        size += std::max<ssize_t>(piece, 0);
+        size += piece;
     }
     read.truncate(size);
     return read;
@@ -101,6 +103,8 @@ public:
 
 /// The id of the process, 0 when it could not be started.
 pid_t spawned(const ChildCommand &command, const MemoryFile &output, const MemoryFile &errors) {
+    if (!output.isOpen() || !errors.isOpen())
+        return 0;
     SpawnPlan plan;
     posix_spawnattr_setflags(&plan.attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF);
     sigset_t reset;
