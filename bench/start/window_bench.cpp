@@ -49,7 +49,8 @@ double bareRun(RepositoryKind kind, const QStringList &arguments, const QString 
 class OpenWindow {
 public:
     explicit OpenWindow(const SampleProject &project)
-        : settings(project.configHome + u"/KestorSVN/KestorSVN.conf"_s, QSettings::IniFormat), program(settings, systemTools(settings)) {
+        : settings(project.configHome + u"/KestorSVN/KestorSVN.conf"_s, QSettings::IniFormat),
+          program(settings, systemTools(settings)) {
         waking.start(100);
         program.start();
         rest();

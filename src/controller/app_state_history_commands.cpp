@@ -28,8 +28,8 @@ QCoro::Task<> rollBack(Workspace *shared, Project project, QString title, QStrin
     if (project.kind == RepositoryKind::git) {
         // What the commit deleted comes back.
         const QString range = revision + u".."_s + revision + u'^';
-        const qsizetype overwritten = co_await overwrittenIgnoredPaths(shared, project, title, range);
-        if (overwritten > 0)
+        const QStringList overwritten = co_await overwrittenIgnoredPaths(shared, project, title, range);
+        if (!overwritten.isEmpty())
             question += u' ' + overwritingText(overwritten);
     }
     if (shared->closing)

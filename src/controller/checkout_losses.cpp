@@ -1,5 +1,6 @@
 #include "controller/checkout_losses.h"
 
+#include "controller/named_paths.h"
 #include "controller/path_command.h"
 #include "parsers/git_parsers.h"
 #include "rules/working_copy_paths.h"
@@ -12,6 +13,7 @@
 #include <QtConcurrent>
 
 #include <algorithm>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -62,8 +64,8 @@ QStringList ignoredPathsArguments(const QStringList &paths) {
     return plainArguments(RepositoryKind::git, command);
 }
 
-/// How many of the occupied paths are or hold something ignored. Workers.
-qsizetype ignoredAmong(const QStringList &occupied, const QByteArray &ignored) {
+/// The occupied paths that are or hold something ignored. Workers.
+QStringList ignoredAmong(const QStringList &occupied, const QByteArray &ignored) {
     QSet<QString> ignoredPaths; // files, and repositories of their own as one path
     QSet<QString> holding;
     for (const QString &name : GitParsers::namesEndedByNul(ignored)) {
@@ -72,11 +74,13 @@ qsizetype ignoredAmong(const QStringList &occupied, const QByteArray &ignored) {
         for (const QString &folder : foldersAbove(path))
             holding.insert(folder);
     }
-    return std::ranges::count_if(occupied, [&](const QString &path) {
+    QStringList among;
+    std::ranges::copy_if(occupied, std::back_inserter(among), [&](const QString &path) {
         const QStringList above = foldersAbove(path);
         return ignoredPaths.contains(path) || holding.contains(path) ||
                std::ranges::any_of(above, [&](const QString &folder) { return ignoredPaths.contains(folder); });
     });
+    return among;
 }
 
 /// What stands where the files come that such a vector lists. Throws SVNClientError.
@@ -96,23 +100,23 @@ bool isRefusal(const SVNClientError &error) {
     return error.failedResult() != nullptr && error.failedResult()->status == refused;
 }
 
-/// How many of the occupied paths are ignored. Throws SVNClientError.
-QCoro::Task<qsizetype> countedIgnored(std::shared_ptr<Tool> git, QString directory, QStringList occupied,
-                                      QThreadPool *workers) {
+/// Those of the occupied paths that are ignored. Throws SVNClientError.
+QCoro::Task<QStringList> ignoredOf(std::shared_ptr<Tool> git, QString directory, QStringList occupied,
+                                   QThreadPool *workers) {
     if (occupied.isEmpty())
-        co_return 0;
+        co_return QStringList();
     const QStringList ignoredPaths = ignoredPathsArguments(occupied);
     const SVNCommandResult ignored =
         co_await git->run(ignoredPaths, directory, CheckStatus::yes, RunPurpose::backgroundRead);
-    const auto count = [occupied, printed = ignored.stdoutData] {
+    const auto filter = [occupied, printed = ignored.stdoutData] {
         return ignoredAmong(occupied, printed);
     };
-    co_return co_await QtConcurrent::run(workers, count);
+    co_return co_await QtConcurrent::run(workers, filter);
 }
 
 } // namespace
 
-QCoro::Task<qsizetype> overwrittenIgnoredPaths(Workspace *shared, Project project, QString title, QString range) {
+QCoro::Task<QStringList> overwrittenIgnoredPaths(Workspace *shared, Project project, QString title, QString range) {
     const BusyScope looking(shared->busy, title, BusyKind::interruptible);
     const std::shared_ptr<Tool> git = shared->tools.git;
     const QStringList newFiles = newFilesArguments(args(range, u"--"));
@@ -124,18 +128,19 @@ QCoro::Task<qsizetype> overwrittenIgnoredPaths(Workspace *shared, Project projec
             throw;
         // There is no such branch: the command itself tells.
     }
-    co_return co_await countedIgnored(git, project.path, occupied, &shared->workers);
+    co_return co_await ignoredOf(git, project.path, occupied, &shared->workers);
 }
 
-QString overwritingText(qsizetype count) {
-    return u"%1 ignored path(s) on disk will be overwritten."_s.arg(count);
+QString overwritingText(const QStringList &paths) {
+    return u"%1 ignored path(s) on disk will be overwritten: %2"_s.arg(QString::number(paths.size()),
+                                                                       namedPaths(paths));
 }
 
 QCoro::Task<bool> agreesToOverwrite(Workspace *shared, Project project, QString title, QString range) {
-    const qsizetype overwritten = co_await overwrittenIgnoredPaths(shared, project, title, range);
+    const QStringList overwritten = co_await overwrittenIgnoredPaths(shared, project, title, range);
     if (shared->closing)
         co_return false;
-    if (overwritten == 0)
+    if (overwritten.isEmpty())
         co_return true;
     co_return co_await shared->user.confirm(title, overwritingText(overwritten));
 }

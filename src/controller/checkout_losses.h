@@ -12,10 +12,10 @@ namespace kestor {
 /// How many ignored paths a checkout across `range`, such as "HEAD..other", overwrites. 0 as well when Git knows no
 /// such range; the checkout then fails and says why. Throws SVNClientError: who does not know what would be lost must
 /// not check out. Busy under `title` meanwhile.
-QCoro::Task<qsizetype> overwrittenIgnoredPaths(Workspace *shared, Project project, QString title, QString range);
+QCoro::Task<QStringList> overwrittenIgnoredPaths(Workspace *shared, Project project, QString title, QString range);
 
-/// What the user has to know of `count` such paths.
-QString overwritingText(qsizetype count);
+/// What the user has to know of such paths.
+QString overwritingText(const QStringList &paths);
 
 /// Whether Git may check out across `range`: the user is asked under `title` when ignored files would be overwritten.
 /// Throws as overwrittenIgnoredPaths() does.

@@ -1,5 +1,6 @@
 #include "controller/deletion_losses.h"
 
+#include "controller/named_paths.h"
 #include "controller/path_command.h"
 #include "controller/tool_text.h"
 #include "parsers/svn_xml_parsers.h"
@@ -20,8 +21,8 @@ QString deletionQuestion(qsizetype count, const DeletionLosses &losses) {
     if (losses.inConflict > 0)
         question += u" %1 path(s) in conflict will lose what was resolved in them so far."_s.arg(losses.inConflict);
     if (!losses.ignored.isEmpty())
-        question +=
-            u" %1 ignored path(s) in these folders will be deleted from disk, too."_s.arg(losses.ignored.size());
+        question += u" %1 ignored path(s) in these folders will be deleted from disk, too: %2"_s.arg(
+            QString::number(losses.ignored.size()), namedPaths(losses.ignored));
     return question;
 }
 

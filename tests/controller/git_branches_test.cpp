@@ -145,7 +145,8 @@ TEST_F(ClonedBranches, AskBeforeTheyOverwriteIgnoredFiles) {
         origin.tree.write(u"clone/"_s + file, "mine\n");
         f.user.asked.clear();
         awaited(operation(f.app));
-        const QString question = u"confirm "_s + title + u": 1 ignored path(s) on disk will be overwritten."_s;
+        const QString question = u"confirm "_s + title + u": 1 ignored path(s) on disk will be overwritten: "_s +
+                                 QString(file).remove(u"/x"_s);
         EXPECT_EQ(f.user.asked.filter(u"confirm"_s), title.isEmpty() ? QStringList() : QStringList(question));
         EXPECT_EQ(origin.tree.read(u"clone/"_s + file), "mine\n");
         QFile::remove(path() + u'/' + file);

@@ -117,7 +117,7 @@ TEST(HistoryCommands, RollingBackADeletionTellsInItsQuestionWhatIsOverwritten) {
     f.user.confirms = false;
     awaited(f.app.rollbackSelectedRevision());
     EXPECT_TRUE(f.user.asked.join(u'|').endsWith(
-        u"Review the resulting changes before committing. 1 ignored path(s) on disk will be overwritten."_s));
+        u"Review the resulting changes before committing. 1 ignored path(s) on disk will be overwritten: conf"_s));
     EXPECT_EQ(repository.tree.read(u"wc/conf"_s), "mine\n");
 }
 

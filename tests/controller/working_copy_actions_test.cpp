@@ -223,7 +223,7 @@ TEST_F(RealActions, DeletingAFolderAsksAboutIgnoredFilesInIt) {
     f.user.confirms = false;
     EXPECT_EQ(after(actions.deleteSelectedPaths()), u"*A e"_list);
     EXPECT_EQ(f.user.asked, QStringList{u"confirm Delete: Delete 1 path(s)? 2 ignored path(s) in these folders will be "
-                                        "deleted from disk, too."_s});
+                                        "deleted from disk, too: e/built.o, e/nested.o"_s});
     f.user.confirms = true;
     repository.write(u"e/new.c"_s);
     EXPECT_TRUE(after(actions.deleteSelectedPaths()).first().startsWith(u"Delete Failed: "_s)) << "for a new file";

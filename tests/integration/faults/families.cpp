@@ -48,11 +48,6 @@ const auto deleteMissing = [](Session &s) {
     return s.app.actions.deleteSelectedPaths();
 };
 
-const auto rollBack = [](Session &s) {
-    QFile(s.project.path + u"/gone.txt"_s).open(QIODevice::WriteOnly); // svn merges into nothing that is missing
-    return s.app.rollbackSelectedRevision();
-};
-
 const auto incomingDiff = [](Session &s) {
     s.app.incomingEntries = s.app.logEntries.value();
     s.app.selectedIncomingRevision = s.app.selectedRevision.value();
@@ -149,7 +144,9 @@ const Row rows[] = {
      ignoredHere},
     {"blame", [](Session &s) { return s.app.actions.showBlame(); }, "Blame Failed", reading, git},
     {"blame", [](Session &s) { return s.app.actions.showBlame(); }, "Blame Failed", reading | disk, svn},
-    {"roll back", rollBack, "Rollback Failed", writing},
+    // svn merges into nothing that is missing.
+    {"roll back", [](Session &s) { return s.app.rollbackSelectedRevision(); }, "Rollback Failed", writing, both,
+     ": > gone.txt"},
     {"pull file", [](Session &s) { return s.app.pullFileAtRevision(); }, "Pull File Failed", writing},
     {"export file", [](Session &s) { return s.app.exportFileAtRevision(); }, "Export File Failed", reading | disk},
     {"archive", [](Session &s) { return s.app.createArchiveZip(); }, "Create Archive Zip Failed", reading | disk},
