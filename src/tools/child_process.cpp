@@ -138,12 +138,14 @@ ChildProcesses::ChildProcesses() = default;
 ChildProcesses::~ChildProcesses() = default;
 
 void ChildProcesses::begin(const ChildCommand &command) {
-    if (launchObstacle(command).isEmpty())
-        begun = EarlyChild::start(command);
+    // A folder that a slow network has to bring first shall not hold up the window.
+    begun = std::async(std::launch::async,
+                       [command] { return launchObstacle(command).isEmpty() ? EarlyChild::start(command) : nullptr; });
 }
 
 std::unique_ptr<StartedChild> ChildProcesses::started(const ChildCommand &command) {
-    if (std::unique_ptr<EarlyChild> early = std::move(begun); early && early->isRunOf(command)) {
+    std::unique_ptr<EarlyChild> early = begun.valid() ? begun.get() : nullptr;
+    if (early && early->isRunOf(command)) {
         early->watch();
         return early;
     }

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <future>
 #include <memory>
 
 namespace kestor {
@@ -45,7 +46,7 @@ public:
 private:
     std::unique_ptr<StartedChild> started(const ChildCommand &command);
 
-    std::unique_ptr<EarlyChild> begun; ///< for the first run
+    std::future<std::unique_ptr<EarlyChild>> begun; ///< for the first run
     Running running;
 };
 

@@ -8,7 +8,8 @@
 namespace kestor {
 
 /// A child that already works while this process is on the way to its event loop; what it prints is kept until its end.
-/// One that nobody waits for is killed, so it must be one that only looks. Main thread only.
+/// One that nobody waits for is killed, so it must be one that only looks. Started on any thread, otherwise main thread
+/// only.
 class EarlyChild : public StartedChild {
 public:
     /// Needs no event loop. Nothing where it cannot be started or the system has no such way: the ordinary run, which
