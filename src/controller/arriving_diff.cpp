@@ -16,8 +16,9 @@ constexpr qsizetype worthAWorker = 256 * 1024;
 
 ArrivingDiff::Next ArrivingDiff::add(QByteArrayView printed) {
     const QMutexLocker lock(&adding);
-    added.append(printed);
-    if (isTaken || added.size() < worthAWorker)
+    added.append(printed.toByteArray());
+    addedSize += printed.size();
+    if (isTaken || addedSize < worthAWorker)
         return Next::wait;
     isTaken = true;
     return Next::decode;
@@ -30,9 +31,12 @@ void ArrivingDiff::decodeAdded() {
 }
 
 std::optional<QByteArray> ArrivingDiff::takeAdded() {
-    const QMutexLocker lock(&adding);
+    QMutexLocker lock(&adding);
     isTaken = !added.isEmpty();
-    return isTaken ? std::optional(std::exchange(added, {})) : std::nullopt;
+    addedSize = 0;
+    const QByteArrayList pieces = std::exchange(added, {});
+    lock.unlock();
+    return pieces.isEmpty() ? std::nullopt : std::optional(pieces.join());
 }
 
 void ArrivingDiff::decodeLinesOf(const QByteArray &piece) {

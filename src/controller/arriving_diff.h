@@ -4,6 +4,7 @@
 #include "tools/command_result.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QByteArrayView>
 #include <QMutex>
 #include <QString>
@@ -43,7 +44,8 @@ private:
 
     QString path;
     QMutex adding{};
-    QByteArray added{}; ///< since it was taken last
+    QByteArrayList added{}; ///< since it was taken last; one text would be copied whenever it grows
+    qsizetype addedSize = 0;
     bool isTaken = false;
     QMutex decoding{};
     QByteArray unread{};   ///< the beginning of a line

@@ -9,7 +9,7 @@ namespace kestor {
 
 void ArrivingLog::add(QByteArrayView printed) {
     const QMutexLocker lock(&adding);
-    added.append(printed);
+    added.append(printed.toByteArray());
 }
 
 QList<LogEntry> ArrivingLog::entriesSoFar() {
@@ -34,9 +34,13 @@ QList<LogEntry> ArrivingLog::entriesOf(QByteArrayView output) {
 }
 
 void ArrivingLog::takeAdded() {
-    const QMutexLocker lock(&adding);
-    taken += added.size();
-    unread.append(std::exchange(added, {}));
+    QMutexLocker lock(&adding);
+    const QByteArrayList pieces = std::exchange(added, {});
+    lock.unlock();
+    for (const QByteArray &piece : pieces) {
+        taken += piece.size();
+        unread.append(piece);
+    }
 }
 
 /// How many bytes of what is unread hold entries that have ended.

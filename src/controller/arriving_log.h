@@ -6,6 +6,7 @@
 #include "parsers/svn_xml_parsers.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QByteArrayView>
 #include <QList>
 #include <QMutex>
@@ -34,7 +35,7 @@ private:
 
     RepositoryKind kind;
     QMutex adding{};
-    QByteArray added{}; ///< since it was read last
+    QByteArrayList added{}; ///< since it was read last; one text would be copied whenever it grows
     QMutex reading{};
     QByteArray unread{}; ///< the beginning of an entry
     qsizetype taken = 0; ///< how many of the bytes added left `added`
