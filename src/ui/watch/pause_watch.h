@@ -19,7 +19,7 @@ inline constexpr double buildSlowdown = 10;
 #endif
 
 /// Milliseconds that the main thread may compute in one turn of its event loop: a picture of the screen must not wait.
-inline constexpr double longestTurn = 16 * buildSlowdown;
+inline constexpr double longestTurn = 16;
 
 /// A turn of the event loop that the user may have felt.
 struct Pause {
