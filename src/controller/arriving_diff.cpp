@@ -39,6 +39,11 @@ std::optional<QByteArray> ArrivingDiff::takeAdded() {
     return pieces.isEmpty() ? std::nullopt : std::optional(pieces.join());
 }
 
+void ArrivingDiff::dropAdded() {
+    const QMutexLocker lock(&adding);
+    added.clear();
+}
+
 void ArrivingDiff::decodeLinesOf(const QByteArray &piece) {
     const qsizetype end = piece.lastIndexOf('\n') + 1;
     unread.append(QByteArrayView(piece).first(end));
@@ -57,6 +62,7 @@ void ArrivingDiff::decode(QByteArrayView lines) {
 
 LoadedDiff ArrivingDiff::diff(const SVNCommandResult &result) {
     const QMutexLocker lock(&decoding);
+    dropAdded();
     if (result.stdoutData.size() < decoded) { // the run broke off and has no result
         text.clear();
         notice.reset();

@@ -38,6 +38,8 @@ public:
 private:
     /// Nothing when all has been taken: the next who adds enough is told to decode.
     std::optional<QByteArray> takeAdded();
+    /// A worker that comes too late has nothing to do.
+    void dropAdded();
     // Both hold `decoding`.
     void decodeLinesOf(const QByteArray &piece);
     void decode(QByteArrayView lines);
